@@ -1,0 +1,34 @@
+#include "platform/memory/memory_node.h"
+
+#include <utility>
+
+#include "base/text.h"
+#include "platform/memory/short_name.h"
+
+namespace plimo {
+
+MemoryNode::MemoryNode(Kind kind, std::string_view name, std::string shortName)
+    : kind_(kind), name_(name), shortName_(std::move(shortName)) {}
+
+MemoryNode* MemoryNode::find(std::string_view name) const {
+  const std::string folded = foldCase(name);
+  if (const auto child = children_.find(folded); child != children_.end()) return child->second.get();
+  const auto child = byShortName_.find(folded);
+  return child == byShortName_.end() ? nullptr : child->second;
+}
+
+MemoryNode& MemoryNode::add(Kind kind, std::string_view name) {
+  const auto taken = [this](std::string_view candidate) { return find(candidate) != nullptr; };
+  auto child = std::make_unique<MemoryNode>(kind, name, shortNameFor(name, taken));
+  MemoryNode& added = *child;
+  byShortName_[foldCase(added.shortName_)] = &added;
+  children_[foldCase(name)] = std::move(child);
+  return added;
+}
+
+void MemoryNode::remove(const MemoryNode& child) {
+  byShortName_.erase(foldCase(child.shortName_));
+  children_.erase(foldCase(child.name_));
+}
+
+}  // namespace plimo

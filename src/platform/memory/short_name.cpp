@@ -1,0 +1,73 @@
+#include "platform/memory/short_name.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "base/text.h"
+
+namespace plimo {
+
+namespace {
+
+bool allowed(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte > ' ' && byte != 0x7F && std::string_view(".+,;=[]\"*/:<>?\\|").find(c) == std::string_view::npos;
+}
+
+// A byte that goes on with the letter before it.
+bool continues(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+
+std::size_t letters(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return !continues(c); }));
+}
+
+// At most `count` of the text's allowed letters, upper-cased.
+std::string firstAllowed(std::string_view text, std::size_t count) {
+  std::string picked;
+  std::size_t taken = 0;
+  for (const char c : text) {
+    if (!allowed(c)) continue;
+    if (!continues(c) && ++taken > count) break;
+    picked += c;
+  }
+  return upperAscii(picked);
+}
+
+struct Pieces {
+  std::string_view stem;
+  std::string_view extension;
+  bool dotted = false;
+};
+
+Pieces pieces(std::string_view name) {
+  name.remove_prefix(std::min(name.find_first_not_of('.'), name.size()));
+  const std::size_t dot = name.rfind('.');
+  if (dot == std::string_view::npos) return {name, {}, false};
+  return {name.substr(0, dot), name.substr(dot + 1), true};
+}
+
+}  // namespace
+
+bool fitsShortName(std::string_view name) {
+  if (name.empty() || name.front() == '.') return false;
+  const Pieces parts = pieces(name);
+  const auto fits = [](std::string_view text, std::size_t most) {
+    return !text.empty() && letters(text) <= most && std::all_of(text.begin(), text.end(), allowed);
+  };
+  return fits(parts.stem, 8) && (!parts.dotted || fits(parts.extension, 3));
+}
+
+std::string shortNameFor(std::string_view name, const std::function<bool(std::string_view)>& taken) {
+  if (fitsShortName(name)) return std::string(name);
+  const Pieces parts = pieces(name);
+  std::string extension = firstAllowed(parts.extension, 3);
+  if (!extension.empty()) extension.insert(0, 1, '.');
+  for (unsigned long number = 1;; ++number) {
+    const std::string tail = "~" + std::to_string(number);
+    const std::size_t room = std::min<std::size_t>(6, 8 - std::min<std::size_t>(tail.size(), 8));
+    std::string candidate = firstAllowed(parts.stem, room) + tail + extension;
+    if (!taken(candidate)) return candidate;
+  }
+}
+
+}  // namespace plimo
