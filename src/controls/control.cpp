@@ -1,0 +1,57 @@
+#include "controls/control.h"
+
+#include <algorithm>
+
+#include "controls/form.h"
+
+namespace plimo {
+
+Control::Control(Form& form, ControlKind kind, std::string_view name, Control* container)
+    : form_(form), kind_(kind), name_(name), container_(container) {
+  form.enlist(*this);
+}
+
+template <class T>
+void Control::change(T& member, const T& value, Property property) {
+  if (member == value) return;
+  member = value;
+  notify(property);
+}
+
+void Control::setVisible(bool visible) { change(visible_, visible, Property::visible); }
+void Control::setEnabled(bool enabled) { change(enabled_, enabled, Property::enabled); }
+void Control::setCaption(std::string_view caption) { change(caption_, std::string(caption), Property::caption); }
+void Control::setTooltip(std::string_view tooltip) { change(tooltip_, std::string(tooltip), Property::tooltip); }
+void Control::setPlace(const Place& place) { change(place_, place, Property::place); }
+void Control::setForeColour(Colour colour) { change(foreColour_, colour, Property::colours); }
+void Control::setBackColour(Colour colour) { change(backColour_, colour, Property::colours); }
+
+bool Control::showing() const { return visible_ && (container_ == nullptr || container_->showing()); }
+
+void Control::observe(ControlObserver& observer) {
+  observers_.push_back(&observer);
+  replay(observer);
+}
+
+void Control::unobserve(ControlObserver& observer) { std::erase(observers_, &observer); }
+
+void Control::notify(Property property) {
+  for (ControlObserver* observer : observers_) observer->propertyChanged(property);
+}
+
+void Control::replay(ControlObserver& observer) {
+  for (const Property property : {Property::place, Property::caption, Property::tooltip, Property::colours,
+                                  Property::enabled, Property::visible}) {
+    observer.propertyChanged(property);
+  }
+}
+
+void Control::raise(const std::function<void()>& handler) {
+  if (handler) form_.dispatcher().run(handler);
+}
+
+void Control::userClick() { raise(click); }
+
+void Control::userMouseMove() { raise(mouseMove); }
+
+}  // namespace plimo

@@ -1,0 +1,24 @@
+#include "controls/dispatcher.h"
+
+namespace plimo {
+
+void Dispatcher::run(const std::function<void()>& handler) {
+  ++depth_;
+  try {
+    handler();
+  } catch (const RuntimeError& error) {
+    if (failed) failed(error);
+  } catch (...) {
+    --depth_;
+    throw;
+  }
+  if (--depth_ > 0) return;
+  for (const auto& action : ends_) action();
+  flush();
+}
+
+void Dispatcher::flush() {
+  for (const auto& action : paints_) action();
+}
+
+}  // namespace plimo

@@ -1,0 +1,376 @@
+#include "controls/list_box.h"
+
+#include <algorithm>
+#include <iterator>
+#include <numeric>
+#include <utility>
+
+#include "base/text.h"
+#include "controls/form.h"
+
+namespace plimo {
+
+ListBox::ListBox(Form& form, std::string_view name, Style style, Order order, Control* container)
+    : Control(form, ControlKind::listBox, name, container), style_(style), order_(order) {
+  form.dispatcher().atEnd([this] { settle(); });
+  form.dispatcher().beforePaint([this] { flush(); });
+}
+
+std::string_view ListBox::text(std::size_t row) const {
+  const Row& r = rows_[row];
+  return std::string_view(bytes_).substr(r.offset, r.length);
+}
+
+std::optional<std::size_t> ListBox::firstSelected() const {
+  if (selectedCount_ == 0) return std::nullopt;
+  const auto found = std::find_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.selected != 0; });
+  return static_cast<std::size_t>(found - rows_.begin());
+}
+
+std::optional<std::size_t> ListBox::find(std::string_view wanted) const {
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    if (text(row) == wanted) return row;
+  }
+  return std::nullopt;
+}
+
+ListBox::Row ListBox::store(std::string_view text) {
+  Row row{bytes_.size(), static_cast<std::uint32_t>(text.size()) & 0x7FFFFFFFU, 0};
+  bytes_.append(text);
+  return row;
+}
+
+void ListBox::clear() {
+  if (rows_.empty() && !current_ && !removedText_) return;
+  changedRows(0, 0, rows_.size());
+  rows_ = {};
+  bytes_ = {};
+  unused_ = 0;
+  selectedCount_ = 0;
+  current_.reset();
+  removedText_.reset();
+  anchor_ = 0;
+  changes_.selection = changes_.current = true;
+}
+
+void ListBox::add(std::string_view text) {
+  if (order_ == Order::sorted) {
+    addAll(std::span(&text, 1));
+    return;
+  }
+  rows_.push_back(store(text));
+  changedRows(rows_.size() - 1, 1, 0);
+}
+
+void ListBox::addAll(std::span<const std::string_view> texts) {
+  if (texts.empty()) return;
+  const std::size_t old = rows_.size();
+  for (const std::string_view text : texts) rows_.push_back(store(text));
+  if (order_ == Order::asAdded) {
+    changedRows(old, texts.size(), 0);
+    return;
+  }
+  // Each folded once, not at each comparison.
+  std::vector<std::pair<std::string, Row>> keyed;
+  keyed.reserve(rows_.size());
+  std::optional<std::uint64_t> currentOffset;
+  if (current_) currentOffset = rows_[*current_].offset;
+  for (std::size_t row = 0; row < rows_.size(); ++row) keyed.emplace_back(foldCase(text(row)), rows_[row]);
+  std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    rows_[row] = keyed[row].second;
+    if (currentOffset && rows_[row].offset == *currentOffset && current_) current_ = row;
+  }
+  changes_.reset = true;
+}
+
+void ListBox::addAll(const ListBox& other) {
+  std::vector<std::string_view> texts(other.count());
+  for (std::size_t row = 0; row < texts.size(); ++row) texts[row] = other.text(row);
+  addAll(texts);
+}
+
+void ListBox::assign(const ListBox& other, std::span<const std::size_t> positions) {
+  std::string bytes;
+  bytes.reserve(other.bytes_.size() - other.unused_);
+  std::vector<Row> rows;
+  rows.reserve(positions.size());
+  for (const std::size_t position : positions) {
+    const std::string_view text = other.text(position);
+    rows.push_back({bytes.size(), static_cast<std::uint32_t>(text.size()) & 0x7FFFFFFFU, 0});
+    bytes.append(text);
+  }
+  clear();
+  bytes_ = std::move(bytes);
+  rows_ = std::move(rows);
+  changes_.reset = true;
+}
+
+void ListBox::remove(std::size_t row) {
+  unused_ += rows_[row].length;
+  selectedCount_ -= rows_[row].selected;
+  if (current_ && *current_ == row) {
+    removedText_ = text(row);
+    removedPlace_ = row;
+    current_.reset();
+    changes_.current = true;
+  } else if (current_ && row < *current_) {
+    --*current_;
+    changes_.current = true;
+  } else if (removedText_ && row < removedPlace_) {
+    --removedPlace_;
+  }
+  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
+  changedRows(row, 0, 1);
+  compactStore();
+}
+
+void ListBox::removeFlagged(const std::vector<bool>& removed) {
+  const std::size_t before = rows_.size();
+  std::size_t kept = 0;
+  std::size_t place = current_ ? *current_ : removedText_ ? removedPlace_ : 0;
+  const std::size_t watched = place;
+  for (std::size_t row = 0; row < before; ++row) {
+    if (!removed[row]) {
+      rows_[kept++] = rows_[row];
+      continue;
+    }
+    unused_ += rows_[row].length;
+    selectedCount_ -= rows_[row].selected;
+    if (row < watched) --place;
+    if (current_ && *current_ == row) {
+      removedText_ = std::string(std::string_view(bytes_).substr(rows_[row].offset, rows_[row].length));
+      current_.reset();
+    }
+  }
+  if (kept == before) return;
+  if (current_) {
+    current_ = place;
+  } else {
+    removedPlace_ = place;
+  }
+  rows_.resize(kept);
+  changes_.reset = changes_.selection = changes_.current = true;
+  compactStore();
+}
+
+void ListBox::removeSelected() {
+  if (selectedCount_ == 0) return;
+  std::vector<bool> removed(rows_.size());
+  for (std::size_t row = 0; row < rows_.size(); ++row) removed[row] = selected(row);
+  removeFlagged(removed);
+}
+
+bool ListBox::setState(std::size_t row, bool selected) {
+  if (this->selected(row) == selected) return false;
+  rows_[row].selected = selected ? 1 : 0;
+  selectedCount_ = selected ? selectedCount_ + 1 : selectedCount_ - 1;
+  changes_.selection = true;
+  return true;
+}
+
+void ListBox::setSelected(std::size_t row, bool selected) {
+  if (!setState(row, selected) || style_ != Style::checkBoxes) return;
+  setCurrent(row);
+  if (tick) tick(row);
+}
+
+void ListBox::clearSelection() {
+  if (selectedCount_ == 0) return;
+  for (Row& row : rows_) row.selected = 0;
+  selectedCount_ = 0;
+  changes_.selection = true;
+}
+
+void ListBox::setSelectedQuietly(std::span<const std::size_t> rows, bool selected) {
+  for (const std::size_t row : rows) {
+    if (setState(row, selected)) setCurrent(row);
+  }
+}
+
+void ListBox::selectText(std::string_view wanted) {
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    if (text(row) == wanted) setState(row, true);
+  }
+}
+
+std::string ListBox::currentText() const {
+  if (current_) return std::string(text(*current_));
+  return removedText_.value_or(std::string());
+}
+
+void ListBox::setCurrent(std::optional<std::size_t> row) {
+  if (row && *row >= rows_.size()) row.reset();
+  removedText_.reset();
+  if (row == current_) return;
+  current_ = row;
+  changes_.current = true;
+}
+
+void ListBox::setTop(long row) {
+  top_ = row;
+  changes_.top = true;
+}
+
+void ListBox::settle() {
+  if (!removedText_) return;
+  removedText_.reset();
+  if (current_ || rows_.empty()) return;
+  current_ = std::min(removedPlace_, rows_.size() - 1);
+  changes_.current = true;
+}
+
+void ListBox::takeFocus() { form().setFocus(this); }
+
+void ListBox::selectOnly(std::size_t first, std::size_t last) {
+  clearSelection();
+  for (std::size_t row = first; row <= last; ++row) setState(row, true);
+}
+
+void ListBox::userClickRow(std::size_t row, Keys keys) {
+  takeFocus();
+  if (row >= rows_.size()) return;
+  if (style_ == Style::multiSelection) {
+    if (keys == Keys::shift) {
+      const std::size_t anchor = std::min(anchor_, rows_.size() - 1);
+      selectOnly(std::min(anchor, row), std::max(anchor, row));
+    } else {
+      if (keys == Keys::control) {
+        setState(row, !selected(row));
+      } else {
+        selectOnly(row, row);
+      }
+      anchor_ = row;
+    }
+  }
+  setCurrent(row);
+  raise(click);
+  form().dispatcher().flush();
+}
+
+void ListBox::userMoveCurrent(std::size_t row) {
+  takeFocus();
+  if (row >= rows_.size()) return;
+  setCurrent(row);
+  anchor_ = row;
+  raise(click);
+  form().dispatcher().flush();
+}
+
+void ListBox::userExtendTo(std::size_t row) {
+  if (style_ == Style::multiSelection) {
+    userClickRow(row, Keys::shift);
+  } else {
+    userMoveCurrent(row);
+  }
+}
+
+void ListBox::userSelect(std::span<const std::size_t> rows) {
+  takeFocus();
+  clearSelection();
+  for (const std::size_t row : rows) {
+    if (row >= rows_.size()) continue;
+    setState(row, true);
+    setCurrent(row);
+    anchor_ = row;
+  }
+  raise(click);
+  form().dispatcher().flush();
+}
+
+void ListBox::userTick(std::size_t row, bool ticked) {
+  takeFocus();
+  if (row >= rows_.size()) return;
+  raise([this, row, ticked] {
+    if (style_ == Style::checkBoxes) setSelected(row, ticked);
+    setCurrent(row);
+  });
+  raise(click);
+  form().dispatcher().flush();
+}
+
+void ListBox::userDoubleClick() {
+  takeFocus();
+  raise(doubleClick);
+}
+
+void ListBox::userKey(char key) {
+  takeFocus();
+  if (key == ' ' && style_ == Style::checkBoxes && current_) {
+    userTick(*current_, !selected(*current_));
+    return;
+  }
+  if (keyPress) raise([this, key] { keyPress(key); });
+}
+
+void ListBox::userRightDown() {
+  takeFocus();
+  raise(rightDown);
+}
+
+void ListBox::userScroll() { raise(scroll); }
+
+void ListBox::observeRows(ListObserver& observer) {
+  rowObservers_.push_back(&observer);
+  observe(observer);
+  observer.rowsReset();
+  observer.selectionChanged();
+  observer.currentChanged();
+  observer.topChanged();
+}
+
+void ListBox::unobserveRows(ListObserver& observer) {
+  std::erase(rowObservers_, &observer);
+  unobserve(observer);
+}
+
+void ListBox::changedRows(std::size_t first, std::size_t appended, std::size_t removed) {
+  const bool none = changes_.appended == 0 && changes_.removed == 0;
+  if (changes_.reset) return;
+  if (none) {
+    changes_.first = first;
+    changes_.appended = appended;
+    changes_.removed = removed;
+  } else if (appended > 0 && changes_.removed == 0 && first == changes_.first + changes_.appended) {
+    changes_.appended += appended;
+  } else if (removed > 0 && changes_.appended == 0 && first == changes_.first) {
+    changes_.removed += removed;
+  } else {
+    changes_.reset = true;
+  }
+}
+
+void ListBox::flush() {
+  const Changes changes = std::exchange(changes_, Changes{});
+  for (ListObserver* observer : rowObservers_) {
+    if (changes.reset) {
+      observer->rowsReset();
+    } else if (changes.appended > 0) {
+      observer->rowsAppended(changes.first, changes.appended);
+    } else if (changes.removed > 0) {
+      observer->rowsRemoved(changes.first, changes.removed);
+    }
+    const bool rows = changes.reset || changes.appended > 0 || changes.removed > 0;
+    if (rows || changes.selection) observer->selectionChanged();
+    if (rows || changes.current) observer->currentChanged();
+    if (changes.top) observer->topChanged();
+  }
+}
+
+void ListBox::compactStore() {
+  constexpr std::size_t worthIt = 1 << 16;
+  if (unused_ < worthIt || unused_ * 2 < bytes_.size()) return;
+  std::string bytes;
+  bytes.reserve(bytes_.size() - unused_);
+  for (Row& row : rows_) {
+    const std::size_t offset = bytes.size();
+    bytes.append(bytes_, row.offset, row.length);
+    row.offset = offset;
+  }
+  bytes_ = std::move(bytes);
+  unused_ = 0;
+}
+
+std::size_t ListBox::memory() const { return bytes_.capacity() + rows_.capacity() * sizeof(Row); }
+
+}  // namespace plimo

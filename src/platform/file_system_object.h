@@ -1,0 +1,142 @@
+// The machine's drives, folders and files, as the program asks for them.
+//
+// Paths are the machine's own texts (bytes); the program never writes a separator or a drive prefix itself. Relative
+// paths are taken from the current directory. Where a function is said to throw, it throws RuntimeError with the path
+// concerned.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace plimo {
+
+enum class DriveType { unknown = 0, removable = 1, fixed = 2, network = 3, cdrom = 4, ramdisk = 5 };
+
+struct Drive {
+  char letter = 0;  // A to Z
+  DriveType type = DriveType::unknown;
+  bool ready = false;
+  std::string root;  // the root folder's path: "C:\" or "/home/ana"
+};
+
+// What stands in a folder: bare names, files and folders apart, each sorted without regard to case (equal but for case:
+// by bytes).
+struct FolderContents {
+  std::vector<std::string> files;
+  std::vector<std::string> folders;
+};
+
+// A whole file's bytes, as they were when it was opened; usually mapped, not copied.
+class FileView {
+ public:
+  FileView() = default;
+  FileView(const FileView&) = delete;
+  FileView& operator=(const FileView&) = delete;
+  virtual ~FileView() = default;
+  virtual std::string_view bytes() const = 0;
+};
+
+// A file that is being written anew. Nothing of it is seen under its own name until `commit`; without one, whatever
+// stood there stays, and no trace of the attempt is left.
+class FileReplacement {
+ public:
+  FileReplacement() = default;
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+  virtual ~FileReplacement() = default;
+  // Throws 61 (disk full) or 75.
+  virtual void write(std::string_view bytes) = 0;
+  // Flushes to the disk, then takes the old file's place in one step. Throws 61 or 75; the old file stands then.
+  virtual void commit() = 0;
+};
+
+// What a replacement does to an old file that may not be written.
+enum class Force { no, yes };
+
+// Reported by a drive walk for each folder and song as it is found, in order; false ends the walk.
+using FoundFile = std::function<bool(std::string_view path)>;
+
+class FileSystemObject {
+ public:
+  FileSystemObject() = default;
+  FileSystemObject(const FileSystemObject&) = delete;
+  FileSystemObject& operator=(const FileSystemObject&) = delete;
+  virtual ~FileSystemObject() = default;
+
+  // In the machine's order.
+  virtual std::vector<Drive> drives() = 0;
+
+  // --- Paths. None of these looks at the disk but isRootFolder, shortPath and the last two. ---
+
+  // The process's current directory, absolute.
+  virtual std::string currentDirectory() = 0;
+  // "folder + separator + name"; a folder that already ends in a separator gets a second one only by joinDoubled.
+  virtual std::string join(std::string_view folder, std::string_view name) = 0;
+  // The same with the separator always added, even behind a drive's root ("C:\\winamp.exe").
+  virtual std::string joinDoubled(std::string_view folder, std::string_view name) = 0;
+  // The last piece; a path without a separator is its own last piece.
+  virtual std::string_view fileName(std::string_view path) = 0;
+  // All pieces but the last, as join took them; a drive's root for a file that stands in it.
+  virtual std::string folderOf(std::string_view path) = 0;
+  // True for a name that holds a separator of the machine: `\`, `/` or `:` on Windows, `/` elsewhere.
+  virtual bool holdsSeparator(std::string_view name) = 0;
+  // True where names are told apart by case.
+  virtual bool caseSensitive() = 0;
+  // True when both paths name the same file on this machine: the same text, the same text but for case where case does
+  // not tell, or two spellings of one existing file.
+  virtual bool sameFile(std::string_view left, std::string_view right) = 0;
+  // The root folder of a drive, or of the machine ("/").
+  virtual bool isRootFolder(std::string_view folder) = 0;
+  // The short (8.3) form of an existing file's or folder's path; the path itself where the machine has none.
+  // Throws 53 (no such file) for `shortFilePath`, 76 (no such folder) for `shortFolderPath`.
+  virtual std::string shortFilePath(std::string_view file) = 0;
+  virtual std::string shortFolderPath(std::string_view folder) = 0;
+
+  // --- Existence. False, never a failure, for anything that cannot be told. ---
+
+  virtual bool fileExists(std::string_view path) = 0;    // a regular file, or a link to one
+  virtual bool folderExists(std::string_view path) = 0;
+
+  // --- Folders ---
+
+  // Throws 71 (drive not ready), 76 (no such folder), 70 (may not be read).
+  virtual FolderContents contents(std::string_view folder) = 0;
+
+  // Walks a folder depth first: its files in order, then each subfolder's whole subtree in order, down to `depth`
+  // levels of subfolders below it (0: its own files only). Reports the path of each file whose name `wanted` accepts.
+  // Links to folders are not followed. Throws as `contents` does, when the walk reaches the folder that fails.
+  // Returns false when `found` ended the walk.
+  virtual bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name),
+                    const FoundFile& found) = 0;
+
+  // --- Files ---
+
+  // Throws 53 (no such file).
+  virtual std::uint64_t fileSize(std::string_view path) = 0;
+  // Throws 53, 76, 70 (in use), 75 (may not be read, or a folder), 71.
+  virtual std::unique_ptr<FileView> openForReading(std::string_view path) = 0;
+  // Throws 76 (no such folder), 75 (the folder or, unless forced, the old file may not be written; or a folder of
+  // that name), 70 (the old file is in use), 61, 71.
+  virtual std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) = 0;
+  // Throws 53, 70 (read-only unless forced, in use, or the folder may not be written).
+  virtual void deleteFile(std::string_view path, Force force) = 0;
+  // Copies one file with its time and permissions. The target appears whole or not at all. Throws 53 (no source),
+  // 58 (target exists and overwriting is off), 70 (source may not be read; target read-only; folder may not be
+  // written; onto itself), 76 (no target folder), 61. `progress` hears of the bytes copied so far.
+  virtual void copyFile(std::string_view from, std::string_view to, bool overwrite,
+                        const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress = {}) = 0;
+};
+
+// Writes a whole file in one step: replaceFile, write, commit.
+inline void replaceWhole(FileSystemObject& files, std::string_view path, std::string_view content, Force force) {
+  const auto replacement = files.replaceFile(path, force);
+  replacement->write(content);
+  replacement->commit();
+}
+
+}  // namespace plimo

@@ -1,0 +1,34 @@
+// The media player control's other side: what plays sound.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace plimo {
+
+class MediaPlayer {
+ public:
+  MediaPlayer() = default;
+  MediaPlayer(const MediaPlayer&) = delete;
+  MediaPlayer& operator=(const MediaPlayer&) = delete;
+  virtual ~MediaPlayer() = default;
+
+  // Opens a song or an M3U playlist by its path and, when AutoStart is set, plays it from its start. Returns at once;
+  // what cannot be played is told in the player's own strip, never thrown.
+  virtual void open(const std::string& path) = 0;
+  virtual void stop() = 0;
+  // Sets the file-name property without opening it.
+  virtual void setFileName(const std::string& name) = 0;
+  // The current song's length and the play position, in seconds; 0 with nothing open.
+  virtual double duration() = 0;
+  virtual double currentPosition() = 0;
+
+  virtual void setAutoStart(bool on) = 0;     // play once a file is opened
+  virtual void setShowControls(bool on) = 0;  // show the transport buttons
+  virtual void setEnabled(bool on) = 0;       // the user may use them
+
+  // Raised once for each song opened, when its length is known; on the program's own thread.
+  std::function<void()> newStream;
+};
+
+}  // namespace plimo
