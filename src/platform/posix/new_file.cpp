@@ -1,0 +1,146 @@
+#include "platform/posix/new_file.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+
+#include "platform/posix/path_text.h"
+
+namespace plimo {
+
+namespace {
+
+constexpr int mostLinks = 40;  // the kernel's own limit
+
+std::string hiddenName() {
+  static std::atomic<unsigned> count{0};
+  return ".plimo-" + std::to_string(::getpid()) + "-" + std::to_string(count++) + ".tmp";
+}
+
+// The path by which an open file without a name can be linked.
+std::string procPath(int descriptor) { return "/proc/self/fd/" + std::to_string(descriptor); }
+
+}  // namespace
+
+bool findWriteTarget(std::string_view path, WriteTarget& target) {
+  target.path = path;
+  for (int links = 0; links <= mostLinks; ++links) {
+    if (::lstat(target.path.c_str(), &target.status) != 0) {
+      target.exists = false;
+      return errno == ENOENT;
+    }
+    if (!S_ISLNK(target.status.st_mode)) {
+      target.exists = true;
+      return true;
+    }
+    std::array<char, PATH_MAX> buffer;
+    const ssize_t length = ::readlink(target.path.c_str(), buffer.data(), buffer.size());
+    if (length < 0) return false;
+    const std::string_view to(buffer.data(), static_cast<std::size_t>(length));
+    target.path = to.starts_with('/') ? std::string(to) : joinPath(parentOf(target.path), to);
+  }
+  errno = ELOOP;
+  return false;
+}
+
+bool isReadOnly(const std::string& path, const struct stat& status) {
+  if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) return true;
+  return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0;
+}
+
+NewFile::~NewFile() {
+  if (!hidden_.empty()) ::unlinkat(folder_.number(), hidden_.c_str(), 0);
+}
+
+bool NewFile::create(const std::string& path) {
+  name_ = lastPiece(path);
+  std::string folder = parentOf(path);
+  if (folder.empty()) folder = ".";
+  folder_ = Descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  // A folder that may not be listed can still be written to.
+  if (!folder_ && errno == EACCES) folder_ = Descriptor(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  if (!folder_) return false;
+
+  // A file without a name leaves nothing behind, whatever happens to the program; not every file system has them.
+  file_ = Descriptor(::openat(folder_.number(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
+  if (file_ && ::access(procPath(file_.number()).c_str(), F_OK) == 0) return true;
+  if (!file_ && (errno == EACCES || errno == ENOSPC || errno == EDQUOT || errno == EROFS)) return false;
+  return createHidden();
+}
+
+bool NewFile::createHidden() {
+  do {
+    hidden_ = hiddenName();
+    file_ = Descriptor(::openat(folder_.number(), hidden_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666));
+  } while (!file_ && errno == EEXIST);
+  if (!file_) hidden_.clear();
+  return static_cast<bool>(file_);
+}
+
+bool NewFile::linkHidden() {
+  do {
+    hidden_ = hiddenName();
+    if (::linkat(AT_FDCWD, procPath(file_.number()).c_str(), folder_.number(), hidden_.c_str(), AT_SYMLINK_FOLLOW) ==
+        0) {
+      return true;
+    }
+  } while (errno == EEXIST);
+  hidden_.clear();
+  return false;
+}
+
+bool NewFile::write(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(file_.number(), bytes.data(), bytes.size());
+    if (written < 0) {
+      if (errno == EINTR) continue;
+      return false;
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+bool NewFile::placeOver() {
+  if (::fsync(file_.number()) != 0) return false;
+  if (hidden_.empty() && !linkHidden()) return false;
+  if (::renameat(folder_.number(), hidden_.c_str(), folder_.number(), name_.c_str()) != 0) return false;
+  hidden_.clear();
+  syncFolder();
+  return true;
+}
+
+bool NewFile::placeBeside() {
+  if (::fsync(file_.number()) != 0) return false;
+  const int folder = folder_.number();
+  if (hidden_.empty()) {
+    if (::linkat(AT_FDCWD, procPath(file_.number()).c_str(), folder, name_.c_str(), AT_SYMLINK_FOLLOW) != 0) {
+      return false;
+    }
+  } else if (::renameat2(folder, hidden_.c_str(), folder, name_.c_str(), RENAME_NOREPLACE) == 0) {
+    hidden_.clear();
+  } else if (errno != EINVAL && errno != ENOSYS) {
+    return false;
+  } else if (::linkat(folder, hidden_.c_str(), folder, name_.c_str(), 0) != 0) {
+    // Neither way is known here; what is left is a look before the renaming.
+    if (errno == EEXIST) return false;
+    if (::faccessat(folder, name_.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
+      errno = EEXIST;
+      return false;
+    }
+    if (::renameat(folder, hidden_.c_str(), folder, name_.c_str()) != 0) return false;
+    hidden_.clear();
+  }
+  syncFolder();
+  return true;
+}
+
+// The file is whole and in its place by now; a file system that cannot flush a folder is not a failure.
+void NewFile::syncFolder() { ::fsync(folder_.number()); }
+
+}  // namespace plimo

@@ -1,0 +1,55 @@
+// A file that comes into being whole: it is written without a name, or under a hidden one, and then put in its place.
+#pragma once
+
+#include <sys/stat.h>
+
+#include <string>
+#include <string_view>
+
+#include "platform/posix/descriptor.h"
+
+namespace plimo {
+
+// What a path leads to when something is to be written there.
+struct WriteTarget {
+  std::string path;  // behind all symbolic links, so that a link stays one
+  bool exists = false;
+  struct stat status {};  // of what stands there
+};
+
+// False, with errno, where the path cannot be followed; a missing file in an existing folder can.
+bool findWriteTarget(std::string_view path, WriteTarget& target);
+
+// True for a file that may not be written: one without any permission to write, root or not.
+bool isReadOnly(const std::string& path, const struct stat& status);
+
+class NewFile {
+ public:
+  NewFile() = default;
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+  ~NewFile();
+
+  // Each returns false on failure, with errno.
+
+  // Begins a file that will stand at `path` (behind links).
+  bool create(const std::string& path);
+  bool write(std::string_view bytes);
+  // Flushes it to the disk and gives it its name, in one step: over what stands there, or not (errno EEXIST).
+  bool placeOver();
+  bool placeBeside();
+
+  int descriptor() const { return file_.number(); }
+
+ private:
+  bool createHidden();
+  bool linkHidden();
+  void syncFolder();
+
+  Descriptor folder_;
+  Descriptor file_;
+  std::string name_;
+  std::string hidden_;  // the hidden name it has now; empty: none
+};
+
+}  // namespace plimo
