@@ -4,7 +4,8 @@
 // that is not said to ignore errors ends with the first RuntimeError, which the dispatcher reports.
 #pragma once
 
-#include <array>
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,11 +30,12 @@ class Form1 : public Form, public Form1Controls {
 
   // --- Start-up and shutdown: app/form1_startup.cpp ---
   void Form_Load();
+  void showFirstRun();  // the welcome and the settings panel, without lists and menus
   void Form_Terminate();
   void Exit_Click();
 
   // --- The settings at start-up: app/form1_settings.cpp ---
-  void applySettings();           // of plimo.ini
+  void applySettings();            // of plimo.ini
   void fillDrives(ListBox& list);  // "C: Hard Drive", ...: fixed, removable and CD-ROM drives in the machine's order
 
   // --- Views and layout: app/form1_views.cpp ---
@@ -47,6 +49,7 @@ class Form1 : public Form, public Form1Controls {
   // --- The catalogue and the artist list: catalogue/form1_catalogue.cpp ---
   void process();
   void display();
+  void deleteCatalogue();  // where it exists; failures are ignored
 
   // --- Scans: catalogue/form1_scan.cpp ---
   void scandrives();
@@ -99,7 +102,7 @@ class Form1 : public Form, public Form1Controls {
   void Shuffle_Click();
   void sort_Click();
   void showlist4();
-  ListBox& finalList();                          // the final playlist: List4 when it is visible, else List6
+  ListBox& finalList();                                  // the final playlist: List4 when it is visible, else List6
   void swapFinalLists(ListBox& shown, ListBox& hidden);  // the keyboard focus goes along
 
   // --- Counts, information, help: playlists/form1_information.cpp ---
@@ -202,7 +205,7 @@ class Form1 : public Form, public Form1Controls {
   void foldSongStrip();      // Picture2 shown; Picture5 and the strip's buttons hidden
   void foldPlaylistStrip();  // Picture3 shown; Picture6 and the strip's buttons hidden
   void foldAllStrips();
-  void hidePictures();       // all strips folded, and the handles and the play picture hidden
+  void hidePictures();              // all strips folded, and the handles and the play picture hidden
   void showListFrames(bool shown);  // Shape1 to Shape3
 
   // --- Welcome and credits: prefs/form1_panels.cpp ---
@@ -214,24 +217,25 @@ class Form1 : public Form, public Form1Controls {
 
   // --- What the handlers share ---
   std::string ownFile(std::string_view name) const;  // a file of the program's folder, by its name
+  void deleteOwnFile(std::string_view name);         // where it exists, with force; failures are ignored
 
   Platform platform;
-  std::string defdir;             // the program's folder
-  double orgleft = 0;             // the player's place as designed
+  std::string defdir;  // the program's folder
+  double orgleft = 0;  // the player's place as designed
   double orgtop = 0;
-  bool here = false;              // start-up runs a second time
-  bool frommenu = false;          // it does so from a menu: no compact start
-  bool runpref = false;           // open the preferences at the end of start-up
-  bool makethefile = false;       // Accept has to find Winamp and write path.kvx
-  bool winamp1 = false;           // Winamp plays
-  bool comp = false;              // the compact view's layout is on
-  bool fromsettings = false;      // an Accept has written the settings; the lists show samples, ticks do nothing
-  bool discard = false;           // Accept writes nothing
-  bool onlysort = false;          // the last Accept chose not to scan
+  bool here = false;               // start-up runs a second time
+  bool frommenu = false;           // it does so from a menu: no compact start
+  bool runpref = false;            // open the preferences at the end of start-up
+  bool makethefile = false;        // Accept has to find Winamp and write path.kvx
+  bool winamp1 = false;            // Winamp plays
+  bool comp = false;               // the compact view's layout is on
+  bool fromsettings = false;       // an Accept has written the settings; the lists show samples, ticks do nothing
+  bool discard = false;            // Accept writes nothing
+  bool onlysort = false;           // the last Accept chose not to scan
   bool settingscancelled = false;  // the preferences were cancelled
-  bool otherdrives = false;       // the next scan walks the drives selected in List7
-  bool resizing = false;          // Form_Resize does nothing
-  int invalidpath = 0;            // -1: the last Accept did not find Winamp
+  bool otherdrives = false;        // the next scan walks the drives selected in List7
+  bool resizing = false;           // Form_Resize does nothing
+  int invalidpath = 0;             // -1: the last Accept did not find Winamp
   // The lists' colours as read from the settings: text and background of List2, List1, List4.
   Colour fc1 = 65535, bc1 = 4194304, fc2 = 65535, bc2 = 4194304, fc3 = 65535, bc3 = 4194304;
   // The same as designed.
@@ -253,7 +257,22 @@ class Form1 : public Form, public Form1Controls {
  private:
   void design();
   void wire();
+
+  // List6 stands in List4's place and wears its colours.
+  struct ColourFollower : ControlObserver {
+    ColourFollower(ListBox& leading, ListBox& following) : leader(leading), follower(following) {}
+    void propertyChanged(Property property) override;
+    ListBox& leader;
+    ListBox& follower;
+  };
+  ColourFollower colourFollower{List4, List6};
 };
+
+inline constexpr std::string_view catalogueName = "plimo.kvx";
+// A kind of drive as the drive lists name it: "Hard Drive", "CDROM", "REMOVABLE", ...
+std::string kindName(DriveType type);
+
+inline constexpr std::string_view captionAfterScan = "Plimo! by the Plimo! team.";
 
 // The window that comes first: app/frm_splash.cpp.
 class FrmSplash : public Form {

@@ -24,31 +24,31 @@ struct Form1Controls {
   ListBox List6{window, "List6", ListBox::Style::multiSelection};  // the final playlist in the compact view
   ListBox List3{window, "List3", ListBox::Style::multiSelection};  // never shown: songs found, names to play
   ListBox List8{window, "List8", ListBox::Style::multiSelection, ListBox::Order::sorted};  // never shown: sorts
-  Shape Shape1{window, "Shape1"};  // the frame around the artists
-  Shape Shape2{window, "Shape2"};  // the frame around the scratch playlist
-  Shape Shape3{window, "Shape3"};  // the frame around the final playlist
+  Shape Shape1{window, "Shape1"};                                 // the frame around the artists
+  Shape Shape2{window, "Shape2"};                                 // the frame around the scratch playlist
+  Shape Shape3{window, "Shape3"};                                 // the frame around the final playlist
   Control TreeView1{window, ControlKind::treeView, "TreeView1"};  // never shown: the set of distinct artists
 
   // --- The strips: handles and buttons ---
-  Picture Picture1{window, "Picture1"};  // opens the artist strip
-  Picture Picture4{window, "Picture4"};  // closes it
+  Picture Picture1{window, "Picture1"};          // opens the artist strip
+  Picture Picture4{window, "Picture4"};          // closes it
   CommandButton Command13{window, "Command13"};  // tick every artist
   CommandButton Command14{window, "Command14"};  // untick every artist
-  Picture Picture2{window, "Picture2"};  // opens the strip of song commands
-  Picture Picture5{window, "Picture5"};  // closes it
+  Picture Picture2{window, "Picture2"};          // opens the strip of song commands
+  Picture Picture5{window, "Picture5"};          // closes it
   CommandButton Command1{window, "Command1"};    // add the selected songs to the final playlist
   CommandButton Command2{window, "Command2"};    // take the selected songs off the scratch playlist
   CommandButton Command8{window, "Command8"};    // add all songs to the final playlist
   CommandButton Command9{window, "Command9"};    // empty the scratch playlist
   CommandButton Command10{window, "Command10"};  // delete the selected songs' files
   CommandButton Command15{window, "Command15"};  // delete the files of all songs listed
-  Picture Picture3{window, "Picture3"};  // opens the strip of playlist commands
-  Picture Picture6{window, "Picture6"};  // closes it
+  Picture Picture3{window, "Picture3"};          // opens the strip of playlist commands
+  Picture Picture6{window, "Picture6"};          // closes it
   CommandButton Command11{window, "Command11"};  // empty the final playlist
   CommandButton Command12{window, "Command12"};  // take the selected songs off the final playlist
   CommandButton Command3{window, "Command3"};    // open a playlist
   CommandButton Command4{window, "Command4"};    // save the final playlist
-  Picture Picture7{window, "Picture7"};  // play the whole final playlist
+  Picture Picture7{window, "Picture7"};          // play the whole final playlist
 
   // --- The player ---
   MediaPlayerControl MediaPlayer1{window, "MediaPlayer1"};  // plays, and shows what it plays
@@ -59,13 +59,13 @@ struct Form1Controls {
   OptionButton Option4{window, "Option4", &Frame1};  // start without a scan
   OptionButton Option5{window, "Option5", &Frame1};  // scan the ticked drives at start
   ListBox List5{window, "List5", ListBox::Style::checkBoxes, ListBox::Order::asAdded, &Frame1};  // drives to scan
-  CheckBox Check3{window, "Check3", &Frame1};       // Winamp plays
-  Label Label1{window, "Label1", &Frame1};          // asks where Winamp is
-  DriveList Drive1{window, "Drive1", &Frame1};      // Winamp's drive
-  FolderList Dir1{window, "Dir1", &Frame1};         // Winamp's folder
-  CheckBox Check4{window, "Check4", &Frame1};       // show the splash at start
-  CheckBox Check5{window, "Check5", &Frame1};       // start compact, playing the default playlist
-  CheckBox Check6{window, "Check6", &Frame1};       // go on to the colours
+  CheckBox Check3{window, "Check3", &Frame1};                                                    // Winamp plays
+  Label Label1{window, "Label1", &Frame1};                                                       // asks where Winamp is
+  DriveList Drive1{window, "Drive1", &Frame1};                                                   // Winamp's drive
+  FolderList Dir1{window, "Dir1", &Frame1};                                                      // Winamp's folder
+  CheckBox Check4{window, "Check4", &Frame1};             // show the splash at start
+  CheckBox Check5{window, "Check5", &Frame1};             // start compact, playing the default playlist
+  CheckBox Check6{window, "Check6", &Frame1};             // go on to the colours
   CommandButton Command5{window, "Command5", &Frame1};    // accept the settings
   CommandButton Command16{window, "Command16", &Frame1};  // leave them as they were
 
@@ -83,30 +83,30 @@ struct Form1Controls {
 
   // --- The welcome ---
   Frame Frame2{window, "Frame2"};
-  Label Label2{window, "Label2", &Frame2};  // what the program does
-  Label Label4{window, "Label4", &Frame2};  // the player and the three lists
-  Label Label3{window, "Label3", &Frame2};  // why drives need not be scanned each time
-  Label Label5{window, "Label5", &Frame2};  // who made it
+  Label Label2{window, "Label2", &Frame2};                // what the program does
+  Label Label4{window, "Label4", &Frame2};                // the player and the three lists
+  Label Label3{window, "Label3", &Frame2};                // why drives need not be scanned each time
+  Label Label5{window, "Label5", &Frame2};                // who made it
   CommandButton Command00{window, "Command00", &Frame2};  // closes the welcome of the first start
   CommandButton Command19{window, "Command19", &Frame2};  // closes the welcome opened from the menu
 
   // --- The credits ---
   Frame Frame3{window, "Frame3"};
-  Label Label6{window, "Label6", &Frame3};            // thanks
-  CommandButton credit{window, "credit", &Frame3};    // closes them
+  Label Label6{window, "Label6", &Frame3};          // thanks
+  CommandButton credit{window, "credit", &Frame3};  // closes them
 
   // --- The copy panel ---
   Frame Frame4{window, "Frame4"};
-  DriveList Drive2{window, "Drive2", &Frame4};           // where to copy to: the drive
-  FolderList Dir2{window, "Dir2", &Frame4};              // and the folder
-  CommandButton Command6{window, "Command6", &Frame4};   // copies
-  CommandButton Command7{window, "Command7", &Frame4};   // closes the panel
+  DriveList Drive2{window, "Drive2", &Frame4};          // where to copy to: the drive
+  FolderList Dir2{window, "Dir2", &Frame4};             // and the folder
+  CommandButton Command6{window, "Command6", &Frame4};  // copies
+  CommandButton Command7{window, "Command7", &Frame4};  // closes the panel
 
   // --- The drive selection ---
   Frame Frame5{window, "Frame5"};
   ListBox List7{window, "List7", ListBox::Style::multiSelection, ListBox::Order::asAdded, &Frame5};  // drives to scan
-  CommandButton Command17{window, "Command17", &Frame5};  // scans them
-  CommandButton Command18{window, "Command18", &Frame5};  // does not
+  CommandButton Command17{window, "Command17", &Frame5};                                             // scans them
+  CommandButton Command18{window, "Command18", &Frame5};                                             // does not
 
   // --- The menu bar ---
   Menu Function{window, "Function", Menu::Role::bar};

@@ -6,6 +6,7 @@ Program::Program(Platform platform)
     : platform_(platform), form1_(dispatcher_, platform), splash_(dispatcher_, platform, [this] { loadMainWindow(); }) {
   dispatcher_.failed = [this](const RuntimeError& error) { failed(error); };
   form1_.unloaded = [this] { finish(status_); };
+  splash_.terminate = [this] { finish(status_); };  // closed before the main window came
 }
 
 void Program::start() {

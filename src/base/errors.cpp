@@ -4,18 +4,30 @@ namespace plimo {
 
 const char* describe(ErrorNumber number) {
   switch (number) {
-    case ErrorNumber::invalidCall: return "Invalid procedure call or argument";
-    case ErrorNumber::overflow: return "Overflow";
-    case ErrorNumber::typeMismatch: return "Type mismatch";
-    case ErrorNumber::badFileName: return "Bad file name or number";
-    case ErrorNumber::fileNotFound: return "File not found";
-    case ErrorNumber::fileExists: return "File already exists";
-    case ErrorNumber::diskFull: return "Disk full";
-    case ErrorNumber::inputPastEnd: return "Input past end of file";
-    case ErrorNumber::permissionDenied: return "Permission denied";
-    case ErrorNumber::diskNotReady: return "Disk not ready";
-    case ErrorNumber::pathFileAccess: return "Path/File access error";
-    case ErrorNumber::pathNotFound: return "Path not found";
+    case ErrorNumber::invalidCall:
+      return "Invalid procedure call or argument";
+    case ErrorNumber::overflow:
+      return "Overflow";
+    case ErrorNumber::typeMismatch:
+      return "Type mismatch";
+    case ErrorNumber::badFileName:
+      return "Bad file name or number";
+    case ErrorNumber::fileNotFound:
+      return "File not found";
+    case ErrorNumber::fileExists:
+      return "File already exists";
+    case ErrorNumber::diskFull:
+      return "Disk full";
+    case ErrorNumber::inputPastEnd:
+      return "Input past end of file";
+    case ErrorNumber::permissionDenied:
+      return "Permission denied";
+    case ErrorNumber::diskNotReady:
+      return "Disk not ready";
+    case ErrorNumber::pathFileAccess:
+      return "Path/File access error";
+    case ErrorNumber::pathNotFound:
+      return "Path not found";
   }
   return "Unknown error";
 }

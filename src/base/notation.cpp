@@ -15,41 +15,48 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
 
-NotationReader::NotationReader(std::string_view content, std::string path) : content_(content), path_(std::move(path)) {
-  if (content_.starts_with(byteOrderMark)) position_ = byteOrderMark.size();
+Item readItem(std::string_view content, std::size_t& position, std::string& unescaped) {
+  position = std::min(content.find_first_not_of(' ', position), content.size());
+  Item item;
+  if (position < content.size() && content[position] == '"') {
+    item.form = Item::Form::quoted;
+    std::size_t start = ++position;
+    std::size_t end = std::min(content.find('"', start), content.size());
+    item.text = content.substr(start, end - start);
+    if (end + 1 < content.size() && content[end + 1] == '"') {  // a doubled quote: the text must be put together
+      unescaped.clear();
+      for (;;) {
+        unescaped.append(content, start, end - start);
+        if (end + 1 >= content.size() || content[end + 1] != '"') break;
+        unescaped += '"';
+        start = end + 2;
+        end = std::min(content.find('"', start), content.size());
+      }
+      item.text = unescaped;
+    }
+    position = std::min(end + 1, content.size());
+  }
+  const std::size_t start = position;
+  position = std::min(content.find_first_of(",\r\n", start), content.size());
+  if (item.form == Item::Form::bare) item.text = content.substr(start, position - start);
+  if (content.substr(position, 2) == "\r\n") {
+    position += 2;
+  } else if (position < content.size()) {
+    ++position;
+  }
+  return item;
 }
+
+std::size_t startOfItems(std::string_view content) {
+  return content.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+}
+
+NotationReader::NotationReader(std::string_view content, std::string path)
+    : content_(content), position_(startOfItems(content)), path_(std::move(path)) {}
 
 Item NotationReader::next() {
   if (atEnd()) throw RuntimeError(ErrorNumber::inputPastEnd, path_);
-  position_ = std::min(content_.find_first_not_of(' ', position_), content_.size());
-  Item item;
-  if (position_ < content_.size() && content_[position_] == '"') {
-    item.form = Item::Form::quoted;
-    std::size_t start = ++position_;
-    std::size_t end = std::min(content_.find('"', start), content_.size());
-    item.text = content_.substr(start, end - start);
-    if (end + 1 < content_.size() && content_[end + 1] == '"') {  // a doubled quote: the text must be put together
-      unescaped_.clear();
-      for (;;) {
-        unescaped_.append(content_, start, end - start);
-        if (end + 1 >= content_.size() || content_[end + 1] != '"') break;
-        unescaped_ += '"';
-        start = end + 2;
-        end = std::min(content_.find('"', start), content_.size());
-      }
-      item.text = unescaped_;
-    }
-    position_ = std::min(end + 1, content_.size());
-  }
-  const std::size_t start = position_;
-  position_ = std::min(content_.find_first_of(",\r\n", start), content_.size());
-  if (item.form == Item::Form::bare) item.text = content_.substr(start, position_ - start);
-  if (content_.substr(position_, 2) == "\r\n") {
-    position_ += 2;
-  } else if (position_ < content_.size()) {
-    ++position_;
-  }
-  return item;
+  return readItem(content_, position_, unescaped_);
 }
 
 void writeText(std::string& file, std::string_view text) {

@@ -15,9 +15,18 @@ struct Item {
   Form form = Form::bare;
 
   // Bare and framed by hashes: #TRUE#, #FALSE#, #NULL#, ...
-  bool hashFramed() const { return form == Form::bare && text.size() >= 2 && text.front() == '#' && text.back() == '#'; }
+  bool hashFramed() const {
+    return form == Form::bare && text.size() >= 2 && text.front() == '#' && text.back() == '#';
+  }
   bool isTrue() const { return form == Form::bare && text == "#TRUE#"; }
 };
+
+// Reads the value at `position` and moves behind what ends it. `unescaped` holds the text where its quotes were
+// doubled.
+Item readItem(std::string_view content, std::size_t& position, std::string& unescaped);
+
+// Where the values of a file begin: behind its byte-order mark, if it has one.
+std::size_t startOfItems(std::string_view content);
 
 // Reads values one after the other from a text that must outlive it. Values end at a comma or a line end (CR LF, LF
 // or CR) outside quotes; a byte-order mark in front is passed over; the last line end may be missing.

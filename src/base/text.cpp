@@ -89,7 +89,10 @@ std::size_t decode(std::string_view text, char32_t& letter) {
     letter = lead;
     return 1;
   }
-  const std::size_t length = lead >= 0xC2 && lead <= 0xDF ? 2 : lead >= 0xE0 && lead <= 0xEF ? 3 : lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+  const std::size_t length = lead >= 0xC2 && lead <= 0xDF   ? 2
+                             : lead >= 0xE0 && lead <= 0xEF ? 3
+                             : lead >= 0xF0 && lead <= 0xF4 ? 4
+                                                            : 0;
   if (length == 0 || text.size() < length) return 0;
   letter = lead & (0xFFU >> (length + 1));
   for (std::size_t i = 1; i < length; ++i) {

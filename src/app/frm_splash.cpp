@@ -1,0 +1,57 @@
+// The window that comes first. With settings there it shows nothing; without, it slides its picture in and waits.
+#include <chrono>
+#include <utility>
+
+#include "app/form1.h"
+#include "app/settings_file.h"
+
+namespace plimo {
+
+namespace {
+
+// 480 x 300 pixels.
+constexpr double splashWidth = 7200;
+constexpr double splashHeight = 4500;
+// The picture comes in from the left at a third of the window's size, in this many steps.
+constexpr int slideSteps = 24;
+constexpr std::chrono::milliseconds slidePause{16};
+constexpr int waitMilliseconds = 300;
+
+}  // namespace
+
+FrmSplash::FrmSplash(Dispatcher& dispatcher, Platform platform, std::function<void()> next)
+    : Form(dispatcher, "frmSplash"), platform_(platform), next_(std::move(next)) {
+  designSize(splashWidth, splashHeight);
+  setCaption("Plimo!");
+  Image1.setPicture("splash");
+  load = [this] { Form_Load(); };
+  Timer1.timer = [this] { Timer1_Timer(); };
+}
+
+void FrmSplash::Form_Load() {
+  if (platform_.files.fileExists(platform_.files.join(platform_.files.currentDirectory(), settingsName))) {
+    unload();
+    next_();
+    return;
+  }
+  const double width = splashWidth / 3;
+  const double height = splashHeight / 3;
+  Image1.setPlace({-width, (splashHeight - height) / 2, width, height});
+  show();
+  for (int step = 1; step <= slideSteps; ++step) {
+    Place place = Image1.place();
+    place.left = -width + (splashWidth + width) / 2 * step / slideSteps;
+    Image1.setPlace(place);
+    platform_.pump.pause(slidePause);
+  }
+  Image1.setPlace({0, 0, splashWidth, splashHeight});
+  Timer1.setInterval(waitMilliseconds);
+}
+
+void FrmSplash::Timer1_Timer() {
+  Timer1.setInterval(0);
+  unload();
+  next_();
+}
+
+}  // namespace plimo

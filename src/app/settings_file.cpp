@@ -1,0 +1,82 @@
+#include "app/settings_file.h"
+
+#include <cmath>
+#include <utility>
+
+#include "base/errors.h"
+#include "base/notation.h"
+#include "base/text.h"
+
+namespace plimo {
+
+namespace {
+
+constexpr Colour white = 16777215;
+
+Colour toColour(double number, const std::string& path) {
+  if (number < 0 || number > white) throw RuntimeError(ErrorNumber::overflow, path);
+  return static_cast<Colour>(std::nearbyint(number));
+}
+
+LooseValue loose(const Item& item) { return {std::string(item.text), item.isTrue()}; }
+
+double number(const Item& item, const std::string& path) {
+  double value = 0;
+  if (!parseNumber(item.text, value)) throw RuntimeError(ErrorNumber::typeMismatch, path);
+  return value;
+}
+
+int shortInteger(const Item& item, const std::string& path) {
+  const double value = number(item, path);
+  if (std::nearbyint(value) != value) throw RuntimeError(ErrorNumber::typeMismatch, path);
+  if (value < -32768 || value > 32767) throw RuntimeError(ErrorNumber::overflow, path);
+  return static_cast<int>(value);
+}
+
+}  // namespace
+
+bool LooseValue::equals(int wanted) const {
+  double value = 0;
+  return parseNumber(text_, value) && value == wanted;
+}
+
+Colour LooseValue::colour(const std::string& path) const {
+  if (text_.empty()) return 0;
+  double value = 0;
+  if (!parseNumber(text_, value)) throw RuntimeError(ErrorNumber::typeMismatch, path);
+  return toColour(value, path);
+}
+
+Colour SavedSettings::colour(std::size_t which, const std::string& path) const {
+  return which < colours.size() ? colours[which].colour(path) : toColour(lastColour, path);
+}
+
+std::vector<std::string> splitDriveLetters(std::string_view drives) {
+  const std::vector<std::string_view> pieces = split(drives, ':');
+  return {pieces.begin(), pieces.end()};
+}
+
+SavedSettings readSettings(FileSystemObject& files, const std::string& path) {
+  const auto view = files.openForReading(path);
+  NotationReader reader(view->bytes(), path);
+  SavedSettings settings;
+  settings.useWinamp = loose(reader.next());
+  settings.noScan = loose(reader.next());
+  settings.scan = loose(reader.next());
+  const Item drives = reader.next();
+  if (drives.hashFramed()) throw RuntimeError(ErrorNumber::typeMismatch, path);
+  settings.driveLetters = splitDriveLetters(drives.text);
+  settings.splash = loose(reader.next());
+  settings.compact = shortInteger(reader.next(), path);
+  for (LooseValue& colour : settings.colours) colour = loose(reader.next());
+  settings.lastColour = number(reader.next(), path);
+  return settings;
+}
+
+std::string readWinampPath(FileSystemObject& files, const std::string& path) {
+  const auto view = files.openForReading(path);
+  NotationReader reader(view->bytes(), path);
+  return std::string(reader.next().text);
+}
+
+}  // namespace plimo

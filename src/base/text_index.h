@@ -1,0 +1,38 @@
+// Numbers texts: each distinct text gets the next number from 0.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace plimo {
+
+// An open-addressing hash table over texts that it does not own: they must outlive it.
+class TextIndex {
+ public:
+  static constexpr std::uint32_t none = UINT32_MAX;
+
+  explicit TextIndex(std::size_t expected = 0);
+
+  // The text's number; none where it has not been added.
+  std::uint32_t find(std::string_view text) const { return find(text, hash(text)); }
+  // Adds the text where it is new; its number either way.
+  std::uint32_t add(std::string_view text);
+  std::size_t size() const { return texts_.size(); }
+  std::string_view text(std::uint32_t number) const { return texts_[number]; }
+
+ private:
+  static std::uint64_t hash(std::string_view text);
+  std::uint32_t find(std::string_view text, std::uint64_t hash) const;
+  void grow();
+
+  struct Slot {
+    std::uint32_t tag;     // the hash's upper half: most texts that differ are told apart without a look at them
+    std::uint32_t number;  // none: free
+  };
+  std::vector<Slot> slots_;
+  std::vector<std::string_view> texts_;
+};
+
+}  // namespace plimo
