@@ -1,0 +1,207 @@
+// Replacing, deleting and copying: what every platform does alike.
+#include "platform/file_contract.h"
+
+namespace plimo {
+namespace {
+
+using Names = std::vector<std::string>;
+
+template <typename Machine>
+class FileWritingContract : public FileContract<Machine> {
+ protected:
+  int replacing(const std::string& path, Force force = Force::no) {
+    return this->errorOf([&] { replaceWhole(this->files(), path, "new", force); });
+  }
+  int deleting(const std::string& path, Force force = Force::no) {
+    return this->errorOf([&] { this->files().deleteFile(path, force); });
+  }
+  int copying(const std::string& from, const std::string& to, bool overwrite) {
+    return this->errorOf([&] { this->files().copyFile(from, to, overwrite); });
+  }
+};
+
+TYPED_TEST_SUITE(FileWritingContract, Machines);
+
+TYPED_TEST(FileWritingContract, ANewFileIsSeenWhenItIsCommitted) {
+  const std::string path = this->at({"f", "new.m3u"});
+  this->machine_.addFolder(this->at({"f"}));
+  {
+    const auto replacement = this->files().replaceFile(path, Force::no);
+    replacement->write("one");
+    EXPECT_FALSE(this->files().fileExists(path));
+    replacement->write(std::string(700 * 1024, 'x'));
+    replacement->write("two");
+    EXPECT_FALSE(this->files().fileExists(path));
+    replacement->commit();
+  }
+  EXPECT_EQ(this->machine_.content(path), "one" + std::string(700 * 1024, 'x') + "two");
+  EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"new.m3u"});
+}
+
+TYPED_TEST(FileWritingContract, WithoutACommitTheOldFileStandsAndNothingIsLeft) {
+  const std::string path = this->at({"f", "list.m3u"});
+  this->machine_.addFile(path, "old");
+  {
+    const auto replacement = this->files().replaceFile(path, Force::no);
+    replacement->write(std::string(1024 * 1024, 'x'));
+    EXPECT_EQ(this->machine_.content(path), "old");
+  }
+  EXPECT_EQ(this->machine_.content(path), "old");
+  EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"list.m3u"});
+  { this->files().replaceFile(this->at({"f", "other"}), Force::no)->write("x"); }
+  EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"list.m3u"});
+}
+
+TYPED_TEST(FileWritingContract, AReplacementMayBeEmpty) {
+  const std::string path = this->at({"f", "list.m3u"});
+  this->machine_.addFile(path, "old");
+  this->files().replaceFile(path, Force::no)->commit();
+  EXPECT_EQ(this->machine_.content(path), "");
+  EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"list.m3u"});
+}
+
+TYPED_TEST(FileWritingContract, AReadOnlyFileIsReplacedOnlyWithForce) {
+  const std::string path = this->at({"plimo.ini"});
+  this->machine_.addFile(path, "old");
+  this->machine_.makeReadOnly(path);
+  EXPECT_EQ(this->replacing(path), 75);
+  EXPECT_EQ(this->machine_.content(path), "old");
+  EXPECT_EQ(this->replacing(path, Force::yes), 0);
+  EXPECT_EQ(this->machine_.content(path), "new");
+  EXPECT_EQ(this->replacing(path), 0) << "what was forced once is an ordinary file then";
+}
+
+TYPED_TEST(FileWritingContract, ReplacingFailsByItsReason) {
+  this->machine_.addFile(this->at({"locked", "old"}), "old");
+  this->machine_.makeFolderUnwritable(this->at({"locked"}));
+  this->machine_.addFile(this->at({"file"}), "");
+  EXPECT_EQ(this->replacing(this->at({"missing", "x"})), 76);
+  EXPECT_EQ(this->replacing(this->at({"file", "x"})), 76);
+  EXPECT_EQ(this->replacing(this->at({"locked", "x"})), 75);
+  EXPECT_EQ(this->replacing(this->at({"locked", "old"}), Force::yes), 75);
+  EXPECT_EQ(this->replacing(this->at({"locked"})), 75);
+  EXPECT_EQ(this->replacing(this->files().join(this->files().drives()[1].root, "x")), 71);
+  EXPECT_EQ(this->machine_.content(this->at({"locked", "old"})), "old");
+  EXPECT_EQ(this->namesIn(this->at({"locked"})), Names{"old"});
+}
+
+TYPED_TEST(FileWritingContract, AFullDiskKeepsTheOldFile) {
+  std::string failure;
+  const bool shown = this->machine_.onFullDisk(
+      [this](FileSystemObject& files, const std::string& folder) -> std::string {
+        const std::string old = files.join(folder, "old");
+        const FolderContents before = files.contents(folder);
+        if (this->errorOf([&] { replaceWhole(files, old, "much longer than before", Force::no); }) != 61) {
+          return "replacing: not 61";
+        }
+        if (this->errorOf([&] { replaceWhole(files, files.join(folder, "other"), "x", Force::no); }) != 61) {
+          return "a new file: not 61";
+        }
+        if (this->errorOf([&] { files.copyFile(old, files.join(folder, "copy"), false); }) != 61) {
+          return "copying: not 61";
+        }
+        if (files.openForReading(old)->bytes() != "old") return "the old content is gone";
+        return files.contents(folder).files == before.files ? "" : "something is left behind";
+      },
+      failure);
+  if (!shown) GTEST_SKIP() << "no small disk can be made here";
+  EXPECT_EQ(failure, "");
+}
+
+TYPED_TEST(FileWritingContract, AFileIsDeleted) {
+  this->machine_.addFile(this->at({"f", "a"}), "x");
+  this->machine_.addFile(this->at({"f", "b"}), "x");
+  EXPECT_EQ(this->deleting(this->at({"f", "a"})), 0);
+  EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"b"});
+}
+
+TYPED_TEST(FileWritingContract, DeletingFailsByItsReason) {
+  this->machine_.addFile(this->at({"closed", "a"}), "x");
+  this->machine_.makeFolderUnwritable(this->at({"closed"}));
+  EXPECT_EQ(this->deleting(this->at({"missing"})), 53);
+  EXPECT_EQ(this->deleting(this->at({"missing", "x"})), 53);
+  EXPECT_EQ(this->deleting(this->at({"closed"})), 53);
+  EXPECT_EQ(this->deleting(this->at({"closed", "a"})), 70);
+  EXPECT_EQ(this->deleting(this->at({"closed", "a"}), Force::yes), 70);
+  EXPECT_TRUE(this->files().fileExists(this->at({"closed", "a"})));
+}
+
+TYPED_TEST(FileWritingContract, AReadOnlyFileIsDeletedOnlyWithForce) {
+  const std::string path = this->at({"song.mp3"});
+  this->machine_.addFile(path, "x");
+  this->machine_.makeReadOnly(path);
+  EXPECT_EQ(this->deleting(path), 70);
+  EXPECT_TRUE(this->files().fileExists(path));
+  EXPECT_EQ(this->deleting(path, Force::yes), 0);
+  EXPECT_FALSE(this->files().fileExists(path));
+}
+
+TYPED_TEST(FileWritingContract, ACopyIsWholeAndTellsHowFarItIs) {
+  const std::string content(20 * 1024 * 1024 + 3, 'y');
+  this->machine_.addFile(this->at({"a.mp3"}), content);
+  this->machine_.addFolder(this->at({"f"}));
+  std::uint64_t last = 0;
+  this->files().copyFile(this->at({"a.mp3"}), this->at({"f", "b.mp3"}), false,
+                         [&](std::uint64_t copied, std::uint64_t size) {
+                           EXPECT_GE(copied, last);
+                           EXPECT_EQ(size, content.size());
+                           EXPECT_FALSE(this->files().fileExists(this->at({"f", "b.mp3"})));
+                           last = copied;
+                         });
+  EXPECT_EQ(last, content.size());
+  EXPECT_TRUE(this->machine_.content(this->at({"f", "b.mp3"})) == content);
+  EXPECT_TRUE(this->machine_.content(this->at({"a.mp3"})) == content);
+  EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"b.mp3"});
+}
+
+TYPED_TEST(FileWritingContract, ACopyThatIsBrokenOffLeavesNothing) {
+  this->machine_.addFile(this->at({"a.mp3"}), "x");
+  this->machine_.addFolder(this->at({"f"}));
+  EXPECT_THROW(this->files().copyFile(this->at({"a.mp3"}), this->at({"f", "b.mp3"}), false,
+                                      [](std::uint64_t, std::uint64_t) { throw 1; }),
+               int);
+  EXPECT_EQ(this->namesIn(this->at({"f"})), Names{});
+}
+
+TYPED_TEST(FileWritingContract, ACopyTakesTheTargetsPlaceOnlyWhenItMay) {
+  this->machine_.addFile(this->at({"a"}), "new");
+  this->machine_.addFile(this->at({"f", "b"}), "old");
+  EXPECT_EQ(this->copying(this->at({"a"}), this->at({"f", "b"}), false), 58);
+  EXPECT_EQ(this->machine_.content(this->at({"f", "b"})), "old");
+  EXPECT_EQ(this->copying(this->at({"a"}), this->at({"f", "b"}), true), 0);
+  EXPECT_EQ(this->machine_.content(this->at({"f", "b"})), "new");
+  EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"b"});
+}
+
+TYPED_TEST(FileWritingContract, ACopyKeepsBeingReadOnly) {
+  this->machine_.addFile(this->at({"a"}), "x");
+  this->machine_.makeReadOnly(this->at({"a"}));
+  EXPECT_EQ(this->copying(this->at({"a"}), this->at({"b"}), false), 0);
+  EXPECT_EQ(this->deleting(this->at({"b"})), 70);
+}
+
+TYPED_TEST(FileWritingContract, CopyingFailsByItsReason) {
+  this->machine_.addFile(this->at({"a"}), "a");
+  this->machine_.addFile(this->at({"fixed"}), "old");
+  this->machine_.makeReadOnly(this->at({"fixed"}));
+  this->machine_.addFile(this->at({"secret"}), "x");
+  this->machine_.makeUnreadable(this->at({"secret"}));
+  this->machine_.addFolder(this->at({"closed"}));
+  this->machine_.makeFolderUnwritable(this->at({"closed"}));
+  EXPECT_EQ(this->copying(this->at({"missing"}), this->at({"b"}), false), 53);
+  EXPECT_EQ(this->copying(this->at({"closed"}), this->at({"b"}), false), 53);
+  EXPECT_EQ(this->copying(this->at({"secret"}), this->at({"b"}), false), 70);
+  EXPECT_EQ(this->copying(this->at({"a"}), this->at({"a"}), true), 70);
+  EXPECT_EQ(this->copying(this->at({"a"}), this->files().joinDoubled(this->machine_.root(), "a"), true), 70);
+  EXPECT_EQ(this->copying(this->at({"a"}), this->at({"fixed"}), true), 70);
+  EXPECT_EQ(this->copying(this->at({"a"}), this->at({"closed"}), true), 70);
+  EXPECT_EQ(this->copying(this->at({"a"}), this->at({"closed", "b"}), false), 70);
+  EXPECT_EQ(this->copying(this->at({"a"}), this->at({"missing", "b"}), false), 76);
+  EXPECT_EQ(this->copying(this->at({"a"}), this->at({"fixed", "b"}), false), 76);
+  EXPECT_EQ(this->machine_.content(this->at({"a"})), "a");
+  EXPECT_EQ(this->machine_.content(this->at({"fixed"})), "old");
+  EXPECT_EQ(this->namesIn(this->machine_.root()), (Names{"a", "fixed", "secret"}));
+}
+
+}  // namespace
+}  // namespace plimo
