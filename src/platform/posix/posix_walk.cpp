@@ -44,8 +44,9 @@ FolderContents PosixFiles::contents(std::string_view folder) {
 // One walk. Each level keeps its reader from folder to folder, so that a large tree costs few allocations.
 class PosixFiles::Walk {
  public:
-  Walk(const PosixFiles& files, std::string_view folder, bool (*wanted)(std::string_view name), const FoundFile& found)
-      : files_(files), path_(folder), found_(found) {
+  Walk(const PosixFiles& files, std::string_view folder, bool (*wanted)(std::string_view name), const FoundFile& found,
+       const FoundFile& entered)
+      : files_(files), path_(folder), found_(found), entered_(entered) {
     query_.wantedFile = wanted;
   }
 
@@ -58,6 +59,7 @@ class PosixFiles::Walk {
  private:
   // The folder at path_, open at `descriptor`.
   bool visit(int descriptor, std::size_t level, int depth) {
+    if (!entered_(path_)) return false;
     if (levels_.size() <= level) levels_.push_back(std::make_unique<FolderReader>());
     FolderReader& here = *levels_[level];
     query_.folders = depth > 0;
@@ -91,13 +93,14 @@ class PosixFiles::Walk {
   const PosixFiles& files_;
   std::string path_;
   const FoundFile& found_;
+  const FoundFile& entered_;
   FolderQuery query_;
   std::vector<std::unique_ptr<FolderReader>> levels_;
 };
 
 bool PosixFiles::walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name),
-                      const FoundFile& found) {
-  return Walk(*this, folder, wanted, found).begin(depth);
+                      const FoundFile& found, const FoundFile& entered) {
+  return Walk(*this, folder, wanted, found, entered).begin(depth);
 }
 
 }  // namespace plimo
