@@ -4,6 +4,7 @@
 // that is not said to ignore errors ends with the first RuntimeError, which the dispatcher reports.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -257,6 +258,17 @@ class Form1 : public Form, public Form1Controls {
  private:
   void design();
   void wire();
+
+  // The pieces of Preferences_Click, Command5_Click and the colour editor, in the files of those.
+  void showSettings();  // as plimo.ini tells them
+  void showWinampChooser(bool shown);
+  void showWinampFolder();  // as path.kvx tells it
+  void tickDrivesToScan();
+  void findWinamp();
+  bool writeSettings();  // false: there is nothing to list and nothing to scan, so nothing was written
+  void storeColours(const std::array<Colour, 6>& scheme);
+  ListBox* finalListAtOpening_ = &List4;  // the one that showed when the preferences were opened
+  ListBox* sampledList_ = nullptr;        // the one that holds the colour editor's sample lines
 
   // List6 stands in List4's place and wears its colours.
   struct ColourFollower : ControlObserver {

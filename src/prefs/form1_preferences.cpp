@@ -1,0 +1,103 @@
+// The settings panel: how it opens, and how its controls keep in step.
+#include "app/form1.h"
+#include "app/settings_file.h"
+#include "base/text.h"
+#include "prefs/settings_choice.h"
+#include "prefs/winamp_folder.h"
+
+namespace plimo {
+
+void Form1::Preferences_Click() {
+  constexpr auto warning =
+      " I think you should save your final playlist before entering the 'Preferences' section otherwise the playlist "
+      "may be cleared! Would you like to enter the 'Preferences' section anyway ? ";
+  if ((!List4.empty() || !List6.empty()) && !platform.dialogs.question(warning)) return;
+  leaveCompactLayout();
+  finalListAtOpening_ = &finalList();
+  Command5.setCaption("Accept");
+  Command5.setEnabled(true);
+  showListFrames(false);
+  hidePictures();
+  Frame1.setVisible(true);
+  if (platform.files.fileExists(ownFile(settingsName))) showSettings();
+  hidemainview();
+  List5.clear();
+  fillDrives(List5);
+  tickDrivesToScan();
+}
+
+void Form1::showSettings() {
+  Option4.setVisible(true);
+  const SavedSettings settings = readSettings(platform.files, ownFile(settingsName));
+  driveletters = settings.driveLetters;
+  if (settings.useWinamp.equals(1)) {
+    Check3.setValue(1);
+    showWinampChooser(true);
+    makethefile = true;
+    if (platform.files.fileExists(ownFile(winampPathName))) showWinampFolder();
+  }
+  if (settings.noScan.isTrue()) Option4.setValue(true);
+  if (settings.splash.equals(1)) Check4.setValue(1);
+  if (settings.compact == 1) Check5.setValue(1);
+  if (settings.scan.isTrue()) Option5.setValue(true);
+}
+
+void Form1::showWinampChooser(bool shown) {
+  if (shown) {
+    Drive1.refresh();
+    if (Dir1.path().empty()) {  // never shown before
+      Dir1.setPath(defdir);
+      Drive1.setDrive(driveHolding(platform.files, Drive1.entries(), defdir));
+    }
+  }
+  Label1.setVisible(shown);
+  Drive1.setVisible(shown);
+  Dir1.setVisible(shown);
+}
+
+void Form1::showWinampFolder() {
+  const std::string winamp = readWinampPath(platform.files, ownFile(winampPathName));
+  const auto folder = folderOfWinamp(platform.files, winamp);
+  if (!folder) return;  // its drive is gone or not ready
+  Drive1.setDrive(driveHolding(platform.files, Drive1.entries(), *folder));
+  Dir1.setPath(*folder);
+}
+
+void Form1::tickDrivesToScan() {
+  for (std::size_t row = 0; row < List5.count(); ++row) {
+    for (const std::string& letter : driveletters) {
+      if (compareFolded(driveLetterOf(List5.text(row)), letter) == 0) List5.setSelected(row, true);
+    }
+  }
+}
+
+void Form1::Check3_Click() {
+  showWinampChooser(Check3.ticked());
+  makethefile = Check3.ticked();
+}
+
+void Form1::Drive1_Change() {
+  for (const DriveList::Entry& drive : Drive1.entries()) {
+    if (drive.letter == Drive1.drive()) Dir1.setPath(drive.root);
+  }
+}
+
+void Form1::List5_Click() {
+  if (List5.selectedCount() > 0) Option5.setValue(true);
+}
+
+void Form1::List5_DblClick() { List5_Click(); }
+
+// A row's tick is its selected state: they cannot differ.
+void Form1::List5_ItemCheck(std::size_t) {}
+
+void Form1::Option4_Click() {
+  if (Option4.value()) List5.clearSelection();
+}
+
+void Form1::Command16_Click() {
+  settingscancelled = true;
+  leavesettings();
+}
+
+}  // namespace plimo

@@ -1,0 +1,50 @@
+#include "prefs/winamp_folder.h"
+
+#include "base/text.h"
+
+namespace plimo {
+
+namespace {
+
+constexpr std::string_view winampName = "winamp.exe";
+
+bool isWinamp(std::string_view name) { return upperAscii(name) == "WINAMP.EXE"; }
+
+// The folder above; empty at the top.
+std::string above(FileSystemObject& files, const std::string& folder) {
+  std::string parent = files.folderOf(folder);
+  return parent == folder ? std::string() : parent;
+}
+
+}  // namespace
+
+std::optional<std::string> winampIn(FileSystemObject& files, std::string_view folder) {
+  for (const std::string& name : files.contents(folder).files) {
+    if (isWinamp(files.fileName(files.shortFilePath(files.join(folder, name))))) return name;
+  }
+  return std::nullopt;
+}
+
+std::string winampPath(FileSystemObject& files, std::string_view folder, std::string_view found) {
+  const bool asItIs = files.caseSensitive() && !files.fileExists(files.join(folder, winampName));
+  return files.joinDoubled(folder, asItIs ? found : winampName);
+}
+
+std::optional<std::string> folderOfWinamp(FileSystemObject& files, std::string_view winampPath) {
+  std::string folder = files.caseSensitive() ? std::string(winampPath) : upperAscii(winampPath);
+  if (isWinamp(files.fileName(folder))) folder = files.folderOf(folder);
+  while (!folder.empty() && !files.folderExists(folder)) folder = above(files, folder);
+  if (folder.empty()) return std::nullopt;
+  return folder;
+}
+
+char driveHolding(FileSystemObject& files, std::span<const DriveList::Entry> drives, std::string_view folder) {
+  for (std::string place(folder); !place.empty(); place = above(files, place)) {
+    for (const DriveList::Entry& drive : drives) {
+      if (files.sameFile(drive.root, place)) return drive.letter;
+    }
+  }
+  return 0;
+}
+
+}  // namespace plimo
