@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "app/form1_controls.h"
+#include "app/layout.h"
 #include "controls/form.h"
 #include "platform/platform.h"
 
@@ -246,11 +247,7 @@ class Form1 : public Form, public Form1Controls {
   std::string pickedup;                   // the song picked up by "q"; empty: none
   std::string lengthtext;                 // the current song's length, as the caption shows it
 
-  // The controls' widths, lefts, heights and tops as fractions of the form's inner size.
-  struct Ratio {
-    float width = 0, left = 0, height = 0, top = 0;
-  };
-  std::vector<Ratio> ratios;
+  std::vector<Ratio> ratios;  // one for each control
   // The player's place before the compact view.
   float playerleft = 0, playertop = 0, playerwidth = 0;
   std::int16_t playerheight = 0;

@@ -1,0 +1,20 @@
+#include "playback/run_file.h"
+
+#include "catalogue/song_lookup.h"
+#include "playlists/m3u.h"
+
+namespace plimo {
+
+void writeRun(FileSystemObject& files, const std::string& playlist, const std::string& catalogue,
+              std::span<const std::string_view> names) {
+  const auto replacement = files.replaceFile(playlist, Force::no);
+  const SongPaths paths(files, catalogue, names);
+  std::string content;
+  for (std::size_t name = 0; name < names.size(); ++name) {
+    for (const std::string_view path : paths.of(name)) appendPath(content, path);
+  }
+  replacement->write(content);
+  replacement->commit();
+}
+
+}  // namespace plimo
