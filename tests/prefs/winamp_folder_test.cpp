@@ -1,0 +1,97 @@
+#include "prefs/winamp_folder.h"
+
+#include <gtest/gtest.h>
+
+#include "base/errors.h"
+#include "platform/memory/memory_files.h"
+#include "platform/posix/posix_files.h"
+#include "platform/temporary_folder.h"
+
+namespace plimo {
+namespace {
+
+using Drives = std::vector<DriveList::Entry>;
+
+TEST(WinampFolder, ItIsFoundInAnyCaseByItsShortName) {
+  MemoryFiles files;
+  files.addFile("C:\\A\\Readme.txt");
+  files.addFile("C:\\A\\WinAmp.exE");
+  files.addFile("C:\\B\\Winamp Player.exe");
+  files.addFile("C:\\B\\winamp.exe.bak");
+  files.addFile("C:\\B\\xwinamp.exe");
+  files.addFile("C:\\C\\winamp.exe\\inner.txt");
+  EXPECT_EQ(winampIn(files, "C:\\A"), "WinAmp.exE");
+  EXPECT_EQ(winampIn(files, "C:\\B"), std::nullopt);
+  EXPECT_EQ(winampIn(files, "C:\\C"), std::nullopt) << "a folder is no program";
+}
+
+TEST(WinampFolder, AFolderThatCannotBeReadIsAnError) {
+  MemoryFiles files;
+  EXPECT_THROW(winampIn(files, "C:\\nowhere"), RuntimeError);
+}
+
+TEST(WinampFolder, ItsPathIsInLowerCaseWithASeparatorBehindARootToo) {
+  MemoryFiles files;
+  files.addFile("C:\\Winamp\\WINAMP.EXE");
+  EXPECT_EQ(winampPath(files, "C:\\Winamp", "WINAMP.EXE"), "C:\\Winamp\\winamp.exe");
+  EXPECT_EQ(winampPath(files, "C:\\", "winamp.exe"), "C:\\\\winamp.exe");
+}
+
+TEST(WinampFolder, WhereCasesAreToldApartThePathNamesTheProgramThatIsThere) {
+  TemporaryFolder folder;
+  PosixFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
+  writeFile(folder / "WinAmp.EXE", "");
+  EXPECT_EQ(winampIn(files, folder.path()), "WinAmp.EXE");
+  EXPECT_EQ(winampPath(files, folder.path(), "WinAmp.EXE"), folder / "WinAmp.EXE");
+  writeFile(folder / "winamp.exe", "");
+  EXPECT_EQ(winampPath(files, folder.path(), "WinAmp.EXE"), folder / "winamp.exe");
+}
+
+TEST(WinampFolder, TheFolderOfAStoredPathIsInCapitals) {
+  MemoryFiles files;
+  files.addFolder("C:\\Program Files\\Winamp");
+  EXPECT_EQ(folderOfWinamp(files, "C:\\Program Files\\Winamp\\winamp.exe"), "C:\\PROGRAM FILES\\WINAMP");
+  EXPECT_EQ(folderOfWinamp(files, "C:\\\\winamp.exe"), "C:\\");
+  EXPECT_EQ(folderOfWinamp(files, "C:\\Program Files\\Winamp"), "C:\\PROGRAM FILES\\WINAMP");
+}
+
+TEST(WinampFolder, WhereCasesAreToldApartTheFolderKeepsItsCase) {
+  TemporaryFolder folder;
+  PosixFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
+  makeFolders(folder / "Winamp");
+  EXPECT_EQ(folderOfWinamp(files, folder / "Winamp/WinAmp.exe"), folder / "Winamp");
+  EXPECT_EQ(folderOfWinamp(files, folder / "winamp/winamp.exe"), folder.path());
+}
+
+TEST(WinampFolder, AFolderThatIsGoneGivesWayToTheNearestOneAboveIt) {
+  MemoryFiles files;
+  files.addFolder("C:\\Programs");
+  files.addDrive('D', DriveType::cdrom, false);
+  EXPECT_EQ(folderOfWinamp(files, "C:\\Programs\\Old\\Winamp\\winamp.exe"), "C:\\PROGRAMS");
+  EXPECT_EQ(folderOfWinamp(files, "C:\\Gone\\winamp.exe"), "C:\\");
+  EXPECT_EQ(folderOfWinamp(files, "D:\\Winamp\\winamp.exe"), std::nullopt);
+  EXPECT_EQ(folderOfWinamp(files, "winamp.exe"), std::nullopt);
+  EXPECT_EQ(folderOfWinamp(files, ""), std::nullopt);
+}
+
+TEST(WinampFolder, ADriveHoldsTheFoldersBelowItsRoot) {
+  MemoryFiles files;
+  const Drives drives{{'C', "Hard Drive", "C:\\"}, {'D', "CDROM", "D:\\"}};
+  EXPECT_EQ(driveHolding(files, drives, "d:\\Winamp"), 'D');
+  EXPECT_EQ(driveHolding(files, drives, "C:\\"), 'C');
+  EXPECT_EQ(driveHolding(files, drives, "E:\\Winamp"), 0);
+  EXPECT_EQ(driveHolding(files, drives, ""), 0);
+}
+
+TEST(WinampFolder, OfDrivesInsideEachOtherTheInnermostHoldsTheFolder) {
+  TemporaryFolder folder;
+  makeFolders(folder / "disk/Winamp");
+  PosixFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
+  const Drives drives{{'C', "Hard Drive", folder.path()}, {'D', "Hard Drive", folder / "disk"}};
+  EXPECT_EQ(driveHolding(files, drives, folder / "disk/Winamp"), 'D');
+  EXPECT_EQ(driveHolding(files, drives, folder / "disks"), 'C');
+  EXPECT_EQ(driveHolding(files, drives, "/"), 0);
+}
+
+}  // namespace
+}  // namespace plimo
