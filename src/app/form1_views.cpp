@@ -99,8 +99,8 @@ void Form1::leaveCompactLayout() {
 
 void Form1::hidemainview() {
   hidePictures();
-  for (Control* control : std::initializer_list<Control*>{&List2, &List1, &List4, &List6, &Function, &View, &help,
-                                                          &Settings}) {
+  for (Control* control :
+       std::initializer_list<Control*>{&List2, &List1, &List4, &List6, &Function, &View, &help, &Settings}) {
     control->setVisible(false);
   }
   setWindowState(WindowState::maximised);

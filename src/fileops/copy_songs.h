@@ -1,0 +1,27 @@
+// Copying the files behind songs.
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/event_pump.h"
+#include "platform/file_system_object.h"
+
+namespace plimo {
+
+// What is to be copied out of a list of songs: the selected rows' names, and whether the first row is among them.
+struct CopyOrder {
+  std::span<const std::string_view> names;
+  bool firstRowSelected = false;
+};
+
+// Copies the files of all records that match the names into the folder: in the names' order, each name's in record
+// order. A file whose name stands there already is not copied; `present` hears of its name. Throws where the catalogue
+// cannot be read, and 53 where the first file to be copied is gone; from the first file that is there on, every failure
+// is ignored.
+void copySongs(FileSystemObject& files, EventPump& pump, const std::string& catalogue, const CopyOrder& order,
+               const std::string& folder, const std::function<void(std::string_view name)>& present);
+
+}  // namespace plimo
