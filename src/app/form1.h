@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -63,6 +64,7 @@ class Form1 : public Form, public Form1Controls {
 
   // --- Artists and the scratch playlist: playlists/form1_artists.cpp ---
   void List2_ItemCheck(std::size_t Index);
+  void tickArtists(std::span<const std::size_t> rows);
   void List2_MouseDown();
   void Command13_Click();
   void Command14_Click();
@@ -88,6 +90,9 @@ class Form1 : public Form, public Form1Controls {
   void List1_KeyPress(char KeyAscii);
   void List4_KeyPress(char KeyAscii);
   void List6_KeyPress(char KeyAscii);
+  void addCurrentSong();                            // of the scratch playlist, to the final one
+  void finalListKey(ListBox& list, char KeyAscii);  // every key but "w"
+  void drop();                                      // the picked-up song, on List6's current row
   void List1_MouseDown();
   void List4_MouseDown();
   void List6_MouseDown();
@@ -99,6 +104,8 @@ class Form1 : public Form, public Form1Controls {
   void openyh_Click();
   void save_Click();
   void save2_Click();
+  void untickArtists();
+  void fillFromPlaylist(const std::vector<std::string>& items);  // paths, as they stand in the file
 
   // --- Shuffle and sort, and which final list shows: playlists/form1_order.cpp ---
   void Shuffle_Click();
@@ -236,6 +243,7 @@ class Form1 : public Form, public Form1Controls {
   bool onlysort = false;           // the last Accept chose not to scan
   bool settingscancelled = false;  // the preferences were cancelled
   bool otherdrives = false;        // the next scan walks the drives selected in List7
+  bool scancancelled = false;      // the user ended the last scan
   bool resizing = false;           // Form_Resize does nothing
   int invalidpath = 0;             // -1: the last Accept did not find Winamp
   // The lists' colours as read from the settings: text and background of List2, List1, List4.

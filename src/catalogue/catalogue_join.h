@@ -47,8 +47,8 @@ class OpenCatalogue {
   std::string_view keep(std::string_view text) {
     const std::string_view bytes = view_->bytes();
     const std::less_equal<> notBehind;
-    const bool inFile = notBehind(bytes.data(), text.data()) &&
-                        notBehind(text.data() + text.size(), bytes.data() + bytes.size());
+    const bool inFile =
+        notBehind(bytes.data(), text.data()) && notBehind(text.data() + text.size(), bytes.data() + bytes.size());
     return inFile ? text : std::string_view(kept_.emplace_back(text));
   }
 

@@ -37,8 +37,21 @@ class ControlObserver {
 };
 
 enum class ControlKind {
-  commandButton, checkBox, optionButton, picture, label, frame, shape, slider, listBox, treeView, driveList, folderList,
-  mediaPlayer, timer, menu,
+  commandButton,
+  checkBox,
+  optionButton,
+  picture,
+  label,
+  frame,
+  shape,
+  slider,
+  listBox,
+  treeView,
+  driveList,
+  folderList,
+  mediaPlayer,
+  timer,
+  menu,
 };
 
 class Control {

@@ -25,10 +25,10 @@ class FormHost {
   virtual void show(Form& form) = 0;
   virtual void unload(Form& form) = 0;  // the window goes; the program ends with its last window
   virtual void captionChanged(Form& form) = 0;
-  virtual void stateChanged(Form& form) = 0;                             // to Form::windowState
-  virtual void resizeTo(Form& form, double width, double height) = 0;    // outer size, twips
-  virtual void focusChanged(Form& form) = 0;                             // to Form::focus
-  virtual void popUp(Form& form, Menu& menu) = 0;                        // where the user last pointed or typed
+  virtual void stateChanged(Form& form) = 0;                           // to Form::windowState
+  virtual void resizeTo(Form& form, double width, double height) = 0;  // outer size, twips
+  virtual void focusChanged(Form& form) = 0;                           // to Form::focus
+  virtual void popUp(Form& form, Menu& menu) = 0;                      // where the user last pointed or typed
 };
 
 class Form {

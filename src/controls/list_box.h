@@ -20,7 +20,7 @@ namespace plimo {
 
 class ListObserver : public ControlObserver {
  public:
-  virtual void rowsReset() = 0;                                     // anything may have changed
+  virtual void rowsReset() = 0;  // anything may have changed
   virtual void rowsAppended(std::size_t first, std::size_t count) = 0;
   virtual void rowsRemoved(std::size_t first, std::size_t count) = 0;
   virtual void selectionChanged() = 0;

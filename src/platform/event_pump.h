@@ -10,7 +10,7 @@ namespace plimo {
 
 // How far a copy is.
 struct CopyProgress {
-  std::size_t file = 0;   // from 1
+  std::size_t file = 0;  // from 1
   std::size_t files = 0;
   std::uint64_t bytes = 0;  // of this file, so far
   std::uint64_t size = 0;

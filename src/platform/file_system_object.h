@@ -58,7 +58,7 @@ class FileReplacement {
 // What a replacement does to an old file that may not be written.
 enum class Force { no, yes };
 
-// Reported by a drive walk for each folder and song as it is found, in order; false ends the walk.
+// Hears of each file (or folder) as a walk comes to it, by its path; false ends the walk.
 using FoundFile = std::function<bool(std::string_view path)>;
 
 class FileSystemObject {
@@ -99,7 +99,7 @@ class FileSystemObject {
 
   // --- Existence. False, never a failure, for anything that cannot be told. ---
 
-  virtual bool fileExists(std::string_view path) = 0;    // a regular file, or a link to one
+  virtual bool fileExists(std::string_view path) = 0;  // a regular file, or a link to one
   virtual bool folderExists(std::string_view path) = 0;
 
   // --- Folders ---
@@ -109,10 +109,13 @@ class FileSystemObject {
 
   // Walks a folder depth first: its files in order, then each subfolder's whole subtree in order, down to `depth`
   // levels of subfolders below it (0: its own files only). Reports the path of each file whose name `wanted` accepts.
-  // Links to folders are not followed. Throws as `contents` does, when the walk reaches the folder that fails.
-  // Returns false when `found` ended the walk.
-  virtual bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name),
-                    const FoundFile& found) = 0;
+  // `entered` hears of each folder before its files. Links to folders are not followed. Throws as `contents` does, when
+  // the walk reaches the folder that fails. Returns false when `found` or `entered` ended the walk.
+  virtual bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FoundFile& found,
+                    const FoundFile& entered) = 0;
+  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FoundFile& found) {
+    return walk(folder, depth, wanted, found, [](std::string_view) { return true; });
+  }
 
   // --- Files ---
 

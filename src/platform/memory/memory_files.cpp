@@ -121,14 +121,15 @@ FolderContents MemoryFiles::list(std::string_view folder) {
 }
 
 bool MemoryFiles::walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name),
-                       const FoundFile& found) {
+                       const FoundFile& found, const FoundFile& entered) {
+  if (!entered(folder)) return false;
   const FolderContents here = list(folder);
   for (const std::string& name : here.files) {
     if (wanted(name) && !found(join(folder, name))) return false;
   }
   if (depth == 0) return true;
   for (const std::string& name : here.folders) {
-    if (!walk(join(folder, name), depth - 1, wanted, found)) return false;
+    if (!walk(join(folder, name), depth - 1, wanted, found, entered)) return false;
   }
   return true;
 }

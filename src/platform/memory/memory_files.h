@@ -76,7 +76,9 @@ class MemoryFiles : public FileSystemObject {
   bool fileExists(std::string_view path) override;
   bool folderExists(std::string_view path) override;
   FolderContents contents(std::string_view folder) override;
-  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FoundFile& found) override;
+  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FoundFile& found,
+            const FoundFile& entered) override;
+  using FileSystemObject::walk;
   std::uint64_t fileSize(std::string_view path) override;
   std::unique_ptr<FileView> openForReading(std::string_view path) override;
   std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) override;

@@ -98,8 +98,8 @@ class PosixFiles::Walk {
   std::vector<std::unique_ptr<FolderReader>> levels_;
 };
 
-bool PosixFiles::walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name),
-                      const FoundFile& found, const FoundFile& entered) {
+bool PosixFiles::walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FoundFile& found,
+                      const FoundFile& entered) {
   return Walk(*this, folder, wanted, found, entered).begin(depth);
 }
 

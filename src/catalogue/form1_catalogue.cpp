@@ -1,0 +1,64 @@
+// The catalogue written from the songs found, and the artist list read from it.
+#include <memory>
+
+#include "app/form1.h"
+#include "catalogue/artist_set.h"
+#include "catalogue/catalogue_join.h"
+
+namespace plimo {
+
+namespace {
+
+// The catalogue goes to the disk in pieces of about this many bytes.
+constexpr std::size_t pieceSize = std::size_t{1} << 20;
+
+}  // namespace
+
+void Form1::deleteCatalogue() { deleteOwnFile(catalogueName); }
+
+void Form1::process() {
+  List4.clear();
+  showListFrames(false);
+  const auto file = platform.files.replaceFile(ownFile(catalogueName), Force::yes);
+  std::string piece;
+  piece.reserve(pieceSize + pieceSize / 16);
+  for (std::size_t row = 0; row < List3.count(); ++row) {
+    const std::string_view path = List3.text(row);
+    const SongName name = splitFileName(platform.files.fileName(path));
+    appendRecord(piece, {path, name.artist, name.second, name.title});
+    if (piece.size() >= pieceSize) {
+      file->write(piece);
+      piece.clear();
+    }
+  }
+  file->write(piece);
+  file->commit();
+}
+
+void Form1::display() {
+  showListFrames(false);
+  TreeView1.setVisible(false);
+  List1.clear();
+  List2.clear();
+  List3.clear();
+  artists.clear();
+  const std::string path = ownFile(catalogueName);
+  if (!platform.files.fileExists(path)) {
+    platform.dialogs.message("You need to scan again as the song list file is missing");
+  } else {
+    artists = distinctArtists(platform.files, path);
+    const std::vector<std::string_view> texts(artists.begin(), artists.end());
+    List2.addAll(texts);
+    for (Picture* picture : {&Picture1, &Picture2, &Picture3, &Picture7}) picture->setVisible(true);
+    List1.setVisible(true);
+    List2.setVisible(true);
+    const bool compact = !List6.empty();
+    List4.setVisible(!compact);
+    List6.setVisible(compact);
+  }
+  if (List2.empty()) {
+    platform.dialogs.message("It looks like you don't have any Mp3s on this drive. Try another drive!");
+  }
+}
+
+}  // namespace plimo

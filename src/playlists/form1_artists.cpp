@@ -1,0 +1,59 @@
+// Ticking artists fills the scratch playlist.
+#include <numeric>
+
+#include "app/form1.h"
+#include "playlists/artist_songs.h"
+
+namespace plimo {
+
+void Form1::List2_ItemCheck(std::size_t Index) {
+  if (fromsettings) return;
+  const std::string artist = List2.currentText();
+  const std::string catalogue = ownFile(catalogueName);
+  if (!List2.selected(Index)) {
+    List1.setTop(static_cast<long>(List1.count()));
+    removeSongs(platform.files, catalogue, artist, List1);
+    return;
+  }
+  const std::string_view key = artist;
+  appendSongs(platform.files, catalogue, std::span(&key, 1), List1);
+  List1.setTop(static_cast<long>(List1.count()) - 1);
+}
+
+// The same as ticking the rows one after the other, reading the catalogue once for all of them.
+void Form1::tickArtists(std::span<const std::size_t> rows) {
+  std::vector<std::size_t> changed;
+  std::vector<std::string_view> keys;
+  for (const std::size_t row : rows) {
+    if (List2.selected(row)) continue;
+    changed.push_back(row);
+    keys.push_back(List2.text(row));
+  }
+  if (changed.empty()) return;
+  List2.setSelectedQuietly(changed, true);
+  if (fromsettings) return;
+  appendSongs(platform.files, ownFile(catalogueName), keys, List1);
+  List1.setTop(static_cast<long>(List1.count()) - 1);
+}
+
+void Form1::List2_MouseDown() { popUp(pop3); }
+
+void Form1::Command13_Click() {
+  foldArtistStrip();
+  std::vector<std::size_t> rows(List2.count());
+  std::iota(rows.begin(), rows.end(), std::size_t{0});
+  tickArtists(rows);
+}
+
+void Form1::Command14_Click() {
+  foldArtistStrip();
+  List1.clear();
+  List2.clear();
+  display();
+}
+
+void Form1::sel_Click() { Command13_Click(); }
+
+void Form1::des_Click() { Command14_Click(); }
+
+}  // namespace plimo

@@ -1,0 +1,181 @@
+// Opening a playlist, and saving the final one.
+#include <algorithm>
+#include <optional>
+
+#include "app/form1.h"
+#include "base/notation.h"
+#include "base/text.h"
+#include "catalogue/catalogue_join.h"
+#include "catalogue/song_lookup.h"
+#include "playlists/artist_songs.h"
+#include "playlists/m3u.h"
+
+namespace plimo {
+
+namespace {
+
+// What the dialogs open with, and what they give back when they are cancelled.
+constexpr const char* anyPlaylist = "*.m3u";
+
+// A playlist goes to the disk in pieces of about this many bytes.
+constexpr std::size_t pieceSize = std::size_t{1} << 20;
+
+bool namesPlaylist(std::string_view name) {
+  return name.size() >= 3 && upperAscii(name.substr(name.size() - 3)) == "M3U";
+}
+
+std::vector<std::string> readPlaylist(FileSystemObject& files, const std::string& path) {
+  const auto view = files.openForReading(path);
+  NotationReader reader(view->bytes(), path);
+  std::vector<std::string> items;
+  while (!reader.atEnd()) items.emplace_back(reader.next().text);
+  return items;
+}
+
+struct Song {
+  std::string_view artist;
+  std::string_view title;
+};
+
+void writePlaylist(FileSystemObject& files, const std::string& target, Force force, const SongPaths& paths,
+                   std::size_t rows) {
+  const auto file = files.replaceFile(target, force);
+  std::string piece;
+  for (std::size_t row = 0; row < rows; ++row) {
+    for (const std::string_view path : paths.of(row)) appendPath(piece, path);
+    if (piece.size() >= pieceSize) {
+      file->write(piece);
+      piece.clear();
+    }
+  }
+  file->write(piece);
+  file->commit();
+}
+
+// Whatever ends an opening or a saving leaves the strips folded and the play picture in sight.
+class PanelsAtEnd {
+ public:
+  explicit PanelsAtEnd(Form1& form) : form_(form) {}
+  PanelsAtEnd(const PanelsAtEnd&) = delete;
+  PanelsAtEnd& operator=(const PanelsAtEnd&) = delete;
+  ~PanelsAtEnd() {
+    form_.foldAllStrips();
+    form_.Picture7.setVisible(true);
+  }
+
+ private:
+  Form1& form_;
+};
+
+}  // namespace
+
+void Form1::Command3_Click() {
+  const PanelsAtEnd panels(*this);
+  foldAllStrips();
+  for (Picture* picture : {&Picture2, &Picture3, &Picture7}) picture->setVisible(false);
+  List3.clear();
+  const std::string name =
+      platform.dialogs.openFile({"Open your play list file", anyPlaylist, platform.files.join(defdir, "")})
+          .value_or(anyPlaylist);
+  if (name == anyPlaylist) return;
+  if (!namesPlaylist(name)) {
+    foldAllStrips();
+    Picture7.setVisible(true);
+    platform.dialogs.message("Sorry, you can only open a playlist! Try again!");
+    return;
+  }
+  List4.clear();
+  List6.clear();
+  List1.clear();
+  untickArtists();
+  fillFromPlaylist(readPlaylist(platform.files, name));
+}
+
+// With the scratch playlist empty, unticking takes nothing off it.
+void Form1::untickArtists() {
+  std::vector<std::size_t> ticked;
+  for (std::size_t row = 0; row < List2.count(); ++row) {
+    if (List2.selected(row)) ticked.push_back(row);
+  }
+  List2.setSelectedQuietly(ticked, false);
+  if (!ticked.empty()) List1.setTop(0);
+}
+
+void Form1::fillFromPlaylist(const std::vector<std::string>& items) {
+  if (items.empty()) return;
+  Picture7.setVisible(true);
+  const std::vector<std::string_view> paths(items.begin(), items.end());
+  OpenCatalogue catalogue(platform.files, ownFile(catalogueName));
+  const CatalogueJoin<Song> songs(
+      catalogue, paths, BrokenEnd::fails,
+      [](const CatalogueRecord& record, std::string&) { return std::optional(record.path); },
+      [&catalogue](const CatalogueRecord& record) {
+        return Song{catalogue.keep(record.artist), catalogue.keep(record.title)};
+      });
+
+  ListBox& list = finalList();
+  TextIndex artistRows(List2.count());
+  std::vector<std::size_t> rowOfNumber;
+  for (std::size_t row = 0; row < List2.count(); ++row) {
+    if (artistRows.add(List2.text(row)) == rowOfNumber.size()) rowOfNumber.push_back(row);
+  }
+  std::vector<std::size_t> toTick;
+  std::string key;
+  for (std::size_t item = 0; item < items.size(); ++item) {
+    for (const Song& song : songs.of(item)) {
+      artistKey(song.artist, key);
+      List3.add(key);
+      const std::uint32_t number = artistRows.find(key);
+      if (number != TextIndex::none) toTick.push_back(rowOfNumber[number]);
+      if (const auto name = displayName(song.title)) list.add(*name);
+    }
+  }
+  // An artist once, where it comes first.
+  std::vector<bool> seen(List2.count());
+  std::erase_if(toTick, [&seen](std::size_t row) {
+    const bool again = seen[row];
+    seen[row] = true;
+    return again;
+  });
+  tickArtists(toTick);
+}
+
+void Form1::Command4_Click() {
+  const bool makeDefault = platform.dialogs.question("Would you like to make this the default play list ?");
+  const PanelsAtEnd panels(*this);
+  foldAllStrips();
+  Picture3.setVisible(false);
+  std::string target;
+  Force force = Force::no;
+  for (;;) {
+    const std::string name =
+        platform.dialogs.saveFile({"", anyPlaylist, platform.files.join(defdir, "")}).value_or(anyPlaylist);
+    if (name == anyPlaylist) return;
+    if (!platform.files.fileExists(name)) {
+      target = name + ".m3u";
+      break;
+    }
+    if (platform.dialogs.question("There is already a file by this name. Overwrite ?")) {
+      target = name;
+      force = Force::yes;
+      break;
+    }
+  }
+  const std::vector<std::string_view> songs = rowTexts(List4);
+  const SongPaths paths(platform.files, ownFile(catalogueName), songs);
+  writePlaylist(platform.files, target, force, paths, songs.size());
+  const std::string standard = ownFile(defaultPlaylistName);
+  if (makeDefault && !platform.files.sameFile(target, standard)) {
+    writePlaylist(platform.files, standard, Force::yes, paths, songs.size());
+  }
+}
+
+void Form1::open_Click() { Command3_Click(); }
+
+void Form1::openyh_Click() { Command3_Click(); }
+
+void Form1::save_Click() { Command4_Click(); }
+
+void Form1::save2_Click() { Command4_Click(); }
+
+}  // namespace plimo

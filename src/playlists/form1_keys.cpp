@@ -1,0 +1,134 @@
+// What the song lists do at single keys, and their pop-up menus.
+#include "app/form1.h"
+#include "playlists/artist_songs.h"
+#include "playlists/row_rules.h"
+
+namespace plimo {
+
+namespace {
+
+constexpr char backspace = 8;
+constexpr char enter = 13;
+constexpr char escape = 27;
+
+void selectCurrentSong(ListBox& list) {
+  if (list.current()) list.selectText(list.currentText());
+}
+
+void removeCurrentSong(ListBox& list) {
+  if (list.current()) list.removeFlagged(rowsRemovedByWalk(rowTexts(list), list.currentText()));
+}
+
+}  // namespace
+
+void Form1::List1_KeyPress(char KeyAscii) {
+  switch (KeyAscii) {
+    case 'c':
+    case escape:
+      List1.clearSelection();
+      break;
+    case 'v':
+      popUp(popy);
+      break;
+    case 'D':
+      Command10_Click();
+      break;
+    case 'z':
+      selectCurrentSong(List1);
+      break;
+    case 'x':
+    case backspace:
+      removeCurrentSong(List1);
+      List4.setTop(static_cast<long>(List4.count()) - 1);
+      break;
+    case enter:
+      if (List1.current()) playSongAlone(List1.currentText(), true);
+      break;
+    case ' ':
+      addCurrentSong();
+      break;
+    default:
+      break;
+  }
+}
+
+void Form1::addCurrentSong() {
+  if (fromsettings) return;
+  Picture7.setVisible(true);
+  ListBox& list = finalList();
+  if (List1.current()) list.add(List1.currentText());
+  list.setTop(static_cast<long>(list.count()) - 1);
+  List1.clearSelection();
+}
+
+void Form1::List4_KeyPress(char KeyAscii) {
+  if (KeyAscii == 'w') {
+    const std::optional<std::size_t> place = List4.current();
+    List6.clear();
+    List6.addAll(List4);
+    swapFinalLists(List6, List4);
+    List6.setCurrent(place);
+    drop();
+    for (ListBox* list : {&List2, &List1, &List6}) list->setVisible(true);
+  } else {
+    finalListKey(List4, KeyAscii);
+  }
+}
+
+void Form1::List6_KeyPress(char KeyAscii) {
+  if (KeyAscii == 'w') {
+    swapFinalLists(List6, List4);
+    drop();
+  } else {
+    finalListKey(List6, KeyAscii);
+  }
+}
+
+void Form1::finalListKey(ListBox& list, char KeyAscii) {
+  switch (KeyAscii) {
+    case 'q':
+      if (list.current()) pickedup = list.currentText();
+      list.clearSelection();
+      break;
+    case 'c':
+    case escape:
+      list.clearSelection();
+      break;
+    case 'v':
+      popUp(pop);
+      break;
+    case 'z':
+      selectCurrentSong(list);
+      break;
+    case 'x':
+    case backspace:
+      removeCurrentSong(list);
+      break;
+    case enter:
+      if (list.current()) playSongAlone(list.currentText(), false);
+      break;
+    default:
+      break;
+  }
+}
+
+void Form1::drop() {
+  List6.clearSelection();
+  if (pickedup.empty() || !List6.current()) return;
+  const std::string target = List6.currentText();
+  List3.clear();
+  List3.addAll(dropped(rowTexts(List6), pickedup, target));
+  List6.clear();
+  List6.addAll(List3);
+  List3.clear();
+  List6.setCurrent(List6.find(pickedup));
+  pickedup.clear();
+}
+
+void Form1::List1_MouseDown() { popUp(popy); }
+
+void Form1::List4_MouseDown() { popUp(pop); }
+
+void Form1::List6_MouseDown() { popUp(pop); }
+
+}  // namespace plimo
