@@ -66,11 +66,26 @@ constexpr int holds = 0;
 constexpr int fails = 1;
 constexpr int cannotTell = 2;
 
+// Inside a name space of its own an ordinary user is nobody until it is told who is who.
+bool nameUser(uid_t user, gid_t group) {
+  const auto tell = [](const char* what, const std::string& text) {
+    std::ofstream file(std::string("/proc/self/") + what);
+    file << text;
+    file.close();
+    return static_cast<bool>(file);
+  };
+  const auto itself = [](auto id) { return std::to_string(id) + " " + std::to_string(id) + " 1\n"; };
+  return tell("setgroups", "deny") && tell("uid_map", itself(user)) && tell("gid_map", itself(group));
+}
+
 // A small file system in a name space of this process alone, filled to the brim.
 bool mountSmallDisk(const std::string& folder) {
   const bool root = ::getuid() == 0;
   if (root && ::seteuid(0) != 0) return false;
+  const uid_t user = ::geteuid();
+  const gid_t group = ::getegid();
   if (::unshare(root ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0) return false;
+  if (!root && !nameUser(user, group)) return false;
   if (::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return false;
   if (::mount("none", folder.c_str(), "tmpfs", 0, "size=256k,mode=777") != 0) return false;
   writeFile(folder + "/old", "old");

@@ -66,10 +66,11 @@ bool NewFile::create(const std::string& path) {
   if (!folder_ && errno == EACCES) folder_ = Descriptor(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
   if (!folder_) return false;
 
-  // A file without a name leaves nothing behind, whatever happens to the program; not every file system has them.
-  file_ = Descriptor(::openat(folder_.number(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
-  if (file_ && ::access(procPath(file_.number()).c_str(), F_OK) == 0) return true;
-  if (!file_ && (errno == EACCES || errno == ENOSPC || errno == EDQUOT || errno == EROFS)) return false;
+  if (way_ == Way::unnamed) {
+    file_ = Descriptor(::openat(folder_.number(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
+    if (file_ && ::access(procPath(file_.number()).c_str(), F_OK) == 0) return true;
+    if (!file_ && (errno == EACCES || errno == ENOSPC || errno == EDQUOT || errno == EROFS)) return false;
+  }
   return createHidden();
 }
 

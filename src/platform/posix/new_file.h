@@ -25,7 +25,11 @@ bool isReadOnly(const std::string& path, const struct stat& status);
 
 class NewFile {
  public:
-  NewFile() = default;
+  // A file without a name leaves nothing behind, whatever happens to the program, but not every file system has such;
+  // there, and when told so, it has a hidden name until it is placed.
+  enum class Way { unnamed, hidden };
+
+  explicit NewFile(Way way = Way::unnamed) : way_(way) {}
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
   ~NewFile();
@@ -46,6 +50,7 @@ class NewFile {
   bool linkHidden();
   void syncFolder();
 
+  Way way_;
   Descriptor folder_;
   Descriptor file_;
   std::string name_;
