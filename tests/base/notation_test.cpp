@@ -1,0 +1,84 @@
+#include "base/notation.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "base/errors.h"
+
+namespace plimo {
+namespace {
+
+std::vector<std::string> items(std::string_view content) {
+  NotationReader reader(content);
+  std::vector<std::string> texts;
+  while (!reader.atEnd()) texts.emplace_back(reader.next().text);
+  return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(Notation, ValuesEndAtLineEndsAndCommas) {
+  EXPECT_EQ(items("1\r\n#TRUE#\r\n\"C:\"\r\n"), (Texts{"1", "#TRUE#", "C:"}));
+  EXPECT_EQ(items("1,#TRUE#,\"C:\",4"), (Texts{"1", "#TRUE#", "C:", "4"}));
+  EXPECT_EQ(items("a\nb\rc"), (Texts{"a", "b", "c"}));
+}
+
+TEST(Notation, AnEmptyLineIsAnEmptyValue) {
+  EXPECT_EQ(items("\r\n\"\"\r\nx"), (Texts{"", "", "x"}));
+  EXPECT_EQ(items("a,\r\nb"), (Texts{"a", "", "b"}));
+}
+
+TEST(Notation, QuotedTextsHoldCommasLineEndsAndDoubledQuotes) {
+  EXPECT_EQ(items("\"a,b\r\nc\"\r\nd"), (Texts{"a,b\r\nc", "d"}));
+  EXPECT_EQ(items("\"say \"\"hi\"\" twice\"\r\n\"\"\"\"\r\n"), (Texts{"say \"hi\" twice", "\""}));
+}
+
+TEST(Notation, LeadingBlanksAndAByteOrderMarkArePassedOver) {
+  EXPECT_EQ(items("\xEF\xBB\xBF  \"a\"  \r\n   b "), (Texts{"a", "b "}));
+}
+
+TEST(Notation, ATextWithoutItsLastQuoteGoesToTheEnd) { EXPECT_EQ(items("\"half"), (Texts{"half"})); }
+
+TEST(Notation, ReadingPastTheEndFailsAndNamesTheFile) {
+  NotationReader reader("1", "C:\\Plimo\\plimo.ini");
+  reader.next();
+  try {
+    reader.next();
+    FAIL() << "nothing thrown";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), ErrorNumber::inputPastEnd);
+    EXPECT_EQ(error.path(), "C:\\Plimo\\plimo.ini");
+  }
+}
+
+TEST(Notation, WhatIsWrittenIsReadBack) {
+  std::string file;
+  writeText(file, "a \"b\", c");
+  writeNumber(file, -12);
+  writeBoolean(file, false);
+  EXPECT_EQ(file, "\"a \"\"b\"\", c\"\r\n-12\r\n#FALSE#\r\n");
+  EXPECT_EQ(items(file), (Texts{"a \"b\", c", "-12", "#FALSE#"}));
+}
+
+TEST(Notation, OnlyBareValuesAreHashFramed) {
+  NotationReader reader("#TRUE#,\"#TRUE#\",#");
+  EXPECT_TRUE(reader.next().isTrue());
+  EXPECT_FALSE(reader.next().isTrue());
+  EXPECT_FALSE(reader.next().hashFramed());
+}
+
+TEST(Notation, NumbersAreDecimal) {
+  double number = 0;
+  EXPECT_TRUE(parseNumber(" 65535 ", number));
+  EXPECT_EQ(number, 65535);
+  EXPECT_TRUE(parseNumber("-1.5e1", number));
+  EXPECT_EQ(number, -15);
+  for (const char* text : {"", " ", "x", "1x", "0x10", "-inf", "nan", "--1", "1 2"}) {
+    EXPECT_FALSE(parseNumber(text, number)) << text;
+  }
+}
+
+}  // namespace
+}  // namespace plimo
