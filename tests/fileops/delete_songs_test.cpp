@@ -1,0 +1,79 @@
+#include "fileops/delete_songs.h"
+
+#include "fileops/library.h"
+
+namespace plimo {
+namespace {
+
+class DeleteSongs : public Library {
+ protected:
+  std::optional<ErrorNumber> failureOfDeleting(const Names& names) {
+    return failureOf([&] { deleteSongs(files, pump, catalogueFile, names); });
+  }
+};
+
+TEST_F(DeleteSongs, DeletesEveryFileOfAName) {
+  addSong(R"(C:\a\x.mp3)");
+  addSong(R"(C:\y.mp3)");
+  addSong(R"(C:\b\x.mp3)");
+  deleteSongs(files, pump, catalogueFile, Names{"x"});
+  EXPECT_FALSE(files.fileExists(R"(C:\a\x.mp3)"));
+  EXPECT_FALSE(files.fileExists(R"(C:\b\x.mp3)"));
+  EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
+}
+
+TEST_F(DeleteSongs, TellsHowFarItIs) {
+  addSong(R"(C:\a\x.mp3)");
+  addSong(R"(C:\b\x.mp3)");
+  addSong(R"(C:\y.mp3)");
+  deleteSongs(files, pump, catalogueFile, Names{"y", "x"});
+  EXPECT_EQ(pump.deletions, (std::vector<std::string>{"1/3", "2/3", "3/3"}));
+  EXPECT_EQ(pump.ends, 1);
+}
+
+TEST_F(DeleteSongs, PassesOverNamesWithoutARecord) {
+  addSong(R"(C:\x.mp3)");
+  deleteSongs(files, pump, catalogueFile, Names{"gone", "X", "x"});
+  EXPECT_FALSE(files.fileExists(R"(C:\x.mp3)"));
+}
+
+TEST_F(DeleteSongs, StopsAtAFileThatIsGone) {
+  addSong(R"(C:\x.mp3)");
+  addRecord(R"(C:\gone.mp3)");
+  addSong(R"(C:\y.mp3)");
+  EXPECT_EQ(failureOfDeleting({"x", "gone", "y"}), ErrorNumber::fileNotFound);
+  EXPECT_FALSE(files.fileExists(R"(C:\x.mp3)"));
+  EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
+  EXPECT_EQ(pump.ends, 1);
+}
+
+TEST_F(DeleteSongs, LeavesAReadOnlyFile) {
+  addSong(R"(C:\x.mp3)");
+  files.addFile(R"(C:\x.mp3)", 3, {.readOnly = true});
+  EXPECT_EQ(failureOfDeleting({"x"}), ErrorNumber::permissionDenied);
+  EXPECT_TRUE(files.fileExists(R"(C:\x.mp3)"));
+}
+
+TEST_F(DeleteSongs, ANameListedTwiceMeetsItsOwnDeletedFile) {
+  addSong(R"(C:\x.mp3)");
+  addSong(R"(C:\y.mp3)");
+  EXPECT_EQ(failureOfDeleting({"x", "x", "y"}), ErrorNumber::fileNotFound);
+  EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
+}
+
+TEST_F(DeleteSongs, NeedsTheCatalogueOnlyForNames) {
+  EXPECT_EQ(failureOfDeleting({"x"}), ErrorNumber::fileNotFound);
+  EXPECT_EQ(failureOfDeleting({}), std::nullopt);
+}
+
+TEST_F(DeleteSongs, DeletesTheFirstNamesFilesBeforeABrokenEnd) {
+  addSong(R"(C:\x.mp3)");
+  addSong(R"(C:\y.mp3)");
+  breakCatalogue();
+  EXPECT_EQ(failureOfDeleting({"x", "y"}), ErrorNumber::inputPastEnd);
+  EXPECT_FALSE(files.fileExists(R"(C:\x.mp3)"));
+  EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
+}
+
+}  // namespace
+}  // namespace plimo

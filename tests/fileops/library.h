@@ -1,0 +1,55 @@
+// A little music library on the computer in memory, with its catalogue.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/errors.h"
+#include "catalogue/catalogue_reader.h"
+#include "catalogue/song_name.h"
+#include "fileops/quiet_pump.h"
+#include "platform/memory/memory_files.h"
+
+namespace plimo {
+
+constexpr const char* catalogueFile = R"(C:\Plimo\plimo.kvx)";
+
+using Names = std::vector<std::string_view>;
+
+class Library : public testing::Test {
+ protected:
+  // A file holding its own path, and its record.
+  void addSong(const std::string& path) {
+    files.addTextFile(path, path);
+    addRecord(path);
+  }
+  void addRecord(const std::string& path) {
+    const SongName name = splitFileName(files.fileName(path));
+    appendRecord(catalogue_, {path, name.artist, name.second, name.title});
+    files.addTextFile(catalogueFile, catalogue_);
+  }
+  void breakCatalogue() { files.addTextFile(catalogueFile, catalogue_ + "\"C:\\broken.mp3\"\r\n"); }
+
+  // What the action fails with; nothing where it does not.
+  static std::optional<ErrorNumber> failureOf(const std::function<void()>& action) {
+    try {
+      action();
+    } catch (const RuntimeError& error) {
+      return error.number();
+    }
+    return std::nullopt;
+  }
+
+  MemoryFiles files;
+  QuietPump pump;
+
+ private:
+  std::string catalogue_;
+};
+
+}  // namespace plimo

@@ -1,0 +1,90 @@
+#include "playback/run_file.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "base/errors.h"
+#include "catalogue/catalogue_reader.h"
+#include "platform/memory/memory_files.h"
+
+namespace plimo {
+namespace {
+
+constexpr const char* playlist = R"(C:\Plimo\list.m3u)";
+constexpr const char* catalogue = R"(C:\Plimo\plimo.kvx)";
+
+using Names = std::vector<std::string_view>;
+
+class RunFile : public testing::Test {
+ protected:
+  // Paths and titles.
+  void catalogueOf(const std::vector<std::pair<std::string, std::string>>& songs, const std::string& rest = {}) {
+    std::string text;
+    for (const auto& [path, title] : songs) appendRecord(text, {path, "A", "B", title});
+    files.addTextFile(catalogue, text + rest);
+  }
+
+  ErrorNumber failureOf(const Names& names) {
+    try {
+      writeRun(files, playlist, catalogue, names);
+    } catch (const RuntimeError& error) {
+      return error.number();
+    }
+    ADD_FAILURE() << "nothing failed";
+    return ErrorNumber::invalidCall;
+  }
+
+  MemoryFiles files;
+};
+
+TEST_F(RunFile, HoldsThePathsInTheNamesOrder) {
+  catalogueOf({{"C:\\1.mp3", "one.mp3"}, {"C:\\2.mp3", "two.mp3"}});
+  writeRun(files, playlist, catalogue, Names{"two", "one", "two"});
+  EXPECT_EQ(files.fileContent(playlist), "C:\\2.mp3\r\nC:\\1.mp3\r\nC:\\2.mp3\r\n");
+}
+
+TEST_F(RunFile, HoldsEveryRecordOfAName) {
+  catalogueOf({{"C:\\a\\x.mp3", "x.mp3"}, {"C:\\y.mp3", "y.mp3"}, {"C:\\b\\x.mp3", "x.mp3"}});
+  writeRun(files, playlist, catalogue, Names{"x", "x"});
+  EXPECT_EQ(files.fileContent(playlist), "C:\\a\\x.mp3\r\nC:\\b\\x.mp3\r\nC:\\a\\x.mp3\r\nC:\\b\\x.mp3\r\n");
+}
+
+TEST_F(RunFile, LeavesOutNamesWithoutARecord) {
+  catalogueOf({{"C:\\x.mp3", "x.mp3"}, {"C:\\ab.mp3", "a.b.mp3"}, {"C:\\n.mp3", "n"}});
+  writeRun(files, playlist, catalogue, Names{"X", "a.b", "n", "gone"});
+  EXPECT_EQ(files.fileContent(playlist), "");
+}
+
+TEST_F(RunFile, ReplacesTheRunBefore) {
+  files.addTextFile(playlist, "C:\\old.mp3\r\n");
+  catalogueOf({{"C:\\x.mp3", "x.mp3"}});
+  writeRun(files, playlist, catalogue, Names{"x"});
+  EXPECT_EQ(files.fileContent(playlist), "C:\\x.mp3\r\n");
+}
+
+TEST_F(RunFile, OfNothingNeedsNoCatalogue) {
+  writeRun(files, playlist, catalogue, Names{});
+  EXPECT_EQ(files.fileContent(playlist), "");
+}
+
+TEST_F(RunFile, StaysAsItWasWithoutACatalogue) {
+  files.addTextFile(playlist, "C:\\old.mp3\r\n");
+  EXPECT_EQ(failureOf({"x"}), ErrorNumber::fileNotFound);
+  EXPECT_EQ(files.fileContent(playlist), "C:\\old.mp3\r\n");
+}
+
+TEST_F(RunFile, MeetsABrokenEndOfTheCatalogueWhateverTheNames) {
+  catalogueOf({{"C:\\x.mp3", "x.mp3"}}, "\"C:\\y.mp3\"\r\n");
+  EXPECT_EQ(failureOf({"x"}), ErrorNumber::inputPastEnd);
+  EXPECT_FALSE(files.fileExists(playlist));
+}
+
+TEST_F(RunFile, ThatMayNotBeWrittenIsToldBeforeTheCatalogueIsRead) {
+  files.addTextFile(playlist, "old", {.readOnly = true});
+  EXPECT_EQ(failureOf({"x"}), ErrorNumber::pathFileAccess);
+  EXPECT_EQ(files.fileContent(playlist), "old");
+}
+
+}  // namespace
+}  // namespace plimo
