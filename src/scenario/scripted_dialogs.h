@@ -1,0 +1,61 @@
+// Boxes that nobody sees: they are kept for the expectations, and answered from a queue.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/dialogs.h"
+#include "scenario/verdicts.h"
+
+namespace plimo::scenario {
+
+// What the user will answer.
+struct Answer {
+  enum class Kind { question, input, open, save };
+  Kind kind;
+  std::optional<std::string> text;  // nothing for No and for Cancel
+  std::string spelling;             // as the scenario has it
+};
+
+class ScriptedDialogs : public Dialogs {
+ public:
+  struct Box {
+    std::string text;
+    bool question = false;
+  };
+  struct InputBox {
+    std::string title, prompt, proposed;
+  };
+
+  explicit ScriptedDialogs(Verdicts& verdicts) : verdicts_(verdicts) {}
+
+  void queue(Answer answer) { answers_.push_back(std::move(answer)); }
+  // The answers not taken yet.
+  const std::deque<Answer>& answers() const { return answers_; }
+
+  // What has been shown and not been expected yet, the oldest first.
+  std::deque<Box> boxes;
+  std::deque<FileDialog> fileDialogs;
+  std::deque<RuntimeError> errors;
+  // The input boxes of the whole file: prompts and proposals are expected apart.
+  std::vector<InputBox> inputs;
+
+  void message(const std::string& text) override { boxes.push_back({text, false}); }
+  bool question(const std::string& text) override;
+  std::string input(const std::string& title, const std::string& prompt, const std::string& proposed) override;
+  std::optional<std::string> openFile(const FileDialog& dialog) override;
+  std::optional<std::string> saveFile(const FileDialog& dialog) override;
+  void report(const RuntimeError& error) override { errors.push_back(error); }
+
+ private:
+  // The next answer, which has to be of this kind; nothing, and a failed expectation, where it is not.
+  std::optional<std::string> take(Answer::Kind kind, const std::string& asked);
+
+  Verdicts& verdicts_;
+  std::deque<Answer> answers_;
+};
+
+}  // namespace plimo::scenario

@@ -1,0 +1,119 @@
+#include "scenario/session.h"
+
+#include <exception>
+
+#include "scenario/words.h"
+
+namespace plimo::scenario {
+
+Run::Run(MemoryFiles& files, ScriptedDialogs& dialogs, MemoryLauncher& launcher, ScriptedPump& pump, const Size& screen,
+         const std::map<std::string, Place>& designs)
+    : mainWindow(screen), splashWindow(screen), program(Platform{files, player, dialogs, launcher, pump}) {
+  for (const auto& [name, place] : designs) {
+    if (name == mainWindowName) {
+      program.form1().designSize(place.width, place.height);
+    } else {
+      findControl(program, name)->setPlace(place);
+    }
+  }
+  mainWindow.attach(program.form1());
+  splashWindow.attach(program.splash());
+  for (Control* control : program.form1().controls()) {
+    captions_.emplace(control->name(), std::make_unique<CaptionObserver>(*control));
+  }
+  for (Control* control : program.splash().controls()) {
+    captions_.emplace(std::string(splashName) + "." + control->name(), std::make_unique<CaptionObserver>(*control));
+  }
+}
+
+Captions* Run::captions(std::string_view name) {
+  if (name == mainWindowName) return &mainWindow.captions;
+  if (name == splashName) return &splashWindow.captions;
+  const auto found = captions_.find(name);
+  return found == captions_.end() ? nullptr : &found->second->captions;
+}
+
+void Session::play(const Script& script) {
+  for (const Line& line : script.lines) {
+    verdicts.at(line.number);
+    try {
+      line.command->run(*this, line);
+    } catch (const std::exception& error) {
+      verdicts.fail("that the line can be done", error.what());
+    }
+  }
+  verdicts.at(script.lastLine);
+  leftovers();
+}
+
+void Session::start() {
+  opened();  // what the player of the run before was told
+  openedSeen_ = 0;
+  run.reset();
+  run = std::make_unique<Run>(files, dialogs, launcher, pump, screen, designs);
+  run->player.setDuration(duration);
+  run->player.setCurrentPosition(position);
+  run->program.start();
+}
+
+Control* Session::control(const std::string& name) {
+  if (run) return findControl(run->program, name);
+  verdicts.fail("the program to have been started", "no start");
+  return nullptr;
+}
+
+Control* Session::usable(const std::string& name) {
+  Control* found = control(name);
+  if (found == nullptr) return nullptr;
+  const auto refuse = [&](std::string_view why) {
+    verdicts.fail(name + " to be usable", why);
+    return nullptr;
+  };
+  if (!running()) return refuse("a program that has ended");
+  if (!found->form().visible()) return refuse("a window that does not show");
+  if (found->kind() == ControlKind::menu) {
+    const auto* menu = static_cast<const Menu*>(found);
+    while (menu->owner() != nullptr) menu = menu->owner();
+    if (menu->role() == Menu::Role::popUp) return found;
+  }
+  if (!found->showing()) return refuse("it hidden");
+  if (!found->enabled()) return refuse("it disabled");
+  return found;
+}
+
+bool Session::windowShows(std::string_view name) const {
+  if (!run) return false;
+  if (name == mainWindowName) return run->program.form1().visible();
+  return name == splashName && run->program.splash().visible();
+}
+
+bool Session::shows(const Control& control) const { return control.form().visible() && control.showing(); }
+
+std::deque<MemoryLauncher::Started>& Session::started() {
+  while (startedSeen_ < launcher.started().size()) started_.push_back(launcher.started()[startedSeen_++]);
+  return started_;
+}
+
+std::deque<std::string>& Session::opened() {
+  while (run && openedSeen_ < run->player.opened().size()) opened_.push_back(run->player.opened()[openedSeen_++]);
+  return opened_;
+}
+
+void Session::leftovers() {
+  for (const ScriptedDialogs::Box& box : dialogs.boxes) {
+    verdicts.fail("no further box", (box.question ? "the question " : "the message ") + quoted(box.text));
+  }
+  for (const RuntimeError& error : dialogs.errors) {
+    verdicts.fail("no further run-time error", quoted(error.report()));
+  }
+  for (const MemoryLauncher::Started& program : started()) {
+    verdicts.fail("no further program start", quoted(program.commandLine));
+  }
+  for (const std::string& path : opened()) verdicts.fail("no further opening by the player", quoted(path));
+  for (const Answer& answer : dialogs.answers()) verdicts.fail("every answer to be taken", answer.spelling);
+  for (const std::size_t songs : pump.cancels()) {
+    verdicts.fail("every answer to be taken", "answer scan cancel " + std::to_string(songs));
+  }
+}
+
+}  // namespace plimo::scenario
