@@ -124,13 +124,15 @@ class FileSystemObject {
   // Throws 53, 76, 70 (in use), 75 (may not be read, or a folder), 71.
   virtual std::unique_ptr<FileView> openForReading(std::string_view path) = 0;
   // Throws 76 (no such folder), 75 (the folder or, unless forced, the old file may not be written; or a folder of
-  // that name), 70 (the old file is in use), 61, 71.
+  // that name), 70 (the old file is in use), 61, 71, 52 (a name that the machine cannot hold). What is forced may be
+  // written from then on; otherwise the file keeps its permissions.
   virtual std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) = 0;
   // Throws 53, 70 (read-only unless forced, in use, or the folder may not be written).
   virtual void deleteFile(std::string_view path, Force force) = 0;
   // Copies one file with its time and permissions. The target appears whole or not at all. Throws 53 (no source),
   // 58 (target exists and overwriting is off), 70 (source may not be read; target read-only; folder may not be
-  // written; onto itself), 76 (no target folder), 61. `progress` hears of the bytes copied so far.
+  // written; onto itself), 76 (no target folder), 61, 52 (a name that the machine cannot hold). `progress` hears of
+  // the bytes copied so far.
   virtual void copyFile(std::string_view from, std::string_view to, bool overwrite,
                         const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress = {}) = 0;
 };

@@ -55,7 +55,7 @@ class MemoryFiles::Replacement : public FileReplacement {
 
 MemoryFiles::Place MemoryFiles::placeToReplace(std::string_view path, Force force) const {
   const auto fail = [&](ErrorNumber number) { throw RuntimeError(number, std::string(path)); };
-  const Place at = place(path);
+  Place at = place(path);
   if (at.disk && !at.disk->ready) fail(ErrorNumber::diskNotReady);
   if (at.node && at.node->isFolder()) fail(ErrorNumber::pathFileAccess);
   if (!at.folder) fail(ErrorNumber::pathNotFound);

@@ -65,7 +65,8 @@ std::string shortNameFor(std::string_view name, const std::function<bool(std::st
   for (unsigned long number = 1;; ++number) {
     const std::string tail = "~" + std::to_string(number);
     const std::size_t room = std::min<std::size_t>(6, 8 - std::min<std::size_t>(tail.size(), 8));
-    std::string candidate = firstAllowed(parts.stem, room) + tail + extension;
+    std::string candidate = firstAllowed(parts.stem, room);
+    candidate.append(tail).append(extension);
     if (!taken(candidate)) return candidate;
   }
 }
