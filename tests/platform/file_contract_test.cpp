@@ -164,10 +164,11 @@ TYPED_TEST(FileReadingContract, AWalkFailsWhereItMeetsAClosedFolder) {
 TYPED_TEST(FileReadingContract, AFileIsReadWhole) {
   const std::string large(3 * 1024 * 1024 + 1, 'x');
   this->machine_.addFile(this->at({"large"}), large);
-  this->machine_.addFile(this->at({"small"}), "a\r\nb\0c");
+  const std::string small = std::string("a\r\nb") + '\0' + "c";
+  this->machine_.addFile(this->at({"small"}), small);
   this->machine_.addFile(this->at({"empty"}), "");
   EXPECT_EQ(this->files().openForReading(this->at({"large"}))->bytes(), large);
-  EXPECT_EQ(this->files().openForReading(this->at({"small"}))->bytes(), "a\r\nb\0c");
+  EXPECT_EQ(this->files().openForReading(this->at({"small"}))->bytes(), small);
   EXPECT_EQ(this->files().openForReading(this->at({"empty"}))->bytes(), "");
   EXPECT_EQ(this->files().fileSize(this->at({"large"})), large.size());
   EXPECT_EQ(this->files().fileSize(this->at({"empty"})), 0U);

@@ -81,7 +81,8 @@ TEST_F(PosixDriveTable, LettersEndWithZ) {
   std::string mounts;
   for (int i = 0; i < 40; ++i) {
     const std::string n = std::to_string(i);
-    mounts += n + " 1 9:" + n + " / /mnt/" + n + " rw - ext4 /dev/md" + n + " rw\n";
+    mounts.append(n).append(" 1 9:").append(n).append(" / /mnt/").append(n);
+    mounts.append(" rw - ext4 /dev/md").append(n).append(" rw\n");
   }
   const std::string text = table(mounts);
   EXPECT_TRUE(text.ends_with(" Z:2:/mnt/22")) << text;

@@ -1,10 +1,10 @@
 #include "platform/posix/posix_launcher.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <fstream>
 #include <iterator>
 #include <thread>
@@ -38,7 +38,7 @@ class PosixLauncherTest : public testing::Test {
 
   // A program that puts `words` (shell text) into the file "out".
   std::string script(const std::string& words) {
-    const std::string path = folder_ / "win amp.exe";
+    std::string path = folder_ / "win amp.exe";
     writeFile(path, "#!/bin/sh\nprintf '%s|' " + words + " > '" + (folder_ / "part") + "'\nmv '" + (folder_ / "part") +
                         "' '" + (folder_ / "out") + "'\n");
     changeMode(path, 0755);
