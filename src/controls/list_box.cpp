@@ -267,15 +267,29 @@ void ListBox::userExtendTo(std::size_t row) {
 
 void ListBox::userSelect(std::span<const std::size_t> rows) {
   takeFocus();
-  clearSelection();
-  for (const std::size_t row : rows) {
-    if (row >= rows_.size()) continue;
-    setState(row, true);
-    setCurrent(row);
-    anchor_ = row;
+  if (style_ == Style::checkBoxes) {
+    raise([this, rows] { tickExactly(rows); });
+  } else {
+    clearSelection();
+    for (const std::size_t row : rows) {
+      if (row >= rows_.size()) continue;
+      setState(row, true);
+      setCurrent(row);
+      anchor_ = row;
+    }
   }
   raise(click);
   form().dispatcher().flush();
+}
+
+void ListBox::tickExactly(std::span<const std::size_t> rows) {
+  std::vector<bool> wanted(rows_.size());
+  for (const std::size_t row : rows) {
+    if (row < wanted.size()) wanted[row] = true;
+  }
+  const std::optional<std::size_t> before = current_;
+  for (std::size_t row = 0; row < wanted.size() && row < rows_.size(); ++row) setSelected(row, wanted[row]);
+  setCurrent(rows.empty() ? before : rows.back());
 }
 
 void ListBox::userTick(std::size_t row, bool ticked) {
@@ -311,6 +325,7 @@ void ListBox::userRightDown() {
 void ListBox::userScroll() { raise(scroll); }
 
 void ListBox::observeRows(ListObserver& observer) {
+  flush();  // the newcomer sees the rows as they are now
   rowObservers_.push_back(&observer);
   observe(observer);
   observer.rowsReset();
