@@ -1,0 +1,77 @@
+#include "platform/mpv/m3u_entries.h"
+
+#include <algorithm>
+#include <cctype>
+#include <system_error>
+
+#include "base/text.h"
+
+namespace plimo {
+
+namespace {
+
+bool endsWithFolded(std::string_view text, std::string_view ending) {
+  if (text.size() < ending.size()) return false;
+  return foldCase(text.substr(text.size() - ending.size())) == ending;
+}
+
+// "http://", "edl://", "lua:...": a word of letters before a colon. One letter alone is a drive.
+bool namesAProtocol(std::string_view entry) {
+  const std::size_t colon = entry.find(':');
+  if (colon == std::string_view::npos || colon < 2) return false;
+  const std::string_view word = entry.substr(0, colon);
+  const auto wordLetter = [](char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '+' || c == '-' || c == '.';
+  };
+  return std::all_of(word.begin(), word.end(), wordLetter) && entry.substr(colon).starts_with("://");
+}
+
+std::string_view withoutQuotes(std::string_view item) {
+  if (item.size() >= 2 && item.front() == '"' && item.back() == '"') return item.substr(1, item.size() - 2);
+  return item;
+}
+
+}  // namespace
+
+std::vector<std::string> m3uEntries(std::string_view text) {
+  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+  std::vector<std::string> entries;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    while (line.starts_with(' ')) line.remove_prefix(1);
+    if (line.empty() || line.starts_with('#')) continue;
+    entries.emplace_back(withoutQuotes(line));
+  }
+  return entries;
+}
+
+bool isPlaylistName(std::string_view name) { return endsWithFolded(name, ".m3u") || endsWithFolded(name, ".m3u8"); }
+
+std::filesystem::path nativePath(std::string_view bytes) {
+  if constexpr (std::is_same_v<std::filesystem::path::value_type, char>) {
+    return std::filesystem::path(std::string(bytes));
+  } else {
+    return std::filesystem::path(std::u8string(bytes.begin(), bytes.end()));
+  }
+}
+
+CheckedEntry checkEntry(std::string_view entry, const std::filesystem::path& folder) {
+  if (namesAProtocol(entry) || entry.find('\0') != std::string_view::npos) return {Playable::notLocal, {}};
+  if (isPlaylistName(entry)) return {Playable::notASong, {}};
+  std::error_code ignored;
+  const std::filesystem::path path = folder / nativePath(entry);
+  const std::filesystem::file_status status = std::filesystem::status(path, ignored);
+  if (!std::filesystem::exists(status)) return {Playable::missing, {}};
+  if (!std::filesystem::is_regular_file(status)) return {Playable::notASong, {}};
+  const std::u8string text = std::filesystem::absolute(path, ignored).u8string();
+  if constexpr (std::is_same_v<std::filesystem::path::value_type, char>) {
+    return {Playable::yes, std::filesystem::absolute(path, ignored).string()};
+  } else {
+    return {Playable::yes, std::string(text.begin(), text.end())};
+  }
+}
+
+}  // namespace plimo
