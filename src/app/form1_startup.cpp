@@ -108,6 +108,7 @@ void Form1::showFirstRun() {
     control->setVisible(false);
   }
   Frame1.setVisible(true);
+  List5.clear();
   fillDrives(List5);
 }
 

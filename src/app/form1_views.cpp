@@ -60,6 +60,7 @@ void Form1::Compact_Click() {
 
 void Form1::large_Click() {
   showListFrames(true);
+  if (List6.visible()) showlist4();
   if (comp) restorePlayer(*this);
   comp = false;
   here = true;
