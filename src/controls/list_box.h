@@ -97,7 +97,8 @@ class ListBox : public Control {
   void userMoveCurrent(std::size_t row);
   // Moves the current row and extends the selection to it.
   void userExtendTo(std::size_t row);
-  // Clicks until exactly these rows are selected; the last one becomes current.
+  // Clicks until exactly these rows are selected (in a check-box list: ticked, each change raising its tick); the last
+  // one becomes current. Raises click once.
   void userSelect(std::span<const std::size_t> rows);
   void userTick(std::size_t row, bool ticked);
   void userDoubleClick();
@@ -138,6 +139,7 @@ class ListBox : public Control {
   void settle();
   void takeFocus();
   void selectOnly(std::size_t first, std::size_t last);
+  void tickExactly(std::span<const std::size_t> rows);
   bool setState(std::size_t row, bool selected);
 
   Style style_;

@@ -224,5 +224,24 @@ TEST(ListBox, AFailureInAHandlerIsReportedAndTheListSettles) {
   EXPECT_EQ(window.songs.currentText(), "b");
 }
 
+TEST(ListBox, SelectingInACheckBoxListTicksExactlyTheseRowsAndClicksOnce) {
+  Window window;
+  window.fill(window.ticks, {"a", "b", "c", "d"});
+  window.ticks.setSelected(0, true);
+  window.ticks.setSelected(2, true);
+  std::vector<std::size_t> ticks;
+  int clicks = 0;
+  window.ticks.tick = [&](std::size_t row) { ticks.push_back(row); };
+  window.ticks.click = [&] { ++clicks; };
+  window.ticks.userSelect(std::vector<std::size_t>{3, 2});
+  EXPECT_EQ(ticks, (std::vector<std::size_t>{0, 3}));
+  EXPECT_EQ(window.ticks.selectedCount(), 2U);
+  EXPECT_EQ(window.ticks.currentText(), "c");
+  window.ticks.userSelect({});
+  EXPECT_EQ(window.ticks.selectedCount(), 0U);
+  EXPECT_EQ(window.ticks.currentText(), "c");
+  EXPECT_EQ(clicks, 2);
+}
+
 }  // namespace
 }  // namespace plimo
