@@ -36,7 +36,8 @@ constexpr Option required[] = {
     {"resume-playback", "no"},
     {"save-position-on-quit", "no"},
     {"demuxer", "lavf"},
-    {"demuxer-lavf-o", "protocol_whitelist=[file],format_whitelist=[mp3,wav,ogg,flac,aac,mov,matroska,asf,aiff,ape,wv,mpc]"},
+    {"demuxer-lavf-o",
+     "protocol_whitelist=[file],format_whitelist=[mp3,wav,ogg,flac,aac,mov,matroska,asf,aiff,ape,wv,mpc]"},
     {"stream-lavf-o", "protocol_whitelist=[file]"},
     {"audio-fallback-to-null", "yes"},
     {"audio-client-name", "Plimo!"},
@@ -153,8 +154,11 @@ bool MpvPlayer::Engine::next(Happening& happening) {
   const mpv_event* event = mpv_.waitEvent(handle_, 0);
   happening = {};
   switch (event->event_id) {
-    case MPV_EVENT_NONE: return false;
-    case MPV_EVENT_COMMAND_REPLY: took(*event); break;
+    case MPV_EVENT_NONE:
+      return false;
+    case MPV_EVENT_COMMAND_REPLY:
+      took(*event);
+      break;
     case MPV_EVENT_START_FILE:
       started_ = static_cast<const mpv_event_start_file*>(event->data)->playlist_entry_id == entry_;
       break;
@@ -162,12 +166,15 @@ bool MpvPlayer::Engine::next(Happening& happening) {
       // A length equal to the song's before is no change, and would never be told.
       if (started_) mpv_.getPropertyAsync(handle_, watchedLength, "duration", MPV_FORMAT_DOUBLE);
       break;
-    case MPV_EVENT_END_FILE: happening = endOf(*static_cast<const mpv_event_end_file*>(event->data)); break;
+    case MPV_EVENT_END_FILE:
+      happening = endOf(*static_cast<const mpv_event_end_file*>(event->data));
+      break;
     case MPV_EVENT_GET_PROPERTY_REPLY:
     case MPV_EVENT_PROPERTY_CHANGE:
       if (event->error >= 0) happening = valueOf(*event);
       break;
-    default: break;
+    default:
+      break;
   }
   return true;
 }

@@ -49,9 +49,9 @@ class MpvPlayer::Engine {
   std::function<void()> wakeUp_;
   MpvLibrary mpv_;
   mpv_handle* handle_ = nullptr;
-  std::uint64_t loads_ = 0;        // songs loaded so far
-  std::int64_t entry_ = noEntry;   // the library's own number for the last of them, once it has told it
-  bool started_ = false;           // the library has turned to it
+  std::uint64_t loads_ = 0;       // songs loaded so far
+  std::int64_t entry_ = noEntry;  // the library's own number for the last of them, once it has told it
+  bool started_ = false;          // the library has turned to it
   static constexpr std::int64_t noEntry = -1;
 };
 

@@ -109,10 +109,17 @@ void MpvPlayer::searchOn() {
   for (; wanted_ < last; ++wanted_) {
     const CheckedEntry entry = checkEntry(entries_[wanted_], folder_);
     switch (entry.playable) {
-      case Playable::missing: noteSkipped(entries_[wanted_], "the file is gone"); continue;
-      case Playable::notLocal: noteSkipped(entries_[wanted_], "only files of this computer are played"); continue;
-      case Playable::notASong: noteSkipped(entries_[wanted_], "it is not a song"); continue;
-      case Playable::yes: break;
+      case Playable::missing:
+        noteSkipped(entries_[wanted_], "the file is gone");
+        continue;
+      case Playable::notLocal:
+        noteSkipped(entries_[wanted_], "only files of this computer are played");
+        continue;
+      case Playable::notASong:
+        noteSkipped(entries_[wanted_], "it is not a song");
+        continue;
+      case Playable::yes:
+        break;
     }
     ++ticket_;
     announced_ = false;
@@ -172,12 +179,23 @@ void MpvPlayer::drain() {
   while (engine_->next(happening)) {
     using Kind = Engine::Happening::Kind;
     switch (happening.kind) {
-      case Kind::length: lengthKnown(happening.seconds); break;
-      case Kind::position: state_.position = happening.seconds; break;
-      case Kind::paused: state_.paused = happening.on || !state_.opened; break;
-      case Kind::ended: songEnded(false); break;
-      case Kind::failed: songEnded(true); break;
-      case Kind::none: break;
+      case Kind::length:
+        lengthKnown(happening.seconds);
+        break;
+      case Kind::position:
+        state_.position = happening.seconds;
+        break;
+      case Kind::paused:
+        state_.paused = happening.on || !state_.opened;
+        break;
+      case Kind::ended:
+        songEnded(false);
+        break;
+      case Kind::failed:
+        songEnded(true);
+        break;
+      case Kind::none:
+        break;
     }
   }
   tell();

@@ -40,16 +40,16 @@ class MpvPlayer : public MediaPlayer {
 
   // --- What the player's strip shows and does beside ---
   struct State {
-    bool opened = false;       // there is a song, playing or not
+    bool opened = false;  // there is a song, playing or not
     bool paused = true;
-    double duration = 0;       // seconds; 0: not known
+    double duration = 0;  // seconds; 0: not known
     double position = 0;
-    std::string song;          // the file's name
-    std::size_t index = 0;     // of the song in the list, from 0
+    std::string song;       // the file's name
+    std::size_t index = 0;  // of the song in the list, from 0
     std::size_t count = 0;
-    int volume = 100;          // 0 to 100
+    int volume = 100;  // 0 to 100
     bool muted = false;
-    std::string note;          // what could not be played, and why; empty where all is well
+    std::string note;  // what could not be played, and why; empty where all is well
     bool showControls = true;
     bool enabled = true;
   };
@@ -83,12 +83,12 @@ class MpvPlayer : public MediaPlayer {
   State state_;
   bool autoStart_ = true;
   bool engineMissing_ = false;
-  bool announced_ = false;             // newStream has been raised for this song
-  std::vector<std::string> entries_;   // as the playlist names them
-  std::filesystem::path folder_;       // what relative entries are taken from
+  bool announced_ = false;            // newStream has been raised for this song
+  std::vector<std::string> entries_;  // as the playlist names them
+  std::filesystem::path folder_;      // what relative entries are taken from
   std::string fileName_;
-  std::size_t wanted_ = 0;             // the entry to be tried next
-  std::uint64_t ticket_ = 0;           // of the song last given to the engine
+  std::size_t wanted_ = 0;    // the entry to be tried next
+  std::uint64_t ticket_ = 0;  // of the song last given to the engine
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
   std::unique_ptr<Engine> engine_;
 };

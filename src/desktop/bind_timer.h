@@ -1,0 +1,37 @@
+// A control's timer, by the clock.
+#pragma once
+
+#include <QTimer>
+#include <functional>
+
+#include "controls/widgets.h"
+
+namespace plimo {
+
+class TimerBinder : public ControlObserver {
+ public:
+  // Ticks are dropped while `open` says no.
+  TimerBinder(Timer& timer, std::function<bool()> open) : timer_(timer), open_(std::move(open)) {
+    QObject::connect(&clock_, &QTimer::timeout, &clock_, [this] {
+      if (open_()) timer_.elapsed();
+    });
+    timer_.observe(*this);
+  }
+  ~TimerBinder() override { timer_.unobserve(*this); }
+
+  void propertyChanged(Property property) override {
+    if (property != Property::interval && property != Property::enabled) return;
+    if (timer_.running()) {
+      clock_.start(timer_.interval());
+    } else {
+      clock_.stop();
+    }
+  }
+
+ private:
+  Timer& timer_;
+  std::function<bool()> open_;
+  QTimer clock_;
+};
+
+}  // namespace plimo

@@ -1,0 +1,96 @@
+#include "desktop/desktop.h"
+
+#include <QApplication>
+#include <QLibrary>
+#include <QTimer>
+
+#include "desktop/list_access.h"
+#include "desktop/look.h"
+
+namespace plimo {
+
+namespace {
+
+MpvHooks hooksFor(InputGate& gate) {
+  auto library = std::make_shared<QLibrary>();
+  return {
+      [](std::function<void()> action) { QMetaObject::invokeMethod(qApp, std::move(action), Qt::QueuedConnection); },
+      [library](const char* name) -> void* {
+        // The versions whose functions are the same for this program, the newest first.
+        for (const int version : {2, 1}) {
+          if (library->isLoaded()) break;
+          library->setFileNameAndVersion(QStringLiteral("mpv"), version);
+          library->load();
+        }
+        return library->isLoaded() ? reinterpret_cast<void*>(library->resolve(name)) : nullptr;
+      },
+      [&gate] { return gate.isOpen(); },
+  };
+}
+
+}  // namespace
+
+Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
+    : player_(hooksFor(gate_)), pump_(gate_), program_(Platform{files, player_, dialogs_, launcher, pump_}) {
+  const auto flush = [this] { program_.dispatcher().flush(); };
+  dialogs_.beforeBox = flush;
+  dialogs_.owner = [this] { return frontWindow(); };
+  pump_.beforePaint = flush;
+  pump_.window = [this] { return frontWindow(); };
+  gate_.opened = [this] { player_.wake(); };
+  installListAccess();
+  bindWindows();
+}
+
+Desktop::~Desktop() {
+  program_.form1().setHost(nullptr);
+  program_.splash().setHost(nullptr);
+}
+
+void Desktop::bindWindows() {
+  Form1& form1 = program_.form1();
+  main_ = std::make_unique<FormWindow>(form1, player_, [&form1] { return form1.comp; });
+  splash_ = std::make_unique<FormWindow>(program_.splash(), player_, [] { return false; });
+  for (FormWindow* window : {main_.get(), splash_.get()}) {
+    window->open = [this] { return gate_.isOpen(); };
+    window->form().setHost(this);
+    program_.dispatcher().beforePaint([window] { window->refresh(); });
+  }
+}
+
+int Desktop::run() {
+  program_.ended = [](int status) {
+    QMetaObject::invokeMethod(
+        qApp, [status] { QCoreApplication::exit(status); }, Qt::QueuedConnection);
+  };
+  QTimer::singleShot(0, qApp, [this] { program_.start(); });
+  return QCoreApplication::exec();
+}
+
+FormWindow* Desktop::windowOf(const Form& form) const { return &form == &main_->form() ? main_.get() : splash_.get(); }
+
+QWidget* Desktop::frontWindow() const {
+  for (FormWindow* window : {main_.get(), splash_.get()}) {
+    if (window->isVisible()) return window;
+  }
+  return nullptr;
+}
+
+void Desktop::show(Form& form) { windowOf(form)->present(); }
+
+void Desktop::unload(Form& form) { windowOf(form)->hide(); }
+
+void Desktop::captionChanged(Form& form) { windowOf(form)->setWindowTitle(qstring(form.caption())); }
+
+void Desktop::stateChanged(Form& form) { windowOf(form)->followState(); }
+
+void Desktop::resizeTo(Form& form, double width, double height) { windowOf(form)->resizeOuter(width, height); }
+
+// The keyboard follows when the window is brought up to date, after what it may have to be shown first.
+void Desktop::focusChanged(Form& form) {
+  if (!form.dispatcher().busy()) windowOf(form)->refresh();
+}
+
+void Desktop::popUp(Form& form, Menu& menu) { windowOf(form)->popUp(menu); }
+
+}  // namespace plimo

@@ -1,0 +1,269 @@
+#include "desktop/form_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QTimer>
+
+#include "desktop/bind_menus.h"
+#include "desktop/bind_timer.h"
+#include "desktop/ground.h"
+#include "desktop/list_view.h"
+#include "desktop/look.h"
+#include "desktop/units.h"
+
+namespace plimo {
+
+FormWindow::FormWindow(Form& form, MpvPlayer& player, std::function<bool()> compact)
+    : form_(form), player_(player), compact_(std::move(compact)) {
+  setObjectName(qstring(form.name()));
+  setWindowTitle(qstring(form.caption()));
+  setMouseTracking(true);
+  menus_ = std::make_unique<BoundMenus>(form, *this);
+  bar_ = menus_->bar();
+  ground_ = new Ground(form, this);
+  ground_->setMouseTracking(true);
+  ground_->installEventFilter(this);
+  for (Control* control : form.controls()) bind(*control);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { followFocus(now); });
+}
+
+FormWindow::~FormWindow() = default;
+
+void FormWindow::bind(Control& control) {
+  QWidget* parent = ground_;
+  if (const Binder* frame = binderOf(control.container())) parent = frame->widget();
+  std::unique_ptr<Binder> binder;
+  switch (control.kind()) {
+    case ControlKind::commandButton:
+      binder = bindButton(control, parent);
+      break;
+    case ControlKind::checkBox:
+      binder = bindCheckBox(static_cast<CheckBox&>(control), parent);
+      break;
+    case ControlKind::optionButton:
+      binder = bindOptionButton(static_cast<OptionButton&>(control), parent);
+      break;
+    case ControlKind::picture:
+      binder = bindPicture(static_cast<Picture&>(control), parent);
+      break;
+    case ControlKind::label:
+      binder = bindLabel(control, parent);
+      break;
+    case ControlKind::frame:
+      binder = bindFrame(control, parent);
+      break;
+    case ControlKind::shape:
+      binder = bindShape(static_cast<Shape&>(control), parent);
+      break;
+    case ControlKind::slider:
+      binder = bindSlider(static_cast<Slider&>(control), parent);
+      break;
+    case ControlKind::listBox:
+      binder = bindList(static_cast<ListBox&>(control), parent);
+      break;
+    case ControlKind::driveList:
+      binder = bindDriveList(static_cast<DriveList&>(control), parent);
+      break;
+    case ControlKind::folderList:
+      binder = bindFolderList(static_cast<FolderList&>(control), parent);
+      break;
+    case ControlKind::mediaPlayer:
+      binder = bindPlayer(control, player_, parent);
+      break;
+    case ControlKind::timer:
+      timers_.push_back(std::make_unique<TimerBinder>(static_cast<Timer&>(control), [this] { return open(); }));
+      return;
+    case ControlKind::treeView:  // never shown
+    case ControlKind::menu:
+      return;
+  }
+  QWidget* widget = binder->widget();
+  widget->installEventFilter(this);
+  if (auto* list = qobject_cast<ListView*>(widget)) {
+    list->viewport()->installEventFilter(this);
+    byWidget_[list->viewport()] = &control;
+    connect(list, &ListView::menuAsked, this, [this](const QPoint& place) { menuPlace_ = place; });
+  }
+  byWidget_[widget] = &control;
+  byControl_[&control] = binder.get();
+  binders_.push_back(std::move(binder));
+}
+
+Binder* FormWindow::binderOf(const Control* control) const {
+  const auto found = byControl_.find(control);
+  return found == byControl_.end() ? nullptr : found->second;
+}
+
+Control* FormWindow::controlOf(const QWidget* widget) const {
+  for (; widget != nullptr && widget != this; widget = widget->parentWidget()) {
+    if (const auto found = byWidget_.find(widget); found != byWidget_.end()) return found->second;
+  }
+  return nullptr;
+}
+
+void FormWindow::present() {
+  refresh();
+  const QSize designed(pixels(form_.width()), pixels(form_.height()));
+  const QRect screenPlace = screen()->availableGeometry();
+  const bool isSplash = bar_ == nullptr;
+  if (isSplash) setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+  QRect place(QPoint(), designed.boundedTo(screenPlace.size() * (isSplash ? 1.0 : 0.9)));
+  place.moveCenter(screenPlace.center());
+  setGeometry(place);
+  presented_ = true;
+  if (isSplash) {
+    show();
+    return;
+  }
+  if (form_.windowState() == WindowState::maximised) {
+    showMaximized();
+    // Where no window manager answers, the window fills the screen by itself.
+    constexpr int patience = 400;
+    QTimer::singleShot(patience, this, [this] {
+      const QRect whole = screen()->availableGeometry();
+      if (isMaximized() && (width() < whole.width() * 9 / 10 || height() < whole.height() * 4 / 5)) setGeometry(whole);
+    });
+  } else {
+    show();
+  }
+  if (const Control* focus = form_.focus(); focus == nullptr) {
+    if (QWidget* first = ground_->nextInFocusChain()) first->setFocus();
+  }
+}
+
+void FormWindow::followState() {
+  if (!presented_) return;
+  wantedOuter_ = {};
+  switch (form_.windowState()) {
+    case WindowState::normal:
+      showNormal();
+      break;
+    case WindowState::minimised:
+      showMinimized();
+      break;
+    case WindowState::maximised:
+      showMaximized();
+      break;
+  }
+}
+
+void FormWindow::resizeOuter(double width, double height) {
+  wantedOuter_ = QSize(pixels(width), pixels(height));
+  if (!presented_) return;
+  applyOuterSize();
+  // A window manager that is still leaving the maximised state may overrule the size once; then it is asked again.
+  constexpr int patience = 150;
+  QTimer::singleShot(patience, this, [this] { applyOuterSize(); });
+  QTimer::singleShot(4 * patience, this, [this] {
+    applyOuterSize();
+    wantedOuter_ = {};
+  });
+}
+
+void FormWindow::applyOuterSize() {
+  if (!wantedOuter_.isValid() || isMaximized() || isMinimized()) return;
+  const QSize frame = frameGeometry().size() - size();
+  const QSize inner = wantedOuter_ - frame;
+  if (inner != size()) resize(inner.expandedTo(QSize(120, 80)));
+}
+
+void FormWindow::resizeEvent(QResizeEvent*) {
+  arrange();
+  reportSize();
+}
+
+void FormWindow::moveEvent(QMoveEvent*) { reportSize(); }
+
+void FormWindow::arrange() {
+  const int barHeight = bar_ == nullptr ? 0 : menus_->barHeight();
+  if (bar_ != nullptr) bar_->setGeometry(0, 0, width(), barHeight);
+  ground_->setGeometry(0, barHeight, width(), height() - barHeight);
+}
+
+void FormWindow::reportSize() {
+  if (!presented_ || isMinimized() || !isVisible()) return;
+  const QSize outer = frameGeometry().size();
+  form_.windowResized(twips(ground_->width()), twips(ground_->height()), twips(outer.width()), twips(outer.height()));
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::WindowStateChange && presented_) {
+    form_.windowStateChanged(isMinimized()   ? WindowState::minimised
+                             : isMaximized() ? WindowState::maximised
+                                             : WindowState::normal);
+  }
+  QWidget::changeEvent(event);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (open()) form_.userClose();
+}
+
+void FormWindow::popUp(Menu& menu) {
+  QMenu* shown = menus_->popUpOf(menu);
+  if (shown == nullptr) return;
+  const QPoint place = menuPlace_.isNull() ? QCursor::pos() : menuPlace_;
+  shown->popup(place);
+}
+
+void FormWindow::refresh() {
+  applying_ = true;
+  const bool onlyPlayer = compact_();
+  for (const auto& binder : binders_) {
+    binder->applyVisible(!onlyPlayer || binder->control().kind() == ControlKind::mediaPlayer);
+  }
+  ground_->setCompact(onlyPlayer);
+  menus_->refresh();
+  Control* wanted = form_.focus();
+  if (const Binder* binder = binderOf(wanted); binder != nullptr && binder->widget()->isVisibleTo(this)) {
+    QWidget* target = binder->focusTarget();
+    if (target != nullptr && !target->isAncestorOf(focusWidget()) && focusWidget() != target) {
+      target->setFocus(Qt::OtherFocusReason);
+    }
+  }
+  applying_ = false;
+  ground_->update();
+  if (wanted == nullptr || !wanted->showing()) followFocus(focusWidget());
+}
+
+void FormWindow::followFocus(QWidget* now) {
+  if (applying_ || now == nullptr || now->window() != this) return;
+  if (Control* control = controlOf(now); control != nullptr && control != form_.focus()) {
+    form_.userFocus(control);
+    ground_->update();
+  }
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseMove:
+    case QEvent::Enter:
+      if (auto* widget = qobject_cast<QWidget*>(watched)) pointerOver(controlOf(widget));
+      break;
+    case QEvent::MouseButtonPress:
+      menuPlace_ = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
+      break;
+    default:
+      break;
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void FormWindow::pointerOver(Control* control) {
+  if (pointedKnown_ && control == pointed_) return;
+  pointed_ = control;
+  pointedKnown_ = true;
+  if (!open()) return;
+  if (control != nullptr) {
+    control->userMouseMove();
+  } else {
+    form_.userMouseMove();
+  }
+}
+
+}  // namespace plimo

@@ -1,0 +1,81 @@
+// The window of one form: its menu bar, and the ground on which its controls stand.
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "controls/form.h"
+#include "controls/menu.h"
+#include "desktop/binder.h"
+
+class QMenu;
+class QMenuBar;
+
+namespace plimo {
+
+class BoundMenus;
+class Ground;
+class TimerBinder;
+
+class FormWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  // `compact` tells whether only the player is to be painted. All of them must outlive the window.
+  FormWindow(Form& form, MpvPlayer& player, std::function<bool()> compact);
+  ~FormWindow() override;
+
+  Form& form() const { return form_; }
+
+  // Shows the window in the form's state; the splash window stands in the middle of the screen, without a frame.
+  void present();
+  void followState();
+  // Outer size in twips; kept until the window manager has done what was asked of it before.
+  void resizeOuter(double width, double height);
+  void popUp(Menu& menu);
+  // Brings visibility and focus up to the models; called before the window is painted.
+  void refresh();
+
+  // What the user does to the window itself is let through only while this is true.
+  std::function<bool()> open = [] { return true; };
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void bind(Control& control);
+  void arrange();
+  void reportSize();
+  void applyOuterSize();
+  void followFocus(QWidget* now);
+  void pointerOver(Control* control);
+  Control* controlOf(const QWidget* widget) const;
+  Binder* binderOf(const Control* control) const;
+
+  Form& form_;
+  MpvPlayer& player_;
+  std::function<bool()> compact_;
+  QMenuBar* bar_ = nullptr;
+  Ground* ground_ = nullptr;
+  std::vector<std::unique_ptr<Binder>> binders_;
+  std::unordered_map<const Control*, Binder*> byControl_;
+  std::unordered_map<const QWidget*, Control*> byWidget_;
+  std::vector<std::unique_ptr<TimerBinder>> timers_;
+  std::unique_ptr<BoundMenus> menus_;
+  const Control* pointed_ = nullptr;  // what the pointer is over; null: the bare form
+  bool pointedKnown_ = false;
+  bool applying_ = false;  // the program moves the focus, not the user
+  QSize wantedOuter_;      // asked for and not yet there
+  QPoint menuPlace_;       // where the user last asked for a menu
+  bool presented_ = false;
+};
+
+}  // namespace plimo

@@ -1,0 +1,146 @@
+#include "desktop/ground.h"
+
+#include <QLocale>
+#include <QPainter>
+#include <algorithm>
+
+#include "controls/widgets.h"
+#include "desktop/look.h"
+#include "desktop/units.h"
+
+namespace plimo {
+
+namespace {
+
+QString counted(std::size_t number, const char* one, const char* many) {
+  const QLocale english(QLocale::English);
+  return english.toString(static_cast<qulonglong>(number)) + QLatin1Char(' ') +
+         QString::fromUtf8(number == 1 ? one : many);
+}
+
+}  // namespace
+
+Ground::Ground(const Form& form, QWidget* parent) : QWidget(parent), form_(form) {
+  setObjectName(QStringLiteral("ground"));
+}
+
+const Control* Ground::shown(const char* name) const {
+  const Control* control = form_.find(name);
+  return control != nullptr && control->showing() ? control : nullptr;
+}
+
+QRect Ground::placeOf(const char* name) const {
+  const Control* control = form_.find(name);
+  return control == nullptr ? QRect() : pixelRect(control->place());
+}
+
+void Ground::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), look().window);
+  if (compact_ || form_.find("List2") == nullptr) return;
+  static constexpr Column columns[] = {
+      {"List2", "List2", "Picture1", "Picture4", "Artists", "artist", "artists"},
+      {"List1", "List1", "Picture2", "Picture5", "Scratch playlist", "song", "songs"},
+      {"List4", "List6", "Picture3", "Picture6", "Final playlist", "song", "songs"},
+  };
+  for (const Column& column : columns) paintHeading(painter, column);
+  paintFoot(painter);
+  paintMixedColour(painter);
+}
+
+void Ground::paintHeading(QPainter& painter, const Column& column) const {
+  const Control* control = shown(column.list);
+  if (control == nullptr) control = shown(column.otherList);
+  if (control == nullptr) return;
+  const auto& list = static_cast<const ListBox&>(*control);
+  const bool folded = shown(column.closedHandle) != nullptr;
+  if (!folded && shown(column.openHandle) == nullptr) return;
+  const QRect listPlace = pixelRect(list.place());
+  const QRect handle = placeOf(column.closedHandle);
+  const QString title = QString::fromUtf8(column.title);
+  QString count = counted(list.count(), column.oneRow, column.manyRows);
+  if (list.selectedCount() > 0) {
+    const bool boxes = list.style() == ListBox::Style::checkBoxes;
+    count += QStringLiteral("  ·  ") +
+             counted(list.selectedCount(), boxes ? "ticked" : "selected", boxes ? "ticked" : "selected");
+  }
+  if (!folded) {
+    // The strip's buttons stand where the heading was: a short one beside the handle.
+    const int left = handle.right() + spacing;
+    QRect beside(left, handle.top(), listPlace.right() - left, handle.height());
+    if (shown("Picture7") != nullptr && placeOf("Picture7").intersects(beside)) {
+      beside.setRight(placeOf("Picture7").left() - spacing);
+    }
+    painter.setFont(font());
+    painter.setPen(look().quiet);
+    painter.drawText(beside, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(count, Qt::ElideRight, beside.width()));
+    return;
+  }
+  QFont large = titleFont();
+  const int top = handle.bottom() + spacing;
+  const int height = listPlace.top() - spacing / 2 - top;
+  constexpr double share = 0.55;  // of the height, for the title
+  const int wanted = std::clamp(static_cast<int>(height * share * 0.8), 14, 30);
+  large.setPixelSize(wanted);
+  painter.setFont(large);
+  painter.setPen(look().text);
+  const QRect titlePlace(listPlace.left() + 2, top, listPlace.width() - 4, static_cast<int>(height * share));
+  painter.drawText(titlePlace, Qt::AlignLeft | Qt::AlignBottom | Qt::TextSingleLine,
+                   painter.fontMetrics().elidedText(title, Qt::ElideRight, titlePlace.width()));
+  painter.setFont(font());
+  painter.setPen(look().quiet);
+  const QRect countPlace(titlePlace.left(), titlePlace.bottom() + 1, titlePlace.width(),
+                         top + height - titlePlace.bottom());
+  painter.drawText(countPlace, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                   painter.fontMetrics().elidedText(count, Qt::ElideRight, countPlace.width()));
+}
+
+void Ground::paintFoot(QPainter& painter) const {
+  if (shown("List2") == nullptr) return;
+  const QRect list = placeOf("List2");
+  const QRect player = placeOf("MediaPlayer1");
+  const int side = std::clamp(player.height() / 2, 24, 48);
+  const QRect mark(list.left(), player.center().y() - side / 2, side, side);
+  paintArt(painter, QStringLiteral("plimo"), mark, Qt::KeepAspectRatio);
+  const QRect words(mark.right() + spacing, mark.top(), list.right() - mark.right() - spacing, side);
+  painter.setFont(titleFont());
+  painter.setPen(look().text);
+  painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Plimo!"));
+  if (shown("MediaPlayer1") != nullptr || player.left() < list.right()) return;
+  painter.setFont(font());
+  painter.setPen(look().quiet);
+  QPen dashes(look().border, 1, Qt::DashLine);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(dashes);
+  painter.drawRoundedRect(QRectF(player).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  painter.restore();
+  paintCaption(painter, player.adjusted(spacing, 0, -spacing, 0),
+               QStringLiteral("Double-click a song on the final playlist to play from there on."), Qt::AlignCenter);
+}
+
+void Ground::paintMixedColour(QPainter& painter) const {
+  const Control* red = shown("Slider1");
+  const Control* green = shown("Slider2");
+  const Control* blue = shown("Slider3");
+  if (red == nullptr || green == nullptr || blue == nullptr) return;
+  const auto value = [](const Control* slider) { return static_cast<const Slider*>(slider)->value(); };
+  const Rgb mixed{value(red), value(green), value(blue)};
+  const QRect sliders = placeOf("Slider1").united(placeOf("Slider3"));
+  const QRect next = placeOf("accept");
+  QRect swatch(sliders.right() + 2 * spacing, sliders.top(), next.left() - sliders.right() - 4 * spacing,
+               sliders.height());
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(look().border, 1));
+  painter.setBrush(qcolor(mixed));
+  painter.drawRoundedRect(QRectF(swatch).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  painter.setPen(qcolor(readableOn(mixed)));
+  const long number = mixed.red + 256L * mixed.green + 65536L * mixed.blue;
+  paintCaption(painter, swatch.adjusted(4, 4, -4, -4),
+               qcolor(mixed).name().toUpper() + QLatin1Char('\n') + QString::number(number), Qt::AlignCenter);
+  painter.restore();
+}
+
+}  // namespace plimo

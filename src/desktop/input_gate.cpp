@@ -1,0 +1,51 @@
+#include "desktop/input_gate.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QWindow>
+
+namespace plimo {
+
+void InputGate::close(QWidget* let) {
+  if (let != nullptr) let_ = let;
+  if (depth_++ == 0) qApp->installEventFilter(this);
+}
+
+void InputGate::reopen() {
+  if (--depth_ > 0) return;
+  let_ = nullptr;
+  qApp->removeEventFilter(this);
+  if (opened) opened();
+}
+
+bool InputGate::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::ShortcutOverride:
+    case QEvent::ContextMenu:
+    case QEvent::TouchBegin:
+    case QEvent::Close:
+    case QEvent::Enter:
+    case QEvent::DragEnter:
+    case QEvent::Drop:
+      break;
+    default:
+      return false;
+  }
+  // A window hands the event on to its widgets; only there is it known whose it is.
+  if (qobject_cast<QWindow*>(watched) != nullptr && event->type() != QEvent::Close) return false;
+  const auto* widget = qobject_cast<QWidget*>(watched);
+  const bool lets = let_ != nullptr && widget != nullptr && (widget == let_ || let_->isAncestorOf(widget));
+  if (lets && event->type() != QEvent::Close) return false;
+  if (event->type() == QEvent::Close) event->ignore();
+  return true;
+}
+
+}  // namespace plimo

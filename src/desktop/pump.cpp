@@ -1,0 +1,113 @@
+#include "desktop/pump.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QPushButton>
+#include <QThread>
+
+#include "desktop/look.h"
+#include "desktop/player_strip.h"
+#include "desktop/progress_panel.h"
+
+namespace plimo {
+
+namespace {
+
+constexpr qint64 paintInterval = 100;  // milliseconds
+// Work that is over sooner shows no panel.
+constexpr qint64 patience = 400;
+
+QString grouped(std::uint64_t number) { return QLocale(QLocale::English).toString(static_cast<qulonglong>(number)); }
+
+}  // namespace
+
+DesktopPump::DesktopPump(InputGate& gate) : gate_(gate) {}
+
+DesktopPump::~DesktopPump() = default;
+
+void DesktopPump::pause(std::chrono::milliseconds time) {
+  if (beforePaint) beforePaint();
+  gate_.close();
+  QElapsedTimer passed;
+  passed.start();
+  do {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    QCoreApplication::sendPostedEvents();
+    const qint64 left = time.count() - passed.elapsed();
+    if (left > 0) QThread::msleep(static_cast<unsigned long>(std::min<qint64>(left, 5)));
+  } while (passed.elapsed() < time.count());
+  gate_.reopen();
+}
+
+void DesktopPump::begin(const QString& title, bool cancellable) {
+  working_ = true;
+  since_.start();
+  lastPaint_ = 0;
+  if (beforePaint) beforePaint();
+  keyboard_ = QApplication::focusWidget();
+  QWidget* over = window ? window() : nullptr;
+  if (over != nullptr) {
+    panel_ = new ProgressPanel(over);
+    panel_->begin(title, cancellable);
+  }
+  gate_.close(panel_ == nullptr ? nullptr : panel_->button());
+  paint();
+}
+
+void DesktopPump::end() {
+  if (!working_) return;
+  working_ = false;
+  delete panel_.data();
+  gate_.reopen();
+  if (keyboard_ != nullptr && keyboard_->isVisible()) keyboard_->setFocus();
+}
+
+bool DesktopPump::due() {
+  const qint64 now = since_.elapsed();
+  if (now - lastPaint_ < paintInterval) return false;
+  lastPaint_ = now;
+  return true;
+}
+
+void DesktopPump::paint() { QCoreApplication::processEvents(QEventLoop::AllEvents, 5); }
+
+void DesktopPump::scanBegins() { begin(QStringLiteral("Looking for songs"), true); }
+
+bool DesktopPump::scanned(std::size_t songs, std::string_view folder) {
+  if (!working_ || !due()) return panel_ == nullptr || !panel_->cancelled();
+  if (panel_ != nullptr) {
+    const QString found = songs == 1 ? QStringLiteral("1 song found") : grouped(songs) + QStringLiteral(" songs found");
+    panel_->tell(qstring(folder),
+                 found + QStringLiteral("  ·  ") + clockText(static_cast<double>(since_.elapsed()) / 1000), -1);
+  }
+  paint();
+  return panel_ == nullptr || !panel_->cancelled();
+}
+
+void DesktopPump::scanEnds() { end(); }
+
+void DesktopPump::copied(const CopyProgress& progress) {
+  if (!working_) {
+    begin(QStringLiteral("Copying"), false);
+  }
+  if (!due() || panel_ == nullptr) return;
+  const double ofFile =
+      progress.size > 0 ? static_cast<double>(progress.bytes) / static_cast<double>(progress.size) : 1;
+  const double done = static_cast<double>(progress.file > 0 ? progress.file - 1 : 0) + ofFile;
+  panel_->tell(qstring(progress.name),
+               QStringLiteral("File %1 of %2").arg(grouped(progress.file), grouped(progress.files)),
+               progress.files > 0 ? done / static_cast<double>(progress.files) : -1);
+  paint();
+}
+
+void DesktopPump::deleted(std::size_t file, std::size_t files) {
+  if (!working_) begin(QStringLiteral("Deleting"), false);
+  if (!due() || panel_ == nullptr) return;
+  panel_->tell(QString(), QStringLiteral("File %1 of %2").arg(grouped(file), grouped(files)),
+               files > 0 ? static_cast<double>(file) / static_cast<double>(files) : -1);
+  paint();
+}
+
+void DesktopPump::workEnds() { end(); }
+
+}  // namespace plimo

@@ -1,0 +1,23 @@
+// From the form's twips to the window's logical pixels and back.
+#pragma once
+
+#include <QRect>
+#include <cmath>
+
+#include "controls/control.h"
+
+namespace plimo {
+
+inline constexpr double twipsPerPixel = 15;
+
+inline int pixels(double twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
+inline double twips(int pixelCount) { return pixelCount * twipsPerPixel; }
+
+// Edges are rounded, not sizes, so that what touches in twips touches in pixels.
+inline QRect pixelRect(const Place& place) {
+  const int left = pixels(place.left);
+  const int top = pixels(place.top);
+  return {left, top, pixels(place.left + place.width) - left, pixels(place.top + place.height) - top};
+}
+
+}  // namespace plimo
