@@ -124,15 +124,12 @@ void Form1::leavesettings() {
   Picture7.setVisible(false);
   if (sampledList_ != nullptr) removeSample(*sampledList_, finalSample);
   sampledList_ = nullptr;
-  if (!settingscancelled) {
-    for (ListBox* list : {&List1, &List2, &List3, &List4}) list->clear();
-  }
   List1.setVisible(true);
   List4.setVisible(true);
   showEditor(*this, false);
   fromsettings = false;
   for (Menu* menu : {&Function, &View, &help, &Settings}) menu->setVisible(true);
-  if (!settingscancelled) Scan_Click();
+  if (!settingscancelled) Scan_Click();  // it clears the lists first
   settingscancelled = false;
 }
 
