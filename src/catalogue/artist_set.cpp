@@ -1,6 +1,7 @@
 #include "catalogue/artist_set.h"
 
 #include <deque>
+#include <optional>
 #include <utility>
 
 #include "base/text_index.h"
@@ -16,9 +17,9 @@ std::vector<std::string> distinctArtists(FileSystemObject& files, const std::str
   TextIndex spellings;
   TextIndex distinct;
   std::string key;
-  std::string_view last;
+  std::optional<std::string_view> last;  // none at first: an empty artist is an artist too
   open.read(BrokenEnd::fails, [&](const CatalogueRecord& record) {
-    if (record.artist == last) return true;  // an artist's songs mostly stand together
+    if (last == record.artist) return true;  // an artist's songs mostly stand together
     const std::size_t known = spellings.size();
     const std::string_view artist = open.keep(record.artist);
     last = artist;
