@@ -193,22 +193,22 @@ void designColours(Form1& form) {
 void designPanels(Form1& form) {
   put(form.Frame2, 16, listTop, 476, 624);
   form.Frame2.setCaption("A Warm Welcome to Plimo!");
-  put(form.Label2, 24, 40, 428, 84);
+  put(form.Label2, 24, 48, 428, 96);
   form.Label2.setCaption(
       "Plimo! is an Mp3 File Manager. It automatically searches the selected drives for Mp3s and lists them in a "
       "user-friendly format. Plimo requires that there should NOT be more than two hyphens in the Mp3 filename.");
-  put(form.Label4, 24, 136, 428, 184);
+  put(form.Label4, 24, 152, 428, 184);
   form.Label4.setCaption(
       "Plimo! can either use Winamp or Windows Media Player (Default)  to play Mp3s. You will find three List boxes "
       "once you run Plimo! The First one lists all the available artists and the second one may be used as a scratch "
       "playlist. The third list is the final playlist. Right clicking a song on the second playlist plays the selected "
       "file or clicking the play button plays the songs on the final playlist using the selected player.");
-  put(form.Label3, 24, 332, 428, 124);
+  put(form.Label3, 24, 344, 428, 112);
   form.Label3.setCaption(
       "The Drives need not be scanned everytime you run Plimo!. This is because Plimo! maintains it's own list of all "
       "the songs on your computer after the first time you scan for Mp3 Files. You can always re-scan later to "
       "incorporate changes, if any.");
-  put(form.Label5, 24, 468, 428, 84);
+  put(form.Label5, 24, 464, 428, 84);
   form.Label5.setCaption(
       "Plimo! is made by the Plimo! team. Suggestions and criticism are welcome: write to us, we read every mail.");
   put(form.Command00, 316, 572, 136, 36);
