@@ -1,8 +1,10 @@
 #include "scenario/run_files.h"
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <system_error>
 
 #include "scenario/session.h"
 
@@ -11,6 +13,8 @@ namespace plimo::scenario {
 namespace {
 
 std::optional<std::string> contentOf(const std::string& file) {
+  std::error_code unknown;
+  if (std::filesystem::is_directory(file, unknown)) return std::nullopt;
   std::ifstream stream(file, std::ios::binary);
   if (!stream) return std::nullopt;
   std::string content{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};

@@ -81,12 +81,12 @@ TEST(UnreadableFiles, LeaveTheOthersTheirVerdict) {
   EXPECT_THAT(told.err, HasSubstr("story3:1: expected "));
 }
 
-TEST(UnreadableFiles, AreNamedWhereTheyAreMissing) {
+TEST(UnreadableFiles, AreNamedWhereTheyAreMissingOrFolders) {
   std::ostringstream out;
   std::ostringstream err;
-  const std::vector<std::string> files{"/there/is/no/such/file"};
+  const std::vector<std::string> files{"/there/is/no/such/file", "/"};
   EXPECT_EQ(runScenarioFiles(files, out, err), 2);
-  EXPECT_THAT(err.str(), HasSubstr("/there/is/no/such/file"));
+  EXPECT_EQ(err.str(), "/there/is/no/such/file: cannot be read\n/: cannot be read\n");
 }
 
 }  // namespace
