@@ -91,9 +91,7 @@ void Form1::List5_DblClick() { List5_Click(); }
 // A row's tick is its selected state: they cannot differ.
 void Form1::List5_ItemCheck(std::size_t) {}
 
-void Form1::Option4_Click() {
-  if (Option4.value()) List5.clearSelection();
-}
+void Form1::Option4_Click() { List5.clearSelection(); }
 
 void Form1::Command16_Click() {
   settingscancelled = true;
