@@ -29,7 +29,8 @@ class OpenCatalogue {
   // Throws as FileSystemObject::openForReading does.
   OpenCatalogue(FileSystemObject& files, const std::string& path) : view_(files.openForReading(path)), path_(path) {}
 
-  // Calls `each` with every record, in order, until it returns false. Throws 62 where the end is broken and that fails.
+  // Calls `each` with every record, in order, until it returns false. Throws 62 where the end is broken and that fails;
+  // where it is ignored, `broken` tells of it.
   template <class Each>
   void read(BrokenEnd end, Each each) {
     CatalogueReader reader(view_->bytes(), path_);
@@ -38,10 +39,14 @@ class OpenCatalogue {
       while (reader.next(record)) {
         if (!each(record)) return;
       }
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
       if (end == BrokenEnd::fails) throw;
+      broken_ = error;
     }
   }
+
+  // The broken end that a reading ignored, if it met one.
+  const std::optional<RuntimeError>& broken() const { return broken_; }
 
   // The text for as long as the catalogue is open.
   std::string_view keep(std::string_view text) {
@@ -56,6 +61,7 @@ class OpenCatalogue {
   std::unique_ptr<FileView> view_;
   std::string path_;
   std::deque<std::string> kept_;
+  std::optional<RuntimeError> broken_;
 };
 
 // For each of a list of keys, in order and with repetitions, the values of the records that match it, in record order:

@@ -37,19 +37,17 @@ struct Song {
   std::string_view title;
 };
 
-void writePlaylist(FileSystemObject& files, const std::string& target, Force force, const SongPaths& paths,
-                   std::size_t rows) {
-  const auto file = files.replaceFile(target, force);
+void writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t rows) {
   std::string piece;
   for (std::size_t row = 0; row < rows; ++row) {
     for (const std::string_view path : paths.of(row)) appendPath(piece, path);
     if (piece.size() >= pieceSize) {
-      file->write(piece);
+      file.write(piece);
       piece.clear();
     }
   }
-  file->write(piece);
-  file->commit();
+  file.write(piece);
+  file.commit();
 }
 
 // Whatever ends an opening or a saving leaves the strips folded and the play picture in sight.
@@ -107,7 +105,7 @@ void Form1::fillFromPlaylist(const std::vector<std::string>& items) {
   const std::vector<std::string_view> paths(items.begin(), items.end());
   OpenCatalogue catalogue(platform.files, ownFile(catalogueName));
   const CatalogueJoin<Song> songs(
-      catalogue, paths, BrokenEnd::fails,
+      catalogue, paths, BrokenEnd::ignored,
       [](const CatalogueRecord& record, std::string&) { return std::optional(record.path); },
       [&catalogue](const CatalogueRecord& record) {
         return Song{catalogue.keep(record.artist), catalogue.keep(record.title)};
@@ -129,6 +127,8 @@ void Form1::fillFromPlaylist(const std::vector<std::string>& items) {
       if (number != TextIndex::none) toTick.push_back(rowOfNumber[number]);
       if (const auto name = displayName(song.title)) list.add(*name);
     }
+    // A broken end is met at the end of the first item's reading, with its songs already listed.
+    if (catalogue.broken()) throw RuntimeError(*catalogue.broken());
   }
   // An artist once, where it comes first.
   std::vector<bool> seen(List2.count());
@@ -161,12 +161,13 @@ void Form1::Command4_Click() {
       break;
     }
   }
+  const auto file = platform.files.replaceFile(target, force);  // a target that cannot be written is told first
   const std::vector<std::string_view> songs = rowTexts(List4);
   const SongPaths paths(platform.files, ownFile(catalogueName), songs);
-  writePlaylist(platform.files, target, force, paths, songs.size());
+  writePlaylist(*file, paths, songs.size());
   const std::string standard = ownFile(defaultPlaylistName);
   if (makeDefault && !platform.files.sameFile(target, standard)) {
-    writePlaylist(platform.files, standard, Force::yes, paths, songs.size());
+    writePlaylist(*platform.files.replaceFile(standard, Force::yes), paths, songs.size());
   }
 }
 
