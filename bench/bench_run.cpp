@@ -1,0 +1,76 @@
+// plimo-bench-run: one measurement in a process of its own, told on one line.
+#include <cstdio>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "bench_shell.h"
+#include "commands.h"
+#include "stopwatch.h"
+
+namespace {
+
+using plimo::bench::BenchProgram;
+using plimo::bench::Command;
+using plimo::bench::Lap;
+using plimo::bench::Scene;
+using plimo::bench::Stopwatch;
+
+constexpr const char* usage =
+    "usage: plimo-bench-run scan ROOT\n"
+    "       plimo-bench-run start\n"
+    "       plimo-bench-run COMMAND SONGS\n"
+    "\n"
+    "scan starts the program with a scan of ROOT; start starts it with the catalogue in the current folder; a command\n"
+    "is given after such a start, with a catalogue of SONGS songs. Prints the seconds that it took\n"
+    "(by the wall, of the processor), the memory held afterwards and at most (KiB), and the rows of the artist list, "
+    "the scratch and the final list.\n";
+
+// A line of /proc/self/status, in KiB.
+long status(const std::string& name) {
+  std::ifstream lines("/proc/self/status");
+  for (std::string word; lines >> word;) {
+    long value = 0;
+    if (word == name + ":" && lines >> value) return value;
+  }
+  return 0;
+}
+
+void tell(const Lap& lap, BenchProgram& program) {
+  plimo::Form1& form = program.form();
+  std::printf("%.6f %.6f %ld %ld %zu %zu %zu\n", lap.wall, lap.processor, status("VmRSS"), status("VmHWM"),
+              form.List2.count(), form.List1.count(), form.finalList().count());
+}
+
+void measure(const Command& command, std::size_t songs) {
+  plimo::bench::writeSettings(plimo::bench::Start::readCatalogue);
+  BenchProgram program({});
+  Scene scene{program, songs};
+  command.prepare(scene);
+  const Stopwatch watch;
+  command.act(scene);
+  tell(watch.lap(), program);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const std::vector<std::string> words(arguments + 1, arguments + count);
+  const std::string name = words.empty() ? "" : words[0];
+  const Command* command = plimo::bench::findCommand(name);
+  const Stopwatch watch;
+  if (name == "scan" && words.size() == 2) {
+    plimo::bench::writeSettings(plimo::bench::Start::scan);
+    BenchProgram program(words[1]);
+    tell(watch.lap(), program);
+  } else if (name == "start" && words.size() == 1) {
+    plimo::bench::writeSettings(plimo::bench::Start::readCatalogue);
+    BenchProgram program({});
+    tell(watch.lap(), program);
+  } else if (command != nullptr && words.size() == 2) {
+    measure(*command, std::stoul(words[1]));
+  } else {
+    std::fputs(usage, stderr);
+    return 2;
+  }
+}

@@ -1,0 +1,129 @@
+#include "library.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "catalogue/catalogue_reader.h"
+#include "catalogue/song_name.h"
+
+namespace plimo::bench {
+
+namespace {
+
+constexpr std::array<const char*, 32> firstWords = {
+    "Silver",   "Broken",   "Café",   "Midnight", "Paper",   "Golden", "Velvet", "Lost",
+    "Electric", "Ångström", "Wild",   "Quiet",    "Crimson", "Naïve",  "Hollow", "Sunday",
+    "Distant",  "Burning",  "Little", "Señor",    "Winter",  "Frozen", "Green",  "Über",
+    "Blind",    "Secret",   "Rusty",  "Morning",  "Ancient", "Slow",   "Déjà",   "Last"};
+
+constexpr std::array<const char*, 32> secondWords = {
+    "Foxes",  "Harbour", "Machine",   "Garden",  "Engines", "Rivers",   "Letters", "Satellite",
+    "Mirror", "Horses",  "Avenue",    "Strings", "Thunder", "Pilots",   "Circus",  "Kitchen",
+    "Planet", "Shadows", "Orchestra", "Bridge",  "Wolves",  "Summer",   "Window",  "Train",
+    "Radio",  "Forest",  "Dancers",   "Island",  "Hearts",  "Carousel", "Empire",  "Lights"};
+
+constexpr std::size_t foldersInFolder = 4;
+constexpr std::size_t pieceSize = std::size_t{1} << 20;
+
+// Any number, always the same for the same one.
+std::size_t mixed(std::size_t number) {
+  std::uint64_t value = number * 0x9E3779B97F4A7C15U;
+  value ^= value >> 29;
+  value *= 0xBF58476D1CE4E5B9U;
+  return static_cast<std::size_t>(value ^ (value >> 32));
+}
+
+std::string words(std::size_t number) {
+  return std::string(firstWords[number % firstWords.size()]) + ' ' +
+         secondWords[number / firstWords.size() % secondWords.size()];
+}
+
+[[noreturn]] void fail(const std::string& path) { throw std::system_error(errno, std::generic_category(), path); }
+
+class Folder {
+ public:
+  explicit Folder(const std::string& path) : number_(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    if (number_ < 0) fail(path);
+  }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+  ~Folder() { ::close(number_); }
+  int number() const { return number_; }
+
+ private:
+  int number_;
+};
+
+}  // namespace
+
+std::string artistName(std::size_t artist) {
+  const std::size_t pairs = firstWords.size() * secondWords.size();
+  std::string name = words(artist);
+  if (artist >= pairs) name += ' ' + std::to_string(artist / pairs + 1);
+  return name;
+}
+
+std::string songFileName(const Library& library, std::size_t song) {
+  constexpr std::array<const char*, 8> extensions = {".mp3", ".mp3", ".mp3", ".MP3", ".mp3", ".mp3", ".Mp3", ".mp3"};
+  const std::size_t artist = library.artistOf(song);
+  const bool nameless = artist % 64 == 63;
+  const std::size_t titled = song % 100 == 50 && !nameless ? song - 1 : song;
+  const std::size_t chance = mixed(titled);
+  std::string title = words(chance) + ' ' + std::to_string(titled);
+  if (titled % 1000 == 777) title = '"' + title + '"';
+  title += extensions[chance >> 32 & 7];
+  if (nameless) return title;
+  std::string name = artistName(artist) + " - ";
+  if (titled != song || (chance >> 40 & 1) != 0) name += "The " + words(artist + song % 3) + " Album - ";
+  return name + title;
+}
+
+std::string folderPath(std::size_t folder) {
+  if (folder == 0) return {};
+  return folderPath((folder - 1) / foldersInFolder) + "/Folder " + std::to_string(folder);
+}
+
+void makeTree(const Library& library, const std::string& root) {
+  if (::mkdir(root.c_str(), S_IRWXU) != 0) fail(root);
+  std::size_t song = 0;
+  for (std::size_t folder = 0; folder < library.folders; ++folder) {
+    const std::string path = root + folderPath(folder);
+    if (folder > 0 && ::mkdir(path.c_str(), S_IRWXU) != 0) fail(path);
+    const Folder opened(path);
+    for (; song < library.songs && library.folderOf(song) == folder; ++song) {
+      const std::string name = songFileName(library, song);
+      if (::mknodat(opened.number(), name.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0) != 0) fail(path + '/' + name);
+    }
+  }
+}
+
+void makeCatalogue(const Library& library, const std::string& root, const std::string& file) {
+  std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+  std::string piece;
+  std::string folder;
+  std::size_t known = library.folders;
+  for (std::size_t song = 0; song < library.songs; ++song) {
+    if (library.folderOf(song) != known) {
+      known = library.folderOf(song);
+      folder = root + folderPath(known) + '/';
+    }
+    const std::string name = songFileName(library, song);
+    const SongName parts = splitFileName(name);
+    appendRecord(piece, {folder + name, parts.artist, parts.second, parts.title});
+    if (piece.size() < pieceSize && song + 1 < library.songs) continue;
+    stream.write(piece.data(), static_cast<std::streamsize>(piece.size()));
+    piece.clear();
+  }
+  stream.close();
+  if (!stream) fail(file);
+}
+
+}  // namespace plimo::bench

@@ -1,0 +1,45 @@
+// A music library that nobody owns: song names of every shape, always the same for the same numbers.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace plimo::bench {
+
+inline constexpr std::size_t songsOfArtist = 20;
+
+// Whether an artist's songs stand together or as far apart as they can.
+enum class Order { grouped, scattered };
+
+struct Library {
+  std::size_t songs = 0;
+  std::size_t folders = 1;
+  Order order = Order::grouped;
+
+  std::size_t artists() const { return (songs + songsOfArtist - 1) / songsOfArtist; }
+  // Numbers count from 0.
+  std::size_t artistOf(std::size_t song) const {
+    return order == Order::grouped ? song / songsOfArtist : song % artists();
+  }
+  std::size_t folderOf(std::size_t song) const { return song * folders / songs; }
+};
+
+// An artist's name: most in plain letters, some with accents.
+std::string artistName(std::size_t artist);
+
+// A song's file name: "artist - title.mp3" mostly, "artist - album - title.mp3", for one artist in 64 "title.mp3"; the
+// extension in all its spellings, quotes here and there. One song in a hundred shows under the same name as the one
+// before it.
+std::string songFileName(const Library& library, std::size_t song);
+
+// A folder's path below the library's root, with a separator in front; empty for folder 0, which is the root itself.
+// Each folder holds up to four others, so that 100,000 folders are nine levels deep.
+std::string folderPath(std::size_t folder);
+
+// Makes the folders, with an empty file for each song. The root must not exist. Throws std::system_error.
+void makeTree(const Library& library, const std::string& root);
+
+// Writes the catalogue of a library that stands at `root`, without the library. Throws std::system_error.
+void makeCatalogue(const Library& library, const std::string& root, const std::string& file);
+
+}  // namespace plimo::bench
