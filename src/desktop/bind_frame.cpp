@@ -51,24 +51,25 @@ class ShapeWidget : public QWidget {
     setAttribute(Qt::WA_NoSystemBackground);
   }
 
+  // Only the outline is there: what lies within is not covered, and need not be painted twice.
+  void cutOut() {
+    const int width = model_.borderWidth();
+    const bool rectangle = model_.outline() == Shape::Outline::rectangle;
+    const QRegion whole(rect(), rectangle ? QRegion::Rectangle : QRegion::Ellipse);
+    const QRect inner = rect().adjusted(width, width, -width, -width);
+    setMask(whole.subtracted(QRegion(inner, rectangle ? QRegion::Rectangle : QRegion::Ellipse)));
+  }
+
  protected:
+  void resizeEvent(QResizeEvent*) override { cutOut(); }
+
   void paintEvent(QPaintEvent*) override {
     const Control* list = framedList();
     if (list == nullptr) return;
     QPainter painter(this);
-    const int width = model_.borderWidth();
     const ListColours colours = listColours(list->foreColour(), list->backColour());
     const bool hasKeyboard = model_.form().focus() == list;
-    const double half = width / 2.0;
-    painter.setPen(
-        QPen(hasKeyboard ? look().focus : qcolor(colours.quiet), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    const QRectF outline = QRectF(rect()).adjusted(half, half, -half, -half);
-    if (model_.outline() == Shape::Outline::rectangle) {
-      painter.drawRect(outline);
-    } else {
-      painter.setRenderHint(QPainter::Antialiasing);
-      painter.drawEllipse(outline);
-    }
+    painter.fillRect(rect(), hasKeyboard ? look().focus : qcolor(colours.quiet));
   }
 
  private:
@@ -90,7 +91,10 @@ class ShapeBinder : public Binder {
   ShapeBinder(Shape& shape, QWidget* parent) : Binder(shape, new ShapeWidget(shape, parent)) {}
 
  protected:
-  void changed(Property) override { widget()->update(); }
+  void changed(Property property) override {
+    if (property == Property::value) static_cast<ShapeWidget*>(widget())->cutOut();
+    widget()->update();
+  }
 
  private:
   Observing observing_{control(), *this};

@@ -18,6 +18,18 @@ QString scrollBarSheet(const ListColours& colours) {
       .arg(qcolor(colours.background).name(), qcolor(colours.quiet).name(), qcolor(colours.mark).name());
 }
 
+ListColours lookColours() {
+  ListColours colours;
+  colours.text = rgbOf(look().text);
+  colours.background = rgbOf(look().field);
+  colours.quiet = rgbOf(look().quiet);
+  colours.mark = rgbOf(look().accent);
+  colours.selectedText = rgbOf(look().onAccent);
+  colours.selectedBackground = rgbOf(look().accent);
+  colours.currentBackground = rgbOf(look().buttonHover);
+  return colours;
+}
+
 class ListBinder : public Binder, public ListObserver {
  public:
   ListBinder(ListBox& list, QWidget* parent)
@@ -38,15 +50,20 @@ class ListBinder : public Binder, public ListObserver {
  protected:
   void changed(Property property) override {
     if (property != Property::colours) return;
-    const ListColours colours = listColours(list_.foreColour(), list_.backColour());
+    const ListColours colours = ownColours() ? listColours(list_.foreColour(), list_.backColour()) : lookColours();
     QPalette palette = view_->palette();
     palette.setColor(QPalette::Window, qcolor(colours.background));
     view_->setPalette(palette);
     view_->verticalScrollBar()->setStyleSheet(scrollBarSheet(colours));
-    view_->coloursChanged();
+    view_->setColours(colours);
   }
 
  private:
+  // A list in a panel as plain as it was made wears the window's look.
+  bool ownColours() const {
+    return list_.container() == nullptr || list_.foreColour() != 0 || list_.backColour() != 0xFFFFFF;
+  }
+
   ListBox& list_;
   ListView* view_;
 };

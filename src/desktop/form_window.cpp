@@ -130,8 +130,10 @@ void FormWindow::present() {
   } else {
     show();
   }
-  if (const Control* focus = form_.focus(); focus == nullptr) {
-    if (QWidget* first = ground_->nextInFocusChain()) first->setFocus();
+  // The keyboard begins at the first list that shows.
+  for (const auto& binder : binders_) {
+    if (form_.focus() != nullptr) break;
+    if (binder->control().kind() == ControlKind::listBox && binder->control().showing()) binder->widget()->setFocus();
   }
 }
 

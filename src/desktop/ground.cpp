@@ -81,7 +81,7 @@ void Ground::paintHeading(QPainter& painter, const Column& column) const {
   const int top = handle.bottom() + spacing;
   const int height = listPlace.top() - spacing / 2 - top;
   constexpr double share = 0.55;  // of the height, for the title
-  const int wanted = std::clamp(static_cast<int>(height * share * 0.8), 14, 30);
+  const int wanted = std::clamp(static_cast<int>(height * share * 0.8), 14, 26);
   large.setPixelSize(wanted);
   painter.setFont(large);
   painter.setPen(look().text);

@@ -79,8 +79,8 @@ void ListView::topChanged() {
   programMoves_ = false;
 }
 
-void ListView::coloursChanged() {
-  colours_ = listColours(model_.foreColour(), model_.backColour());
+void ListView::setColours(const ListColours& colours) {
+  colours_ = colours;
   viewport()->update();
   update();
 }
@@ -198,10 +198,28 @@ void ListView::scrollContentsBy(int, int) { viewport()->update(); }
 
 void ListView::focusInEvent(QFocusEvent*) {
   viewport()->update();
+  update();
   announceCurrent();
 }
 
-void ListView::focusOutEvent(QFocusEvent*) { viewport()->update(); }
+void ListView::focusOutEvent(QFocusEvent*) {
+  viewport()->update();
+  update();
+}
+
+// The list's own frame shows where the keyboard is; it belongs to the area, not to the viewport.
+bool ListView::event(QEvent* event) {
+  const bool done = QAbstractScrollArea::event(event);
+  if (event->type() == QEvent::Paint) {
+    QPainter painter(this);
+    const int width = hasFocus() ? 2 : 1;
+    painter.setPen(QPen(qcolor(hasFocus() ? colours_.mark : mix(colours_.background, colours_.quiet, 0.5)), width,
+                        Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const double half = width / 2.0;
+    painter.drawRect(QRectF(rect()).adjusted(half, half, -half, -half));
+  }
+  return done;
+}
 
 void ListView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {

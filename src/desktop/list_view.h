@@ -26,7 +26,7 @@ class ListView : public QAbstractScrollArea {
   void selectionChanged();
   void currentChanged();
   void topChanged();
-  void coloursChanged();
+  void setColours(const ListColours& colours);
 
   // --- Places ---
   int rowHeight() const { return rowHeight_; }
@@ -58,6 +58,7 @@ class ListView : public QAbstractScrollArea {
   void focusOutEvent(QFocusEvent* event) override;
   void changeEvent(QEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
+  bool event(QEvent* event) override;
 
  private:
   void measure();

@@ -182,7 +182,7 @@ void paintArt(QPainter& painter, const QString& name, const QRectF& place, Qt::A
   QRectF target = place;
   if (mode == Qt::KeepAspectRatio) {
     target.setSize(QSizeF(art.defaultSize()).scaled(place.size(), Qt::KeepAspectRatio));
-    target.moveCenter(place.center());
+    target.moveTop(place.center().y() - target.height() / 2);
   }
   art.render(&painter, target);
 }

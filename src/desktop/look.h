@@ -51,6 +51,7 @@ QFont smallFont();
 
 // A picture of the program's own, by its name in art/ without the ending.
 QIcon artIcon(const QString& name);
+// With its aspect kept it stands at the left.
 void paintArt(QPainter& painter, const QString& name, const QRectF& place, Qt::AspectRatioMode mode);
 bool artExists(const QString& name);
 
