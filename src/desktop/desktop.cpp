@@ -6,6 +6,7 @@
 
 #include "desktop/list_access.h"
 #include "desktop/look.h"
+#include "desktop/widget_access.h"
 
 namespace plimo {
 
@@ -39,6 +40,7 @@ Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
   pump_.window = [this] { return frontWindow(); };
   gate_.opened = [this] { player_.wake(); };
   installListAccess();
+  installWidgetAccess();
   bindWindows();
 }
 
