@@ -243,11 +243,15 @@ class Program:
 
         return wait(look, "a box", seconds)
 
-    def answer(self, button="OK"):
-        """Answers the box that is open, and waits until it has gone. Its text."""
+    def answer(self, button=None):
+        """Answers the box that is open, by its default button (the Enter key) or by a click, and waits until it has gone.
+        Its text."""
         text = self.box_text()
         before = len(self.boxes())
-        self.press(button)
+        if button is None:
+            screen.key("Return")
+        else:
+            self.press(button)
         wait(lambda: len(self.boxes()) < before or self.boxes_text() != text, "the box to close")
         return text
 
