@@ -238,6 +238,15 @@ TEST_P(Views, APanelOpenedFromTheCompactViewLeavesIt) {
   expectPlaces(expected);
 }
 
+TEST_P(Views, APanelPutsThePlayerBackBeforeTheWindowHasGrown) {
+  start();
+  const Place player = form.MediaPlayer1.place();
+  click(form.Compact);
+  form.cop.userClick();
+  EXPECT_NEAR(form.MediaPlayer1.place().left, player.left, 0.5);
+  EXPECT_NEAR(form.MediaPlayer1.place().top, player.top, 0.5);
+}
+
 TEST_P(Views, APanelOpenedFromAMaximisedCompactWindowLeavesItToo) {
   start();
   const Places expected = places();

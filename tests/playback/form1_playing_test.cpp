@@ -1,0 +1,61 @@
+// What the player on the window is told before it plays.
+#include <gtest/gtest.h>
+
+#include "app/test_program.h"
+
+namespace plimo {
+namespace {
+
+class Playing : public testing::Test {
+ protected:
+  void start() {
+    test.addSong(R"(C:\Music\Abba - Fernando.mp3)");
+    test.program.start();
+    form.List1.add(" Fernando");
+    form.List4.add(" Fernando");
+    test.player.setAutoStart(false);
+    test.player.setShowControls(false);
+    test.player.setEnabled(false);
+  }
+
+  TestProgram test;
+  Form1& form = test.form();
+};
+
+TEST_F(Playing, ARunMakesThePlayerStartAndUsable) {
+  start();
+  form.Picture7.userClick();
+  EXPECT_TRUE(test.player.autoStart());
+  EXPECT_TRUE(test.player.enabled());
+  EXPECT_EQ(test.player.state(), MemoryPlayer::State::playing);
+  EXPECT_FALSE(test.player.showControls()) << "only one song alone shows the controls";
+}
+
+TEST_F(Playing, OneSongAloneShowsTheControlsToo) {
+  start();
+  form.List1.userMoveCurrent(0);
+  form.play.userClick();
+  EXPECT_TRUE(test.player.autoStart());
+  EXPECT_TRUE(test.player.enabled());
+  EXPECT_TRUE(test.player.showControls());
+  EXPECT_EQ(test.player.state(), MemoryPlayer::State::playing);
+}
+
+TEST_F(Playing, TheDefaultPlaylistMakesThePlayerStartAndUsable) {
+  test.files.addTextFile(R"(C:\Plimo\default.m3u)", "");
+  start();
+  form.playdefaultlist();
+  EXPECT_TRUE(test.player.autoStart());
+  EXPECT_TRUE(test.player.enabled());
+  EXPECT_EQ(test.player.state(), MemoryPlayer::State::playing);
+}
+
+TEST_F(Playing, TheCompactViewMakesThePlayerStart) {
+  start();
+  form.Compact.userClick();
+  EXPECT_TRUE(test.player.autoStart());
+  EXPECT_FALSE(test.player.enabled());
+}
+
+}  // namespace
+}  // namespace plimo
