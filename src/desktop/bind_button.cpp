@@ -45,7 +45,7 @@ class ButtonWidget : public QAbstractButton {
     painter.setBrush(face);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     painter.setPen(ink);
-    QRect textPlace = rect().adjusted(spacing, 2, -spacing, -2);
+    QRect textPlace = rect().adjusted(3, 1, -3, -1);
     if (isDown()) textPlace.translate(0, 1);
     paintCaption(painter, textPlace, text(), Qt::AlignCenter);
     if (hasFocus()) paintRing(painter, rect(), radius);

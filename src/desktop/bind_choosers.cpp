@@ -68,6 +68,10 @@ class DriveWidget : public QComboBox {
     itemIcon(currentIndex()).paint(&painter, icon);
     paintDrive(painter, field.adjusted(24, 0, 0, 0), currentText(), currentData(rootRole).toString(), look().text,
                look().quiet);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(look().quiet, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF tip(width() - 14, height() / 2.0 + 2);
+    painter.drawPolyline(QPolygonF{{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)}});
   }
 };
 

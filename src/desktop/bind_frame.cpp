@@ -69,7 +69,7 @@ class ShapeWidget : public QWidget {
     QPainter painter(this);
     const ListColours colours = listColours(list->foreColour(), list->backColour());
     const bool hasKeyboard = model_.form().focus() == list;
-    painter.fillRect(rect(), hasKeyboard ? look().focus : qcolor(colours.quiet));
+    painter.fillRect(rect(), qcolor(hasKeyboard ? colours.mark : colours.quiet));
   }
 
  private:

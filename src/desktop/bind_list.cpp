@@ -53,6 +53,7 @@ class ListBinder : public Binder, public ListObserver {
     const ListColours colours = ownColours() ? listColours(list_.foreColour(), list_.backColour()) : lookColours();
     QPalette palette = view_->palette();
     palette.setColor(QPalette::Window, qcolor(colours.background));
+    palette.setColor(QPalette::WindowText, qcolor(colours.background));  // the frame as the toolkit draws it
     view_->setPalette(palette);
     view_->verticalScrollBar()->setStyleSheet(scrollBarSheet(colours));
     view_->setColours(colours);

@@ -105,6 +105,7 @@ std::optional<std::string> DesktopDialogs::saveFile(const FileDialog& asked) {
   prepareFileDialog(dialog, asked);
   while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
     const QString name = dialog.selectedFiles().constFirst();
+    if (namesPattern(bytesOf(name.mid(name.lastIndexOf(QLatin1Char('/')) + 1)))) continue;  // no name given yet
     const QString written = name + QStringLiteral(".m3u");
     // The name itself is asked about by the program; the name that it makes of a new one, here.
     if (QFile::exists(name) || !QFile::exists(written)) return nativeBytes(name);

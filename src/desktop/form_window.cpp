@@ -132,8 +132,9 @@ void FormWindow::present() {
   }
   // The keyboard begins at the first list that shows.
   for (const auto& binder : binders_) {
-    if (form_.focus() != nullptr) break;
-    if (binder->control().kind() == ControlKind::listBox && binder->control().showing()) binder->widget()->setFocus();
+    if (binder->control().kind() != ControlKind::listBox || !binder->control().showing()) continue;
+    binder->widget()->setFocus();
+    break;
   }
 }
 
@@ -219,6 +220,10 @@ void FormWindow::refresh() {
   for (const auto& binder : binders_) {
     binder->applyVisible(!onlyPlayer || binder->control().kind() == ControlKind::mediaPlayer);
   }
+  if (onlyPlayer && !wasCompact_) {
+    if (auto* play = ground_->findChild<QWidget*>(QStringLiteral("playerPlay"))) play->setFocus();
+  }
+  wasCompact_ = onlyPlayer;
   ground_->setCompact(onlyPlayer);
   menus_->refresh();
   Control* wanted = form_.focus();

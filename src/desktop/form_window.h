@@ -76,6 +76,7 @@ class FormWindow : public QWidget {
   QSize wantedOuter_;      // asked for and not yet there
   QPoint menuPlace_;       // where the user last asked for a menu
   bool presented_ = false;
+  bool wasCompact_ = false;
 };
 
 }  // namespace plimo

@@ -45,6 +45,7 @@ void Ground::paintEvent(QPaintEvent*) {
   };
   for (const Column& column : columns) paintHeading(painter, column);
   paintFoot(painter);
+  paintBrand(painter);
   paintMixedColour(painter);
 }
 
@@ -107,7 +108,8 @@ void Ground::paintFoot(QPainter& painter) const {
   painter.setFont(titleFont());
   painter.setPen(look().text);
   painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Plimo!"));
-  if (shown("MediaPlayer1") != nullptr || player.left() < list.right()) return;
+  const bool handles = shown("Picture3") != nullptr || shown("Picture6") != nullptr;
+  if (shown("MediaPlayer1") != nullptr || player.left() < list.right() || !handles) return;
   painter.setFont(font());
   painter.setPen(look().quiet);
   QPen dashes(look().border, 1, Qt::DashLine);
@@ -118,6 +120,20 @@ void Ground::paintFoot(QPainter& painter) const {
   painter.restore();
   paintCaption(painter, player.adjusted(spacing, 0, -spacing, 0),
                QStringLiteral("Double-click a song on the final playlist to play from there on."), Qt::AlignCenter);
+}
+
+// The settings alone leave half of the ground bare.
+void Ground::paintBrand(QPainter& painter) const {
+  if (shown("Frame1") == nullptr || shown("Frame2") != nullptr) return;
+  const QRect settings = placeOf("Frame1");
+  const int side = std::min(settings.left() / 2, settings.height() / 2);
+  QRect mark(0, 0, side, side);
+  mark.moveCenter(QPoint(settings.left() / 2, settings.center().y() - side / 6));
+  paintArt(painter, QStringLiteral("plimo"), mark, Qt::KeepAspectRatio);
+  painter.setFont(titleFont());
+  painter.setPen(look().quiet);
+  const QRect words(0, mark.bottom() + spacing, settings.left(), painter.fontMetrics().height() + spacing);
+  painter.drawText(words, Qt::AlignCenter, QStringLiteral("Plimo!"));
 }
 
 void Ground::paintMixedColour(QPainter& painter) const {

@@ -31,6 +31,7 @@ class Ground : public QWidget {
 
   void paintHeading(QPainter& painter, const Column& column) const;
   void paintFoot(QPainter& painter) const;
+  void paintBrand(QPainter& painter) const;
   void paintMixedColour(QPainter& painter) const;
   const Control* shown(const char* name) const;
   QRect placeOf(const char* name) const;

@@ -19,8 +19,8 @@ constexpr int rowPadding = 6;  // above and below a row's text together
 }  // namespace
 
 ListView::ListView(ListBox& model, QWidget* parent) : QAbstractScrollArea(parent), model_(model) {
-  setFrameShape(QFrame::NoFrame);
-  setViewportMargins(outline, outline, outline, outline);
+  setFrameStyle(QFrame::Box | QFrame::Plain);
+  setLineWidth(outline);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setMouseTracking(true);

@@ -7,7 +7,9 @@
 #include <QStyleFactory>
 #include <QSvgRenderer>
 #include <QTextDocument>
+#include <iterator>
 #include <memory>
+#include <utility>
 
 #include "base/text.h"
 
@@ -99,7 +101,11 @@ QPushButton:hover { background: %hover; }
 QPushButton:pressed { background: %pressed; }
 QPushButton:default { background: %accent; color: %onAccent; border-color: %accent; }
 QPushButton:focus { border: 2px solid %focus; padding: 4px 15px; }
+QPushButton:default:disabled { background: %pressed; border-color: %border; }
 QPushButton:disabled { color: %quiet; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
+QComboBox::drop-down { border: none; width: 24px; }
+QComboBox::down-arrow { image: none; }
 QLineEdit, QComboBox { background: %field; color: %text; border: 1px solid %border; border-radius: 6px;
                        padding: 4px 8px; }
 QLineEdit:focus, QComboBox:focus { border: 2px solid %focus; padding: 3px 7px; }
@@ -200,9 +206,13 @@ void paintCaption(QPainter& painter, const QRect& place, const QString& caption,
   const QFont usual = painter.font();
   const int flags = static_cast<int>(alignment) | Qt::TextWordWrap;
   constexpr double smallest = 0.75;
-  for (double size = 1; size >= smallest; size -= 0.05) {
+  // Narrower letters before much smaller ones.
+  constexpr std::pair<double, int> attempts[] = {{1, 100},  {0.95, 100}, {0.9, 100}, {0.95, 90},
+                                                 {0.9, 85}, {0.85, 85},  {0.8, 85},  {smallest, 80}};
+  for (const auto& [size, stretch] : attempts) {
     QFont font = usual;
     font.setPointSizeF(usual.pointSizeF() * size);
+    font.setStretch(stretch);
     const QRect needed = QFontMetrics(font).boundingRect(QRect(0, 0, place.width(), 10000), flags, caption);
     if (needed.width() > place.width() || needed.height() > place.height()) continue;
     painter.setFont(font);
@@ -212,6 +222,7 @@ void paintCaption(QPainter& painter, const QRect& place, const QString& caption,
   }
   QFont font = usual;
   font.setPointSizeF(usual.pointSizeF() * smallest);
+  font.setStretch(attempts[std::size(attempts) - 1].second);
   painter.setFont(font);
   const QString shortened = QFontMetrics(font).elidedText(caption, Qt::ElideRight, place.width());
   painter.drawText(place, static_cast<int>(alignment) | Qt::TextSingleLine, shortened);
