@@ -1,4 +1,5 @@
 // Copying the selected songs' files: the panel that asks where to, and the copying.
+#include <ranges>
 #include <vector>
 
 #include "app/form1.h"
@@ -24,10 +25,9 @@ bool showNearestFolder(FileSystemObject& files, FolderList& list, std::string fo
 
 // The drive that the folder shown stands on: the one whose root lies nearest above it.
 void showDriveOf(DriveList& drives, const FolderList& folder) {
-  const auto& ancestors = folder.listing().ancestors;
-  for (auto ancestor = ancestors.rbegin(); ancestor != ancestors.rend(); ++ancestor) {
+  for (const std::string& ancestor : std::views::reverse(folder.listing().ancestors)) {
     for (const DriveList::Entry& drive : drives.entries()) {
-      if (drive.root == *ancestor) {
+      if (drive.root == ancestor) {
         drives.setDrive(drive.letter);
         return;
       }
