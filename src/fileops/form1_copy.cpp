@@ -1,5 +1,4 @@
 // Copying the selected songs' files: the panel that asks where to, and the copying.
-#include <ranges>
 #include <vector>
 
 #include "app/form1.h"
@@ -25,12 +24,9 @@ bool showNearestFolder(FileSystemObject& files, FolderList& list, std::string fo
 
 // The drive that the folder shown stands on: the one whose root lies nearest above it.
 void showDriveOf(DriveList& drives, const FolderList& folder) {
-  for (const std::string& ancestor : std::views::reverse(folder.listing().ancestors)) {
+  for (const std::string& ancestor : folder.listing().ancestors) {  // the nearest comes last
     for (const DriveList::Entry& drive : drives.entries()) {
-      if (drive.root == ancestor) {
-        drives.setDrive(drive.letter);
-        return;
-      }
+      if (drive.root == ancestor) drives.setDrive(drive.letter);
     }
   }
 }
