@@ -28,7 +28,7 @@ double luminance(Rgb colour) {
 }
 
 double contrast(Rgb one, Rgb other) {
-  const auto [low, high] = std::minmax(luminance(one), luminance(other));
+  const auto [low, high] = std::minmax({luminance(one), luminance(other)});  // by value: the pair of two would dangle
   return (high + 0.05) / (low + 0.05);
 }
 

@@ -1,7 +1,6 @@
 // The machine that the program runs on; one file for each kind of machine, chosen by the build.
 #pragma once
 
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,8 +19,5 @@ struct NamedDrive {
 // The machine's files; with exactly the drives named, where any are.
 std::unique_ptr<FileSystemObject> nativeFiles(const std::vector<NamedDrive>& named);
 std::unique_ptr<Launcher> nativeLauncher();
-
-// Where the program keeps its files when it is told of no other folder. Empty where the user has no such place.
-std::filesystem::path ownFolder();
 
 }  // namespace plimo

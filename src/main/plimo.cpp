@@ -22,7 +22,7 @@ constexpr const char* helpText =
     "Usage: plimo [OPTION...]\n"
     "Sort MP3 files by artist, build playlists and play them.\n"
     "\n"
-    "  --folder DIR                   keep the program's files in DIR (made if missing)\n"
+    "  --folder DIR                   keep the program's files in DIR (made if missing), not in the current folder\n"
     "  --drive LETTER=FOLDER[:KIND]   have exactly the drives named; KIND is fixed (the default), cdrom, removable,\n"
     "                                 network or ramdisk; may be given again and again\n"
     "  --help                         show this text and exit\n"
@@ -121,9 +121,8 @@ int main(int count, char** words) {
   icon.addFile(QStringLiteral(":/art/plimo-small.svg"), QSize(16, 16));
   QApplication::setWindowIcon(icon);
 
-  const std::filesystem::path folder = options.folder.empty() ? plimo::ownFolder() : options.folder;
-  std::string reason = "there is no folder for the program's files";
-  if (folder.empty() || !enter(folder, reason)) {
+  std::string reason;
+  if (!options.folder.empty() && !enter(options.folder, reason)) {
     QMessageBox::critical(nullptr, QString::fromUtf8(plimo::programName), plimo::qstring(reason));
     return 1;
   }
