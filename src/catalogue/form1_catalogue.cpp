@@ -52,9 +52,12 @@ void Form1::display() {
     for (Picture* picture : {&Picture1, &Picture2, &Picture3, &Picture7}) picture->setVisible(true);
     List1.setVisible(true);
     List2.setVisible(true);
-    const bool compact = !List6.empty();
-    List4.setVisible(!compact);
-    List6.setVisible(compact);
+    // On the way back to the large view, that view's list shows whatever the other one holds.
+    if (List6.empty() || frommenu) {
+      swapFinalLists(List4, List6);
+    } else {
+      swapFinalLists(List6, List4);
+    }
   }
   if (List2.empty()) {
     platform.dialogs.message("It looks like you don't have any Mp3s on this drive. Try another drive!");
