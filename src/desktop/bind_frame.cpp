@@ -1,6 +1,7 @@
 // Frames, which are cards with a title, and the outlines around the lists.
 #include <QGroupBox>
 #include <QPainter>
+#include <algorithm>
 
 #include "desktop/binder.h"
 #include "desktop/look.h"
@@ -24,7 +25,7 @@ class CardWidget : public QGroupBox {
     painter.setFont(titleFont());
     painter.setPen(look().accent);
     const int line = painter.fontMetrics().height();
-    const QRect place(2 * spacing, spacing, width() - 4 * spacing, line);
+    const QRect place(2 * spacing, std::min(spacing, height() / 80), width() - 4 * spacing, line);
     painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, title());
   }
 };

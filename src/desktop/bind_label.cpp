@@ -37,7 +37,16 @@ class LabelWidget : public QScrollArea {
  private:
   void arrange() {
     constexpr int longestLine = 88;  // average letters
-    const int longest = fontMetrics().averageCharWidth() * longestLine;
+    constexpr double smallest = 0.86;
+    QFont font = this->font();
+    const double usual = font.pointSizeF();
+    // A little smaller rather than cut off.
+    for (double size = 1; size >= smallest; size -= 0.07) {
+      font.setPointSizeF(usual * size);
+      text_->setFont(font);
+      if (text_->heightForWidth(width()) <= height()) break;
+    }
+    const int longest = text_->fontMetrics().averageCharWidth() * longestLine;
     const auto heightFor = [this](int width) { return text_->heightForWidth(width); };
     int width = std::min(this->width(), longest);
     bool scrolls = heightFor(width) > height();

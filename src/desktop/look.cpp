@@ -110,6 +110,12 @@ QLineEdit, QComboBox { background: %field; color: %text; border: 1px solid %bord
                        padding: 4px 8px; }
 QLineEdit:focus, QComboBox:focus { border: 2px solid %focus; padding: 3px 7px; }
 QListWidget { background: %field; color: %text; border: 1px solid %border; border-radius: 6px; padding: 2px; }
+QScrollBar:vertical { background: transparent; width: 12px; margin: 0; border: none; }
+QScrollBar:horizontal { background: transparent; height: 12px; margin: 0; border: none; }
+QScrollBar::handle { background: %border; border-radius: 4px; margin: 2px; min-height: 24px; min-width: 24px; }
+QScrollBar::handle:hover { background: %quiet; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 QListWidget:focus { border: 2px solid %focus; padding: 1px; }
 )");
   const auto put = [&sheet](const char* key, const QColor& colour) {

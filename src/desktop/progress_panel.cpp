@@ -36,14 +36,17 @@ void ProgressPanel::begin(const QString& title, bool cancellable) {
   beat_ = 0;
   cancelled_ = false;
   setGeometry(parentWidget()->rect());
-  const QSize size = cancel_->sizeHint();
-  const QRect inner = card().adjusted(0, 0, -2 * spacing, -2 * spacing);
-  cancel_->setGeometry(inner.right() - size.width(), inner.bottom() - size.height(), size.width(), size.height());
   cancel_->setVisible(cancellable);
   cancel_->setEnabled(true);
   show();
   raise();
   if (cancellable) cancel_->setFocus();
+}
+
+void ProgressPanel::resizeEvent(QResizeEvent*) {
+  const QSize size = cancel_->sizeHint();
+  const QRect inner = card().adjusted(0, 0, -2 * spacing, -2 * spacing);
+  cancel_->setGeometry(inner.right() - size.width(), inner.bottom() - size.height(), size.width(), size.height());
 }
 
 void ProgressPanel::tell(const QString& what, const QString& howFar, double part) {

@@ -14,15 +14,15 @@ class ProgressPanel : public QWidget {
  public:
   explicit ProgressPanel(QWidget* window);
 
-  // `cancellable` gives it a Cancel button.
+  // Appears, over the whole window. `cancellable` gives it a Cancel button.
   void begin(const QString& title, bool cancellable);
   // One line for what is being done, one for how far it is. `part` from 0 to 1; less than 0 where it cannot be told.
   void tell(const QString& what, const QString& howFar, double part);
   bool cancelled() const { return cancelled_; }
-  QPushButton* button() const { return cancel_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:

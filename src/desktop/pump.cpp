@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QLocale>
-#include <QPushButton>
 #include <QThread>
 
 #include "desktop/look.h"
@@ -15,7 +14,7 @@ namespace {
 
 constexpr qint64 paintInterval = 100;  // milliseconds
 // Work that is over sooner shows no panel.
-constexpr qint64 patience = 400;
+constexpr qint64 patience = 200;
 
 QString grouped(std::uint64_t number) { return QLocale(QLocale::English).toString(static_cast<qulonglong>(number)); }
 
@@ -41,31 +40,31 @@ void DesktopPump::pause(std::chrono::milliseconds time) {
 
 void DesktopPump::begin(const QString& title, bool cancellable) {
   working_ = true;
+  title_ = title;
+  cancellable_ = cancellable;
   since_.start();
   lastPaint_ = 0;
   if (beforePaint) beforePaint();
   keyboard_ = QApplication::focusWidget();
   QWidget* over = window ? window() : nullptr;
-  if (over != nullptr) {
-    panel_ = new ProgressPanel(over);
-    panel_->begin(title, cancellable);
-  }
-  gate_.close(panel_ == nullptr ? nullptr : panel_->button());
-  paint();
+  if (over != nullptr) panel_ = new ProgressPanel(over);
+  gate_.close(panel_);
 }
 
 void DesktopPump::end() {
   if (!working_) return;
   working_ = false;
+  const bool hadKeyboard = panel_ != nullptr && panel_->isVisible();
   delete panel_.data();
   gate_.reopen();
-  if (keyboard_ != nullptr && keyboard_->isVisible()) keyboard_->setFocus();
+  if (hadKeyboard && keyboard_ != nullptr && keyboard_->isVisible()) keyboard_->setFocus();
 }
 
 bool DesktopPump::due() {
   const qint64 now = since_.elapsed();
-  if (now - lastPaint_ < paintInterval) return false;
+  if (now - lastPaint_ < paintInterval || now < patience) return false;
   lastPaint_ = now;
+  if (panel_ != nullptr && panel_->isHidden()) panel_->begin(title_, cancellable_);
   return true;
 }
 

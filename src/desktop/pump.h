@@ -3,6 +3,7 @@
 
 #include <QElapsedTimer>
 #include <QPointer>
+#include <QString>
 #include <functional>
 #include <memory>
 
@@ -43,6 +44,8 @@ class DesktopPump : public EventPump {
   QPointer<QWidget> keyboard_;  // had it before the panel came
   QElapsedTimer since_;
   qint64 lastPaint_ = 0;
+  QString title_;
+  bool cancellable_ = false;
   bool working_ = false;
 };
 

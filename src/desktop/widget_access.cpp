@@ -4,6 +4,7 @@
 #include <QAccessibleWidget>
 #include <QCheckBox>
 #include <QRadioButton>
+#include <QScrollArea>
 
 #include "desktop/form_window.h"
 
@@ -42,9 +43,22 @@ class ChoiceAccess : public QAccessibleWidget {
   QAbstractButton& button_;
 };
 
+// A text that may scroll is one text. (The toolkit tells of its scroll bars by index too, and takes no care of an index
+// that was right before a bar went.)
+class TextAccess : public QAccessibleWidget {
+ public:
+  explicit TextAccess(QScrollArea& area) : QAccessibleWidget(&area, QAccessible::StaticText) {}
+
+  int childCount() const override { return 0; }
+  QAccessibleInterface* child(int) const override { return nullptr; }
+  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+};
+
 QAccessibleInterface* makeAccess(const QString&, QObject* object) {
   if (auto* option = qobject_cast<QRadioButton*>(object)) return new ChoiceAccess(*option, QAccessible::RadioButton);
   if (auto* box = qobject_cast<QCheckBox*>(object)) return new ChoiceAccess(*box, QAccessible::CheckBox);
+  if (auto* text = qobject_cast<QScrollArea*>(object)) return new TextAccess(*text);
   if (auto* window = qobject_cast<FormWindow*>(object)) return new QAccessibleWidget(window, QAccessible::Window);
   return nullptr;
 }

@@ -1,4 +1,4 @@
-// What the window and its check boxes and option buttons tell assistive tools.
+// What the window, its texts, check boxes and option buttons tell assistive tools.
 #pragma once
 
 namespace plimo {
