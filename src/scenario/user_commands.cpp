@@ -40,7 +40,11 @@ void start(Session& session, const Line&) {
 }
 
 void close(Session& session, const Line&) {
-  if (Form* form = usableWindow(session)) form->userClose();
+  if (session.windowShows(splashName)) {
+    session.run->program.splash().userClose();
+  } else if (Form* form = usableWindow(session)) {
+    form->userClose();
+  }
 }
 
 void fire(Session& session, const Line& line) {
