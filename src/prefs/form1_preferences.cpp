@@ -19,6 +19,7 @@ void Form1::Preferences_Click() {
   showListFrames(false);
   hidePictures();
   Frame1.setVisible(true);
+  if (Drive1.visible()) Drive1.refresh();  // it may have stayed from the opening before
   if (platform.files.fileExists(ownFile(settingsName))) showSettings();
   hidemainview();
   List5.clear();
