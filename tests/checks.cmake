@@ -7,6 +7,7 @@ add_test(NAME checks.the_layers_are_kept COMMAND Python3::Interpreter ${scripts}
 add_test(NAME checks.each_header_compiles_alone
          COMMAND Python3::Interpreter ${scripts}/check-headers --compiler ${CMAKE_CXX_COMPILER}
                  --build ${PROJECT_BINARY_DIR})
+set_tests_properties(checks.each_header_compiles_alone PROPERTIES TIMEOUT 900)
 
 # The checkers see what they are there to see.
 add_test(NAME checks.the_checkers_find_what_is_wrong

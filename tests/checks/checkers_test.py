@@ -100,7 +100,15 @@ class Headers(Project):
     def test_a_header_that_stands_alone_is_accepted(self):
         status, said = self.run_on({"src/base/name.h": "#pragma once\n#include <string>\ninline std::string name;\n"},
                                    "check-headers")
-        self.assertEqual((status, said), (0, "1 headers, 0 refused, 0 left out\n"))
+        self.assertEqual((status, said), (0, "1 headers: 0 compiled alone by the build, 1 tried, 0 refused, 0 left out\n"))
+
+    def test_a_header_that_its_source_includes_first_is_left_to_the_build(self):
+        header = {"src/base/name.h": "inline std::string name;\n"}
+        status, said = self.run_on(header | {"src/base/name.cpp": '// A name.\n#include "base/name.h"\n'}, "check-headers")
+        self.assertEqual((status, said), (0, "1 headers: 1 compiled alone by the build, 0 tried, 0 refused, 0 left out\n"))
+        status, _ = self.run_on(header | {"src/base/name.cpp": '#include <string>\n#include "base/name.h"\n'},
+                                "check-headers")
+        self.assertEqual(status, 1)
 
 
 class Counting(unittest.TestCase):
