@@ -124,6 +124,15 @@ TEST(MemoryFiles, WhatTakesAnOldFilesPlaceKeepsItsSpelling) {
   EXPECT_EQ(files.spelledName("C:\\none"), std::nullopt);
 }
 
+TEST(MemoryFiles, WhatIsForcedIntoAnOldFilesPlaceBringsItsOwnSpelling) {
+  MemoryFiles files;
+  files.addTextFile("C:\\Songs\\ABBA.mp3", "old");
+  replaceWhole(files, "c:\\songs\\Abba.mp3", "new", Force::yes);
+  EXPECT_EQ(files.spelledName("C:\\songs\\abba.mp3"), "Abba.mp3");
+  EXPECT_EQ(files.fileContent("C:\\songs\\abba.mp3"), "new");
+  EXPECT_EQ(files.contents("C:\\Songs").files.size(), 1U);
+}
+
 TEST(MemoryFiles, AFileInAnotherCaseIsTheSameAndIsNotCopiedOntoItself) {
   MemoryFiles files;
   files.addTextFile("C:\\a.mp3", "x");

@@ -25,7 +25,11 @@ class MemoryFiles::Replacement : public FileReplacement {
   void commit() override {
     files_.step(path_);
     checkRoom();
-    const Place at = placeNow();
+    Place at = placeNow();
+    if (at.node && force_ == Force::yes) {  // the old file goes, its spelling too
+      at.folder->remove(*at.node);
+      at.node = nullptr;
+    }
     MemoryNode& file = at.node ? *at.node : at.folder->add(MemoryNode::Kind::file, at.name);
     file.size = content_.size();
     file.content = std::make_shared<const std::string>(std::move(content_));
