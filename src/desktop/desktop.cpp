@@ -13,6 +13,8 @@ namespace plimo {
 namespace {
 
 MpvHooks hooksFor(InputGate& gate) {
+  // One of the sound outputs that the player tries would take over the signals that ask the program to end.
+  qputenv("SDL_NO_SIGNAL_HANDLERS", "1");
   auto library = std::make_shared<QLibrary>();
   return {
       [](std::function<void()> action) { QMetaObject::invokeMethod(qApp, std::move(action), Qt::QueuedConnection); },

@@ -224,7 +224,7 @@ void FormWindow::refresh() {
     if (auto* play = ground_->findChild<QWidget*>(QStringLiteral("playerPlay"))) play->setFocus();
   }
   wasCompact_ = onlyPlayer;
-  ground_->setCompact(onlyPlayer);
+  ground_->refresh(onlyPlayer);
   menus_->refresh();
   Control* wanted = form_.focus();
   if (const Binder* binder = binderOf(wanted); binder != nullptr && binder->widget()->isVisibleTo(this)) {
@@ -234,7 +234,6 @@ void FormWindow::refresh() {
     }
   }
   applying_ = false;
-  ground_->update();
   if (wanted == nullptr || !wanted->showing()) followFocus(focusWidget());
 }
 
@@ -242,15 +241,17 @@ void FormWindow::followFocus(QWidget* now) {
   if (applying_ || now == nullptr || now->window() != this) return;
   if (Control* control = controlOf(now); control != nullptr && control != form_.focus()) {
     form_.userFocus(control);
-    ground_->update();
+    for (const auto& binder : binders_) {
+      if (binder->control().kind() == ControlKind::shape) binder->widget()->update();
+    }
   }
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseMove:
-    case QEvent::Enter:
-      if (auto* widget = qobject_cast<QWidget*>(watched)) pointerOver(controlOf(widget));
+      // A widget that has no use for it hands the event on to what it stands on: where the pointer is tells the truth.
+      pointerOver(controlOf(childAt(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPosition().toPoint()))));
       break;
     case QEvent::MouseButtonPress:
       menuPlace_ = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();

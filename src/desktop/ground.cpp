@@ -24,6 +24,30 @@ Ground::Ground(const Form& form, QWidget* parent) : QWidget(parent), form_(form)
   setObjectName(QStringLiteral("ground"));
 }
 
+void Ground::refresh(bool compact) {
+  compact_ = compact;
+  if (QByteArray now = shownState(); now != painted_) {
+    painted_ = std::move(now);
+    update();
+  }
+}
+
+// Everything that the painting depends on, in one row of bytes.
+QByteArray Ground::shownState() const {
+  QByteArray state;
+  const auto put = [&state](auto value) { state.append(reinterpret_cast<const char*>(&value), sizeof value); };
+  put(compact_);
+  for (const Control* control : form_.controls()) {
+    if (control->container() != nullptr || control->kind() == ControlKind::menu) continue;
+    put(control->visible());
+    if (control->kind() == ControlKind::slider) put(static_cast<const Slider*>(control)->value());
+    if (control->kind() != ControlKind::listBox) continue;
+    put(static_cast<const ListBox*>(control)->count());
+    put(static_cast<const ListBox*>(control)->selectedCount());
+  }
+  return state;
+}
+
 const Control* Ground::shown(const char* name) const {
   const Control* control = form_.find(name);
   return control != nullptr && control->showing() ? control : nullptr;

@@ -2,6 +2,7 @@
 // the colour that the sliders mix. It only reads the models.
 #pragma once
 
+#include <QByteArray>
 #include <QWidget>
 
 #include "controls/form.h"
@@ -12,7 +13,8 @@ namespace plimo {
 class Ground : public QWidget {
  public:
   Ground(const Form& form, QWidget* parent);
-  void setCompact(bool compact) { compact_ = compact; }
+  // Paints anew where what it shows has changed.
+  void refresh(bool compact);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -33,11 +35,13 @@ class Ground : public QWidget {
   void paintFoot(QPainter& painter) const;
   void paintBrand(QPainter& painter) const;
   void paintMixedColour(QPainter& painter) const;
+  QByteArray shownState() const;
   const Control* shown(const char* name) const;
   QRect placeOf(const char* name) const;
 
   const Form& form_;
   bool compact_ = false;
+  QByteArray painted_;  // what it showed last
 };
 
 }  // namespace plimo
