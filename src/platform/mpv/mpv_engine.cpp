@@ -18,6 +18,9 @@ constexpr Option required[] = {
     {"load-scripts", "no"},
     {"ytdl", "no"},
     {"osc", "no"},
+    {"load-stats-overlay", "no"},
+    {"load-osd-console", "no"},
+    {"load-auto-profiles", "no"},
     {"terminal", "no"},
     {"input-default-bindings", "no"},
     {"input-vo-keyboard", "no"},
@@ -45,7 +48,8 @@ constexpr Option required[] = {
 
 // Some are unknown to some builds of the library, and then there is nothing to forbid.
 bool mayBeUnknown(std::string_view name) {
-  return name == "load-scripts" || name == "ytdl" || name == "osc" || name == "cover-art-auto" ||
+  return name == "load-scripts" || name == "load-stats-overlay" || name == "load-osd-console" ||
+         name == "load-auto-profiles" || name == "ytdl" || name == "osc" || name == "cover-art-auto" ||
          name == "autoload-files" || name == "input-vo-keyboard";
 }
 
