@@ -61,12 +61,13 @@ void Form1::Compact_Click() {
 void Form1::large_Click() {
   showListFrames(true);
   if (List6.visible()) showlist4();
+  // Out of an ordinary window, nothing is spoilt by laying out before its new size comes; it may have it already.
+  const bool sizeToCome = comp && windowState() == WindowState::normal;
   if (comp) restorePlayer(*this);
   comp = false;
   here = true;
   frommenu = true;
   resizing = true;
-  const bool sizeToCome = windowState() == WindowState::normal;
   const double width = scaleWidth();
   const double height = scaleHeight();
   setWindowState(WindowState::maximised);

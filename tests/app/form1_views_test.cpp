@@ -172,6 +172,15 @@ TEST_P(Views, LargeFromAnOrdinaryWindowFillsTheScreen) {
   expectPlaces(expected);
 }
 
+TEST_P(Views, LargeFromAnOrdinaryWindowOfTheScreensSizeLaysOutAtOnce) {
+  start();
+  const Places expected = places();
+  window.userResizes(screen);
+  form.large.userClick();
+  expectPlaces(expected);
+  EXPECT_FALSE(form.resizing);
+}
+
 TEST_P(Views, LargeFromACompactWindowThatTheUserMaximisedLaysOutAtOnce) {
   start();
   const Places expected = places();
