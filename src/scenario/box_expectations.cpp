@@ -106,6 +106,8 @@ void error(Session& session, const Line& line) {
   }
   const RuntimeError reported = session.dialogs.errors.front();
   session.dialogs.errors.pop_front();
+  session.titleExpected = programName;
+  session.boxExpected = true;
   const bool holds = (line.words.empty() || *wholeNumber(line.words[0]) == static_cast<long long>(reported.number())) &&
                      (line.words.size() < 2 || samePath(line.words[1], reported.path()));
   if (!holds) session.verdicts.fail(expected, quoted(reported.report()));
