@@ -86,7 +86,10 @@ void FormWindow::bind(Control& control) {
   if (auto* list = qobject_cast<ListView*>(widget)) {
     list->viewport()->installEventFilter(this);
     byWidget_[list->viewport()] = &control;
-    connect(list, &ListView::menuAsked, this, [this](const QPoint& place) { menuPlace_ = place; });
+    connect(list, &ListView::menuAsked, this, [this](const QPoint& place, bool byKey) {
+      menuPlace_ = place;
+      menuByKey_ = byKey;
+    });
   }
   byWidget_[widget] = &control;
   byControl_[&control] = binder.get();
@@ -212,6 +215,13 @@ void FormWindow::popUp(Menu& menu) {
   if (shown == nullptr) return;
   const QPoint place = menuPlace_.isNull() ? QCursor::pos() : menuPlace_;
   shown->popup(place);
+  if (!menuByKey_) return;
+  // Asked for by key, it goes on by key.
+  for (QAction* action : shown->actions()) {
+    if (!action->isVisible() || !action->isEnabled()) continue;
+    shown->setActiveAction(action);
+    break;
+  }
 }
 
 void FormWindow::refresh() {
@@ -255,6 +265,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
       break;
     case QEvent::MouseButtonPress:
       menuPlace_ = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
+      menuByKey_ = false;
       break;
     default:
       break;

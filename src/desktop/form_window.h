@@ -74,7 +74,8 @@ class FormWindow : public QWidget {
   bool pointedKnown_ = false;
   bool applying_ = false;  // the program moves the focus, not the user
   QSize wantedOuter_;      // asked for and not yet there
-  QPoint menuPlace_;       // where the user last asked for a menu
+  bool menuByKey_ = false;
+  QPoint menuPlace_;  // where the user last asked for a menu
   bool presented_ = false;
   bool wasCompact_ = false;
 };

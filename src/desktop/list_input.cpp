@@ -46,7 +46,7 @@ void ListView::pressRight(const QPoint& point) {
   } else if (row && model_.current() != row) {
     model_.userMoveCurrent(*row);
   }
-  Q_EMIT menuAsked(viewport()->mapToGlobal(point));
+  Q_EMIT menuAsked(viewport()->mapToGlobal(point), false);
   model_.userRightDown();
 }
 
@@ -106,7 +106,7 @@ void ListView::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
   if (event->reason() != QContextMenuEvent::Keyboard) return;  // the press of the button has asked already
   if (model_.current()) reveal(*model_.current());
-  Q_EMIT menuAsked(menuPlace());
+  Q_EMIT menuAsked(menuPlace(), true);
   model_.userRightDown();
 }
 
@@ -138,7 +138,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
     event->ignore();
     return;
   }
-  Q_EMIT menuAsked(menuPlace());  // a key may bring a menu up
+  Q_EMIT menuAsked(menuPlace(), true);  // a key may bring a menu up
   model_.userKey(key);
 }
 

@@ -159,8 +159,11 @@ void ListView::paintRow(QPainter& painter, std::size_t row, const QRect& place) 
     textPlace.setLeft(box.right() + 1 + 2 * margin);
   }
   painter.setPen(isEnabled() ? ink : qcolor(colours_.quiet));
-  const QString text = painter.fontMetrics().elidedText(rowText(row), Qt::ElideRight, textPlace.width());
-  painter.drawText(textPlace, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+  const QString whole = rowText(row);
+  const QString text = painter.fontMetrics().elidedText(whole, Qt::ElideRight, textPlace.width());
+  // What is cut off of a text that runs from right to left is its left end; all begin at the same edge all the same.
+  painter.setLayoutDirection(whole.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+  painter.drawText(textPlace, Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
   if (!isCurrent) return;
   const Rgb ring = hasFocus() ? (selected ? colours_.selectedText : colours_.mark) : colours_.quiet;
   painter.setPen(QPen(qcolor(ring), 1, hasFocus() ? Qt::SolidLine : Qt::DotLine));

@@ -41,8 +41,8 @@ class ListView : public QAbstractScrollArea {
   void reveal(std::size_t row);
 
  Q_SIGNALS:
-  // The user asks for a pop-up menu here (global coordinates).
-  void menuAsked(const QPoint& place);
+  // The user asks for a pop-up menu here (global coordinates), with the mouse or by key.
+  void menuAsked(const QPoint& place, bool byKey);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
