@@ -76,7 +76,7 @@ class World:
 def equal(seen, expected, what):
     """Waits until a call gives the expected value."""
     try:
-        wait(lambda: seen() == expected, what, 5)
+        wait(lambda: seen() == expected, what)
     except Failure:
         raise Failure(f"{what}: saw {seen()!r}, expected {expected!r}") from None
 
