@@ -106,7 +106,7 @@ void Ground::paintHeading(QPainter& painter, const Column& column) const {
   const int top = handle.bottom() + spacing;
   const int height = listPlace.top() - spacing / 2 - top;
   constexpr double share = 0.55;  // of the height, for the title
-  const int wanted = std::clamp(static_cast<int>(height * share * 0.8), 14, 26);
+  const int wanted = std::clamp(static_cast<int>(height * share * 0.8), 14, height > 100 ? 40 : 26);
   large.setPixelSize(wanted);
   painter.setFont(large);
   painter.setPen(look().text);
@@ -125,7 +125,7 @@ void Ground::paintFoot(QPainter& painter) const {
   if (shown("List2") == nullptr) return;
   const QRect list = placeOf("List2");
   const QRect player = placeOf("MediaPlayer1");
-  const int side = std::clamp(player.height() / 2, 24, 48);
+  const int side = std::clamp(player.height() / 2, 24, 88);
   const QRect mark(list.left(), player.center().y() - side / 2, side, side);
   paintArt(painter, QStringLiteral("plimo"), mark, Qt::KeepAspectRatio);
   const QRect words(mark.right() + spacing, mark.top(), list.right() - mark.right() - spacing, side);

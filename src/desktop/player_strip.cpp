@@ -177,7 +177,9 @@ void PlayerStrip::paintEvent(QPaintEvent*) {
 void PlayerStrip::resizeEvent(QResizeEvent*) { arrange(); }
 
 void PlayerStrip::arrange() {
-  const QRect inner = rect().adjusted(spacing + 4, 6, -spacing - 4, -6);
+  constexpr int tallest = 100;  // what stands in it stays together in a large window
+  const int border = std::max(6, (height() - tallest) / 2);
+  const QRect inner = rect().adjusted(spacing + 4, border, -spacing - 4, -border);
   const int lineHeight = std::max(fontMetrics().height() + 2, inner.height() * 2 / 5);
   const QRect top(inner.left(), inner.top(), inner.width(), lineHeight);
   const int noteWidth = note_->text().isEmpty() ? 0 : std::min(inner.width() / 2, note_->sizeHint().width() + spacing);
