@@ -23,6 +23,10 @@ void copySongs(FileSystemObject& files, EventPump& pump, const std::string& cata
         if (progress.file == 1) throw RuntimeError(ErrorNumber::fileNotFound, std::string(path));
         continue;
       }
+      if (!files.folderExists(folder)) {
+        if (progress.file == 1) throw RuntimeError(ErrorNumber::pathNotFound, folder);
+        continue;
+      }
       progress.name = files.fileName(path);
       const std::string target = files.join(folder, progress.name);
       if (files.fileExists(target)) {

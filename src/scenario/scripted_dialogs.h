@@ -32,6 +32,7 @@ class ScriptedDialogs : public Dialogs {
 
   explicit ScriptedDialogs(Verdicts& verdicts) : verdicts_(verdicts) {}
 
+  // Each kind's answers are taken in the order queued.
   void queue(Answer answer) { answers_.push_back(std::move(answer)); }
   // The answers not taken yet.
   const std::deque<Answer>& answers() const { return answers_; }
