@@ -148,19 +148,33 @@ void appendUpperAscii(std::string& target, std::string_view text) {
 
 std::string foldCase(std::string_view text) {
   std::string folded;
-  folded.reserve(text.size());
+  appendFolded(folded, text);
+  return folded;
+}
+
+void appendFolded(std::string& target, std::string_view text) {
+  // Most names are plain ASCII: then this is all.
+  const std::size_t start = target.size();
+  target.append(text);
+  unsigned char seen = 0;
+  for (char* letter = target.data() + start; letter != target.data() + target.size(); ++letter) {
+    const auto byte = static_cast<unsigned char>(*letter);
+    seen |= byte;
+    *letter = static_cast<char>(byte + (static_cast<unsigned char>(byte - 'A') < 26 ? 32 : 0));
+  }
+  if (seen < 0x80) return;
+  target.resize(start);
   while (!text.empty()) {
     char32_t letter = 0;
     const std::size_t length = decode(text, letter);
-    if (length == 0) {
-      folded += text.front();
+    if (length <= 1) {  // ASCII, or no letter at all
+      target += length == 0 ? text.front() : static_cast<char>(foldLetter(letter));
       text.remove_prefix(1);
     } else {
-      appendEncoded(folded, foldLetter(letter));
+      appendEncoded(target, foldLetter(letter));
       text.remove_prefix(length);
     }
   }
-  return folded;
 }
 
 int compareFolded(std::string_view left, std::string_view right) {

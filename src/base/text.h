@@ -18,6 +18,7 @@ void appendUpperAscii(std::string& target, std::string_view text);
 // The text folded for comparison without regard to case, by Unicode's simple case folding. Two texts are the same but
 // for case when their folded forms are equal; folded forms are ordered by their bytes.
 std::string foldCase(std::string_view text);
+void appendFolded(std::string& target, std::string_view text);
 
 // Less than 0, 0 or more than 0: the order of two texts without regard to case.
 int compareFolded(std::string_view left, std::string_view right);

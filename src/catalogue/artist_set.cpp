@@ -1,9 +1,10 @@
 #include "catalogue/artist_set.h"
 
-#include <deque>
-#include <optional>
-#include <utility>
+#include <cstddef>
+#include <span>
+#include <string_view>
 
+#include "base/text_arena.h"
 #include "base/text_index.h"
 #include "catalogue/catalogue_join.h"
 #include "catalogue/song_name.h"
@@ -13,22 +14,29 @@ namespace plimo {
 std::vector<std::string> distinctArtists(FileSystemObject& files, const std::string& catalogue) {
   OpenCatalogue open(files, catalogue);
   // Spellings seen so far stand for their keys: folding and comparing is needed for new ones only.
-  std::deque<std::string> keys;
+  TextArena kept;
   TextIndex spellings;
   TextIndex distinct;
+  std::vector<std::string> artists;
   std::string key;
-  std::optional<std::string_view> last;  // none at first: an empty artist is an artist too
-  open.read(BrokenEnd::fails, [&](const CatalogueRecord& record) {
-    if (last == record.artist) return true;  // an artist's songs mostly stand together
-    const std::size_t known = spellings.size();
-    const std::string_view artist = open.keep(record.artist);
-    last = artist;
-    if (spellings.add(artist) < known) return true;
-    artistKey(artist, key);
-    if (distinct.find(key) == TextIndex::none) distinct.add(keys.emplace_back(key));
-    return true;
+  KeyBatch batch;
+  const auto asItStands = [](std::string_view artist, std::string&) { return artist; };
+  open.readBatches(BrokenEnd::fails, [&](std::span<const CatalogueRecord> records) {
+    batch.clear();
+    for (const CatalogueRecord& record : records) batch.add(record.artist, asItStands);
+    batch.look(spellings);
+    for (std::size_t i = 0; i < records.size(); ++i) {
+      const std::string_view artist = records[i].artist;
+      if (batch.number(i) != TextIndex::none || (i > 0 && artist == records[i - 1].artist)) continue;
+      if (spellings.find(artist) != TextIndex::none) continue;  // new in this batch
+      spellings.add(kept.keep(artist));
+      artistKey(artist, key);
+      if (distinct.find(key) != TextIndex::none) continue;
+      distinct.add(kept.keep(key));
+      artists.push_back(key);
+    }
   });
-  return {std::make_move_iterator(keys.begin()), std::make_move_iterator(keys.end())};
+  return artists;
 }
 
 }  // namespace plimo

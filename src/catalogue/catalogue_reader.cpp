@@ -11,23 +11,31 @@ namespace plimo {
 CatalogueReader::CatalogueReader(std::string_view bytes, std::string path)
     : bytes_(bytes), position_(startOfItems(bytes)), path_(std::move(path)) {}
 
-std::string_view CatalogueReader::value(std::size_t field) {
-  // As the program writes it: a quote, the text, a quote, CR LF. Anything else takes the general way.
-  const char* start = bytes_.data() + position_;
-  const std::size_t left = bytes_.size() - position_;
-  if (left > 3 && *start == '"') {
-    const auto* quote = static_cast<const char*>(std::memchr(start + 1, '"', left - 1));
-    if (quote != nullptr && bytes_.data() + bytes_.size() - quote >= 3 && quote[1] == '\r' && quote[2] == '\n') {
-      position_ = static_cast<std::size_t>(quote + 3 - bytes_.data());
-      return {start + 1, static_cast<std::size_t>(quote - start - 1)};
-    }
+// A record as the program writes it: each text between quotes, then CR LF. False, and nothing read, for any other.
+bool CatalogueReader::nextAsWritten(CatalogueRecord& record) {
+  const char* at = bytes_.data() + position_;
+  const char* const end = bytes_.data() + bytes_.size();
+  for (std::string_view* field : {&record.path, &record.artist, &record.second, &record.title}) {
+    if (at == end || *at != '"') return false;
+    ++at;
+    const auto* quote = static_cast<const char*>(std::memchr(at, '"', static_cast<std::size_t>(end - at)));
+    if (quote == nullptr || end - quote < 3 || quote[1] != '\r' || quote[2] != '\n') return false;
+    *field = {at, static_cast<std::size_t>(quote - at)};
+    at = quote + 3;
   }
-  if (left == 0) throw RuntimeError(ErrorNumber::inputPastEnd, path_);
+  position_ = static_cast<std::size_t>(at - bytes_.data());
+  return true;
+}
+
+std::string_view CatalogueReader::value(std::size_t field) {
+  if (position_ == bytes_.size()) throw RuntimeError(ErrorNumber::inputPastEnd, path_);
   return readItem(bytes_, position_, unescaped_[field]).text;
 }
 
 bool CatalogueReader::next(CatalogueRecord& record) {
   if (position_ == bytes_.size()) return false;
+  inBytes_ = nextAsWritten(record);
+  if (inBytes_) return true;
   record.path = value(0);
   record.artist = value(1);
   record.second = value(2);

@@ -24,12 +24,16 @@ class CatalogueReader {
 
   // False at the end. Throws RuntimeError 62 where a record breaks off.
   bool next(CatalogueRecord& record);
+  // True where the record read last lies in the bytes with all its texts.
+  bool inBytes() const { return inBytes_; }
 
  private:
+  bool nextAsWritten(CatalogueRecord& record);
   std::string_view value(std::size_t field);
 
   std::string_view bytes_;
   std::size_t position_;
+  bool inBytes_ = true;
   std::string path_;
   std::array<std::string, 4> unescaped_;
 };

@@ -6,8 +6,7 @@ SongPaths::SongPaths(FileSystemObject& files, const std::string& catalogue, std:
   if (names.empty()) return;
   open_.emplace(files, catalogue);
   join_.emplace(
-      *open_, names, BrokenEnd::fails,
-      [](const CatalogueRecord& record, std::string&) { return displayName(record.title); },
+      *open_, names, BrokenEnd::fails, [](const CatalogueRecord& record) { return displayName(record.title); },
       [this](const CatalogueRecord& record) { return open_->keep(record.path); });
 }
 

@@ -5,7 +5,7 @@
 #include <numeric>
 #include <utility>
 
-#include "base/text.h"
+#include "base/folded_order.h"
 #include "controls/form.h"
 
 namespace plimo {
@@ -62,32 +62,52 @@ void ListBox::add(std::string_view text) {
   changedRows(rows_.size() - 1, 1, 0);
 }
 
+void ListBox::makeRoom(std::size_t rows, std::size_t bytes) {
+  // At least half as much again, so that many small steps do not copy all rows each time.
+  const auto make = [](auto& store, std::size_t more) {
+    const std::size_t needed = store.size() + more;
+    if (needed > store.capacity()) store.reserve(std::max(needed, store.capacity() + store.capacity() / 2));
+  };
+  make(rows_, rows);
+  make(bytes_, bytes);
+}
+
 void ListBox::addAll(std::span<const std::string_view> texts) {
   if (texts.empty()) return;
   const std::size_t old = rows_.size();
+  std::size_t bytes = 0;
+  for (const std::string_view text : texts) bytes += text.size();
+  makeRoom(texts.size(), bytes);
   for (const std::string_view text : texts) rows_.push_back(store(text));
   if (order_ == Order::asAdded) {
     changedRows(old, texts.size(), 0);
     return;
   }
-  // Each folded once, not at each comparison.
-  std::vector<std::pair<std::string, Row>> keyed;
-  keyed.reserve(rows_.size());
-  std::optional<std::uint64_t> currentOffset;
-  if (current_) currentOffset = rows_[*current_].offset;
-  for (std::size_t row = 0; row < rows_.size(); ++row) keyed.emplace_back(foldCase(text(row)), rows_[row]);
-  std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-  for (std::size_t row = 0; row < rows_.size(); ++row) {
-    rows_[row] = keyed[row].second;
-    if (currentOffset && rows_[row].offset == *currentOffset && current_) current_ = row;
-  }
+  std::vector<std::string_view> all(rows_.size());
+  for (std::size_t row = 0; row < all.size(); ++row) all[row] = text(row);
+  const std::vector<std::uint32_t> order = foldedOrder(all);
+  const std::vector<Row> unsorted = std::exchange(rows_, {});
+  rows_.reserve(unsorted.size());
+  for (const std::uint32_t place : order) rows_.push_back(unsorted[place]);
+  if (current_) current_ = static_cast<std::size_t>(std::find(order.begin(), order.end(), *current_) - order.begin());
   changes_.reset = true;
 }
 
 void ListBox::addAll(const ListBox& other) {
-  std::vector<std::string_view> texts(other.count());
-  for (std::size_t row = 0; row < texts.size(); ++row) texts[row] = other.text(row);
-  addAll(texts);
+  if (order_ == Order::sorted) {
+    std::vector<std::string_view> texts(other.count());
+    for (std::size_t row = 0; row < texts.size(); ++row) texts[row] = other.text(row);
+    addAll(texts);
+    return;
+  }
+  if (other.empty()) return;
+  const std::size_t old = rows_.size();
+  const std::size_t shift = bytes_.size();
+  makeRoom(other.rows_.size(), other.bytes_.size());
+  bytes_.append(other.bytes_);
+  unused_ += other.unused_;
+  for (const Row& row : other.rows_) rows_.push_back({row.offset + shift, row.length, 0});
+  changedRows(old, other.rows_.size(), 0);
 }
 
 void ListBox::assign(const ListBox& other, std::span<const std::size_t> positions) {

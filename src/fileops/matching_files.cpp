@@ -9,7 +9,7 @@ MatchingFiles::MatchingFiles(FileSystemObject& files, const std::string& catalog
     : open_(files, catalogue) {
   const auto join = [&](BrokenEnd end) {
     join_.emplace(
-        open_, names, end, [](const CatalogueRecord& record, std::string&) { return displayName(record.title); },
+        open_, names, end, [](const CatalogueRecord& record) { return displayName(record.title); },
         [this](const CatalogueRecord& record) { return open_.keep(record.path); });
   };
   try {

@@ -12,29 +12,20 @@ namespace plimo {
 
 namespace {
 
-// A record's artist as the lists show it. Songs of one artist mostly stand together: the last one's key is kept.
-class KeyOfArtist {
- public:
-  std::optional<std::string_view> operator()(const CatalogueRecord& record, std::string& scratch) {
-    if (record.artist != artist_) {
-      artistKey(record.artist, scratch);
-      artist_ = record.artist;
-    }
-    return scratch;
-  }
-
- private:
-  std::string artist_;
-};
-
 // The titles of the artists' records; nothing where the catalogue cannot be read.
 class Titles {
  public:
   Titles(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> artists) {
     try {
       open_.emplace(files, catalogue);
-      join_.emplace(*open_, artists, BrokenEnd::ignored, KeyOfArtist(),
-                    [this](const CatalogueRecord& record) { return open_->keep(record.title); });
+      join_.emplace(
+          *open_, artists, BrokenEnd::ignored,
+          [](const CatalogueRecord& record) { return std::optional(record.artist); },
+          [](std::string_view artist, std::string& key) {
+            artistKey(artist, key);
+            return std::string_view(key);
+          },
+          [this](const CatalogueRecord& record) { return open_->keep(record.title); });
     } catch (const RuntimeError&) {  // ticking ignores errors
     }
   }
@@ -58,6 +49,13 @@ std::vector<std::string_view> rowTexts(const ListBox& list) {
 void appendSongs(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> artists,
                  ListBox& songs) {
   const Titles titles(files, catalogue, artists);
+  std::size_t rows = 0;
+  std::size_t bytes = 0;
+  for (std::size_t artist = 0; artist < artists.size(); ++artist) {
+    for (const std::string_view title : titles.of(artist)) bytes += title.size();
+    rows += titles.of(artist).size();
+  }
+  songs.makeRoom(rows, bytes);
   for (std::size_t artist = 0; artist < artists.size(); ++artist) {
     for (const std::string_view title : titles.of(artist)) {
       if (const auto name = displayName(title)) songs.add(*name);

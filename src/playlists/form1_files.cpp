@@ -106,7 +106,7 @@ void Form1::fillFromPlaylist(const std::vector<std::string>& items) {
   OpenCatalogue catalogue(platform.files, ownFile(catalogueName));
   const CatalogueJoin<Song> songs(
       catalogue, paths, BrokenEnd::ignored,
-      [](const CatalogueRecord& record, std::string&) { return std::optional(record.path); },
+      [](const CatalogueRecord& record) { return std::optional(record.path); },
       [&catalogue](const CatalogueRecord& record) {
         return Song{catalogue.keep(record.artist), catalogue.keep(record.title)};
       });

@@ -1,0 +1,68 @@
+#include "base/folded_order.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <numeric>
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+
+namespace plimo {
+namespace {
+
+// As the description says it, slowly.
+std::vector<std::uint32_t> expectedOrder(const std::vector<std::string_view>& texts) {
+  std::vector<std::uint32_t> places(texts.size());
+  std::iota(places.begin(), places.end(), 0U);
+  std::stable_sort(places.begin(), places.end(), [&](std::uint32_t left, std::uint32_t right) {
+    return compareFolded(texts[left], texts[right]) < 0;
+  });
+  return places;
+}
+
+TEST(FoldedOrder, IsAlphabeticalWithoutRegardToCase) {
+  const std::vector<std::string_view> texts = {"beta",
+                                               "Alpha",
+                                               "ALPHA 2",
+                                               "",
+                                               "\xC3\x9C"
+                                               "ber",
+                                               "\xC3\xBC"
+                                               "bel",
+                                               "zeta"};
+  EXPECT_EQ(foldedOrder(texts), (std::vector<std::uint32_t>{3, 1, 2, 0, 6, 5, 4}));
+}
+
+TEST(FoldedOrder, TextsThatAreTheSameButForCaseStayAsTheyStand) {
+  const std::vector<std::string_view> texts = {"abba abba abba", "b", "ABBA abba abba", "Abba Abba Abba", "abba abba"};
+  EXPECT_EQ(foldedOrder(texts), (std::vector<std::uint32_t>{4, 0, 2, 3, 1}));
+}
+
+TEST(FoldedOrder, ATextComesBeforeALongerOneThatBeginsLikeIt) {
+  using namespace std::string_view_literals;
+  const std::vector<std::string_view> texts = {"abcdefgh\0"sv, "abcdefghi", "abcdefgh", "abc\0"sv, "abc", "abc\0\0"sv};
+  EXPECT_EQ(foldedOrder(texts), (std::vector<std::uint32_t>{4, 3, 5, 2, 0, 1}));
+}
+
+TEST(FoldedOrder, AgreesWithComparingForManyTexts) {
+  // Few letters and all lengths, so that many agree for long, some wholly, and runs are longer than any shortcut.
+  std::vector<std::string> owned;
+  std::uint32_t chance = 1;
+  const auto next = [&chance](std::uint32_t below) {
+    chance = chance * 1664525 + 1013904223;
+    return (chance >> 16) % below;
+  };
+  for (int i = 0; i < 6000; ++i) {
+    std::string text = next(2) != 0 ? "The same beginning " : "";
+    for (std::uint32_t length = next(12); length > 0; --length) text += "aAb\xFF"[next(4)];
+    owned.push_back(text);
+  }
+  const std::vector<std::string_view> texts(owned.begin(), owned.end());
+  EXPECT_EQ(foldedOrder(texts), expectedOrder(texts));
+}
+
+}  // namespace
+}  // namespace plimo
