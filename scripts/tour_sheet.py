@@ -1,5 +1,4 @@
 """The contact sheet: each panel on a small and a large screen, at single and double scale, light and dark."""
-import os
 import pathlib
 import subprocess
 import tempfile
@@ -151,8 +150,8 @@ def all_variants(binary, out, on_screen, finish):
         print(f"  {folder.name}", flush=True)
     if not good:
         return False
-    pictures = [sheet / name / f"{panel}.png" for panel in PANELS for name in names]
-    subprocess.run(["montage", "-label", "%d", *map(str, pictures), "-tile", f"{len(names)}x", "-geometry",
-                    "480x360+6+6", "-background", "#808080", str(out / "sheet.png")], check=True,
-                   env=dict(os.environ, MAGICK_THREAD_LIMIT="2"))
+    # Each is made small as it is read: all of them whole would be more than the tool may hold.
+    pictures = [f"{sheet / name / panel}.png[480x360]" for panel in PANELS for name in names]
+    subprocess.run(["montage", *pictures, "-tile", f"{len(names)}x", "-geometry", "480x360+6+6", "-background", "#808080",
+                    str(out / "sheet.png")], check=True)
     return True

@@ -1,7 +1,9 @@
 """The screen as a user has it: a hand on the mouse and the keyboard, and pictures of what is seen."""
 import os
+import struct
 import subprocess
 import time
+import zlib
 
 
 class Failure(Exception):
@@ -57,27 +59,34 @@ def size():
 
 
 def picture(path):
-    """Takes a picture of the whole screen; a Failure where hardly anything is on it."""
-    os.makedirs(os.path.dirname(os.path.abspath(path)), exist_ok=True)
-    subprocess.run(["import", "-silent", "-window", "root", "-strip", path], check=True)
-    colours = subprocess.run(["identify", "-format", "%k", path], capture_output=True, text=True, check=True)
-    if int(colours.stdout) < 16:
+    """Takes a picture of the whole screen, a PNG file; a Failure where hardly anything is on it."""
+    width, height = size()
+    raw = _grab("-window", "root")
+    if len(set(memoryview(raw)[:len(raw) // 3 * 3:21])) < 8:
         raise Failure(f"the picture {path} is blank")
+    os.makedirs(os.path.dirname(os.path.abspath(path)), exist_ok=True)
+    stride = 3 * width
+    lines = b"".join(b"\0" + raw[y * stride:(y + 1) * stride] for y in range(height))
+    with open(path, "wb") as file:
+        file.write(b"\x89PNG\r\n\x1a\n")
+        for kind, data in ((b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0)),
+                           (b"IDAT", zlib.compress(lines, 4)), (b"IEND", b"")):
+            file.write(struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data)))
 
 
 def pixels(rect):
     """The colours (red, green, blue) in a rectangle of the screen, row by row."""
     left, top, width, height = rect
-    done = subprocess.run(
-        ["import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "-depth", "8", "rgb:-"],
-        capture_output=True, check=True)
-    raw = done.stdout
+    raw = _grab("-window", "root", "-crop", f"{width}x{height}+{left}+{top}")
     return [tuple(raw[i:i + 3]) for i in range(0, len(raw), 3)]
+
+
+def _grab(*what):
+    done = subprocess.run(["import", "-silent", *what, "-depth", "8", "rgb:-"], capture_output=True, check=True)
+    return done.stdout
 
 
 def main_colour(rect):
     """The colour that most of the rectangle has."""
-    count = {}
-    for pixel in pixels(rect):
-        count[pixel] = count.get(pixel, 0) + 1
-    return max(count, key=count.get)
+    seen = pixels(rect)
+    return max(set(seen), key=seen.count)

@@ -14,6 +14,10 @@ import screen  # noqa: E402
 from screen import Failure, wait  # noqa: E402
 
 
+# What is not looked into: it holds nothing, or rows by the thousand.
+LEAVES = {"push button", "check box", "radio button", "label", "slider", "list", "list item", "text"}
+
+
 class Thing:
     """Something on the screen. What it says of itself is asked anew each time."""
 
@@ -144,23 +148,31 @@ class Program:
         """All things of this name and role, the rows of lists left out."""
         found = []
 
-        def visit(access, depth):
+        def visit(access):
             for i in range(access.get_child_count()):
                 child = access.get_child_at_index(i)
                 if child is None:
                     continue
                 thing = Thing(child, self.scale)
                 kind = thing.role
-                if (role is None or kind == role) and (name is None or thing.name == name):
-                    if not showing or thing.has("showing"):
-                        found.append(thing)
-                if kind not in ("list", "list item"):
-                    visit(child, depth + 1)
+                wanted = (role is None or kind == role) and (name is None or thing.name == name)
+                leaf = kind in LEAVES
+                if leaf and not wanted:
+                    continue
+                if showing and not thing.has("showing"):
+                    # What is in a menu shows when the menu does, whatever the entry that opens it says.
+                    if kind == "menu item":
+                        visit(child)
+                    continue
+                if wanted:
+                    found.append(thing)
+                if not leaf:
+                    visit(child)
 
         try:
             application = self.tree()
             if application is not None:
-                visit(application, 0)
+                visit(application)
         except GLib.Error:
             return []  # it changed while it was read
         return found
