@@ -1,4 +1,5 @@
 """The contact sheet: each panel on a small and a large screen, at single and double scale, light and dark."""
+import os
 import pathlib
 import subprocess
 import tempfile
@@ -28,8 +29,9 @@ def variant(screen_size, scale, dark):
     return f"{screen_size}-{scale}x-{'dark' if dark else 'light'}"
 
 
-def take(binary, out, scale, dark):
-    """Takes the pictures of one variant on the screen that is there."""
+def take(binary, out, scale=1, dark=False, only_main=False):
+    """Takes the pictures of one variant on the screen that is there; or only that of the main window, for the
+    documentation, where all names can be read."""
     import screen
     import songs
     from window import Program, wait
@@ -38,6 +40,8 @@ def take(binary, out, scale, dark):
         home = pathlib.Path(folder)
         library = home / "library"
         songs.make_library(str(library))
+        if only_main:
+            os.remove(os.path.join(os.fsencode(library), b"Singles", songs.NO_TEXT))
         for title in songs.PLAYED:
             songs.write_song(str(library / "Albums" / "Anna Berg" / f"Anna Berg - {title}.mp3"), 205)
         (home / "stick").mkdir()
@@ -67,8 +71,10 @@ def take(binary, out, scale, dark):
             for row in (0, 1, 4, 8, 11):
                 p.list("Artists").child(row).act()
             p.list("Artists").child(0).act(1)
-            press("Add All")
-            wait(lambda: p.list("Final playlist").count() > 10, "the final playlist")
+            for row in (7, 0, 14, 2, 19, 8, 5, 17, 10, 13):
+                p.list("Scratch playlist").child(row).act()
+                p.things("Add to playlist", "push button", showing=False)[0].act()
+                wait(lambda: not p.list("Scratch playlist").selected(), "the song to be added")
             p.list("Scratch playlist").child(1).act()
             press("Play all songs on the final playlist")
             p.find("Pause", "push button")
@@ -79,6 +85,8 @@ def take(binary, out, scale, dark):
             screen.move((2, screen.size()[1] - 2))
             time.sleep(1)
             picture("main")
+            if only_main:
+                return 0
             for strip in ("artist", "song", "playlist"):
                 press(f"Show the {strip} commands")
             picture("strips")

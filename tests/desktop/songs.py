@@ -31,6 +31,8 @@ PLAIN = {
     "Zoë Müller": "Frühlingslied,Über den Dächern",
 }
 
+NO_TEXT = b"Caf\xe9 Noir - Derni\xe8re danse.mp3"  # bytes that are no UTF-8
+
 # Names of every shape, each with what is special about it.
 SHAPES = [
     "Intro.mp3",  # no hyphen
@@ -42,7 +44,7 @@ SHAPES = [
     "東京カルテット - 夜の電車.mp3",  # Japanese
     "فرقة النور - ليلة صيف.mp3",  # Arabic, from right to left
     "להקת הים - שיר ערב.mp3",  # Hebrew, from right to left
-    b"Caf\xe9 Noir - Derni\xe8re danse.mp3",  # no UTF-8
+    NO_TEXT,
     "blue harbour - Low Water.MP3",  # an artist in another case, an ending in capitals
     "Kestrel - Gliding.Mp3",
 ]
