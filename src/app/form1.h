@@ -38,7 +38,7 @@ class Form1 : public Form, public Form1Controls {
   void Exit_Click();
 
   // --- The settings at start-up: app/form1_settings.cpp ---
-  void applySettings();            // of plimo.ini
+  bool applySettings();            // of plimo.ini; true where that has displayed the artists
   void fillDrives(ListBox& list);  // "C: Hard Drive", ...: fixed, removable and CD-ROM drives in the machine's order
 
   // --- Views and layout: app/form1_views.cpp ---
@@ -52,6 +52,7 @@ class Form1 : public Form, public Form1Controls {
   // --- The catalogue and the artist list: catalogue/form1_catalogue.cpp ---
   void process();
   void display();
+  void displayAgain();     // right behind a display: the same, without reading the catalogue once more
   void deleteCatalogue();  // where it exists; failures are ignored
 
   // --- Scans: catalogue/form1_scan.cpp ---
@@ -263,6 +264,9 @@ class Form1 : public Form, public Form1Controls {
  private:
   void design();
   void wire();
+
+  enum class Reading { anew, known };
+  void listArtists(Reading reading);
 
   // The pieces of Preferences_Click, Command5_Click and the colour editor, in the files of those.
   void showSettings();  // as plimo.ini tells them

@@ -4,7 +4,7 @@
 
 namespace plimo {
 
-void Form1::applySettings() {
+bool Form1::applySettings() {
   const std::string path = ownFile(settingsName);
   const SavedSettings settings = readSettings(platform.files, path);
   Colour* const saved[] = {&fc1, &bc1, &fc2, &bc2, &fc3, &bc3};
@@ -15,9 +15,13 @@ void Form1::applySettings() {
     winamp1 = platform.files.fileExists(ownFile(winampPathName));
     if (!winamp1) runpref = true;
   }
+  bool displayed = false;
   if (settings.noScan.isTrue()) {
     Option4.setValue(true);
-    if (platform.files.fileExists(ownFile(catalogueName))) display();
+    if (platform.files.fileExists(ownFile(catalogueName))) {
+      display();
+      displayed = true;
+    }
   }
   if (settings.splash.equals(1)) Check4.setValue(1);
   if (settings.compact == 1) Check5.setValue(1);
@@ -27,13 +31,14 @@ void Form1::applySettings() {
   List1.setBackColour(bc2);
   List4.setForeColour(fc3);
   List4.setBackColour(bc3);
-  if (here || !settings.scan.isTrue()) return;
+  if (here || !settings.scan.isTrue()) return displayed;
   Option5.setValue(true);
   deleteCatalogue();
   scandrives();
   process();
   display();
   setCaption(captionAfterScan);
+  return true;
 }
 
 void Form1::fillDrives(ListBox& list) {

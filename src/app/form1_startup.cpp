@@ -77,13 +77,20 @@ void Form1::Form_Load() {
   if (!platform.files.fileExists(ownFile(settingsName))) {
     showFirstRun();
   } else {
+    bool displayed = false;
     if (platform.files.fileExists(ownFile(settingsName))) {
-      applySettings();
+      displayed = applySettings();
     } else {  // it went in between
       fc1 = fc2 = fc3 = 65535;
       bc1 = bc2 = bc3 = 4194304;
     }
-    if (!here) display();
+    if (!here) {
+      if (displayed) {
+        displayAgain();
+      } else {
+        display();
+      }
+    }
   }
   here = false;
   if (!frommenu && Check5.ticked()) playdefaultlist();

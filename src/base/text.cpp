@@ -123,6 +123,7 @@ void appendEncoded(std::string& target, char32_t letter) {
   }
 }
 
+char lowerLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 char upperLetter(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
 
 }  // namespace
@@ -153,22 +154,19 @@ std::string foldCase(std::string_view text) {
 }
 
 void appendFolded(std::string& target, std::string_view text) {
-  // Most names are plain ASCII: then this is all.
-  const std::size_t start = target.size();
-  target.append(text);
-  unsigned char seen = 0;
-  for (char* letter = target.data() + start; letter != target.data() + target.size(); ++letter) {
-    const auto byte = static_cast<unsigned char>(*letter);
-    seen |= byte;
-    *letter = static_cast<char>(byte + (static_cast<unsigned char>(byte - 'A') < 26 ? 32 : 0));
-  }
-  if (seen < 0x80) return;
-  target.resize(start);
+  const auto notAscii = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
   while (!text.empty()) {
+    const auto run = static_cast<std::size_t>(std::find_if(text.begin(), text.end(), notAscii) - text.begin());
+    const std::size_t start = target.size();
+    target.append(text, 0, run);
+    std::transform(target.begin() + static_cast<std::ptrdiff_t>(start), target.end(),
+                   target.begin() + static_cast<std::ptrdiff_t>(start), lowerLetter);
+    text.remove_prefix(run);
+    if (text.empty()) return;
     char32_t letter = 0;
     const std::size_t length = decode(text, letter);
-    if (length <= 1) {  // ASCII, or no letter at all
-      target += length == 0 ? text.front() : static_cast<char>(foldLetter(letter));
+    if (length == 0) {
+      target += text.front();
       text.remove_prefix(1);
     } else {
       appendEncoded(target, foldLetter(letter));

@@ -35,18 +35,22 @@ void Form1::process() {
   file->commit();
 }
 
-void Form1::display() {
+void Form1::display() { listArtists(Reading::anew); }
+
+void Form1::displayAgain() { listArtists(Reading::known); }
+
+void Form1::listArtists(Reading reading) {
   showListFrames(false);
   TreeView1.setVisible(false);
   List1.clear();
   List2.clear();
   List3.clear();
-  artists.clear();
+  if (reading == Reading::anew) artists.clear();
   const std::string path = ownFile(catalogueName);
   if (!platform.files.fileExists(path)) {
     platform.dialogs.message("You need to scan again as the song list file is missing");
   } else {
-    artists = distinctArtists(platform.files, path);
+    if (reading == Reading::anew) artists = distinctArtists(platform.files, path);
     const std::vector<std::string_view> texts(artists.begin(), artists.end());
     List2.addAll(texts);
     for (Picture* picture : {&Picture1, &Picture2, &Picture3, &Picture7}) picture->setVisible(true);

@@ -36,12 +36,7 @@ void FolderReader::add(Names& names, std::string_view name) {
   Name entry{text_.size(), name.size(), 0, 0};
   text_.append(name);
   entry.key = text_.size();
-  const bool ascii = std::all_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-  if (ascii) {
-    for (const char c : name) text_ += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-  } else {
-    text_.append(foldCase(name));
-  }
+  appendFolded(text_, name);
   entry.keyLength = text_.size() - entry.key;
   names.found.push_back(entry);
 }

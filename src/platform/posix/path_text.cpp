@@ -1,5 +1,7 @@
 #include "platform/posix/path_text.h"
 
+#include <string.h>  // memrchr
+
 #include <cstddef>
 
 namespace plimo {
@@ -11,8 +13,8 @@ std::string joinPath(std::string_view folder, std::string_view name) {
 }
 
 std::string_view lastPiece(std::string_view path) {
-  const std::size_t end = path.rfind('/');
-  return end == std::string_view::npos ? path : path.substr(end + 1);
+  const void* const end = path.empty() ? nullptr : ::memrchr(path.data(), '/', path.size());
+  return end == nullptr ? path : path.substr(static_cast<std::size_t>(static_cast<const char*>(end) + 1 - path.data()));
 }
 
 std::string parentOf(std::string_view path) {
