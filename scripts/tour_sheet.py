@@ -71,7 +71,7 @@ def take(binary, out, scale=1, dark=False, only_main=False):
             for row in (0, 1, 4, 8, 11):
                 p.list("Artists").child(row).act()
             p.list("Artists").child(0).act(1)
-            for row in (7, 0, 14, 2, 19, 8, 5, 17, 10, 13):
+            for row in (0, 7, 14, 2, 19, 8, 5, 17, 10, 13):
                 p.list("Scratch playlist").child(row).act()
                 p.things("Add to playlist", "push button", showing=False)[0].act()
                 wait(lambda: not p.list("Scratch playlist").selected(), "the song to be added")
