@@ -221,7 +221,7 @@ void PlayerStrip::follow() {
   }
   previous_->setEnabled(usable && state.count > 0);
   play_->setEnabled(usable && state.count > 0);
-  stop_->setEnabled(usable && state.opened);
+  stop_->setEnabled(usable && (state.opened || state.searching));
   next_->setEnabled(usable && state.index + 1 < state.count);
   way_->setEnabled(usable && state.opened && state.duration > 0);
   if (!way_->isSliderDown()) {
@@ -273,6 +273,10 @@ void PlayerStrip::followText() {
 }
 
 void PlayerStrip::keyPressEvent(QKeyEvent* event) {
+  if (!player_.state().enabled) {
+    QWidget::keyPressEvent(event);
+    return;
+  }
   switch (event->key()) {
     case Qt::Key_MediaTogglePlayPause:
     case Qt::Key_MediaPlay:

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <system_error>
+#include <type_traits>
 
 #include "base/text.h"
 
@@ -54,24 +55,36 @@ std::filesystem::path nativePath(std::string_view bytes) {
   if constexpr (std::is_same_v<std::filesystem::path::value_type, char>) {
     return std::filesystem::path(std::string(bytes));
   } else {
-    return std::filesystem::path(std::u8string(bytes.begin(), bytes.end()));
+    try {
+      return std::filesystem::path(std::u8string(bytes.begin(), bytes.end()));
+    } catch (const std::system_error&) {
+      return {};
+    }
+  }
+}
+
+std::string nativeText(const std::filesystem::path& path) {
+  if constexpr (std::is_same_v<std::filesystem::path::value_type, char>) {
+    return path.string();
+  } else {
+    const std::u8string text = path.u8string();
+    return std::string(text.begin(), text.end());
   }
 }
 
 CheckedEntry checkEntry(std::string_view entry, const std::filesystem::path& folder) {
   if (namesAProtocol(entry) || entry.find('\0') != std::string_view::npos) return {Playable::notLocal, {}};
   if (isPlaylistName(entry)) return {Playable::notASong, {}};
-  std::error_code ignored;
-  const std::filesystem::path path = folder / nativePath(entry);
-  const std::filesystem::file_status status = std::filesystem::status(path, ignored);
+  const std::filesystem::path name = nativePath(entry);
+  if (name.empty()) return {Playable::missing, {}};
+  std::error_code failed;
+  const std::filesystem::path path = std::filesystem::absolute(folder / name, failed);
+  if (failed) return {Playable::missing, {}};
+  const std::filesystem::file_status status = std::filesystem::status(path, failed);
   if (!std::filesystem::exists(status)) return {Playable::missing, {}};
   if (!std::filesystem::is_regular_file(status)) return {Playable::notASong, {}};
-  const std::u8string text = std::filesystem::absolute(path, ignored).u8string();
-  if constexpr (std::is_same_v<std::filesystem::path::value_type, char>) {
-    return {Playable::yes, std::filesystem::absolute(path, ignored).string()};
-  } else {
-    return {Playable::yes, std::string(text.begin(), text.end())};
-  }
+  if (std::filesystem::file_size(path, failed) == 0) return {Playable::empty, {}};
+  return {Playable::yes, nativeText(path)};
 }
 
 }  // namespace plimo

@@ -16,11 +16,16 @@ struct Option {
 constexpr Option required[] = {
     {"config", "no"},
     {"load-scripts", "no"},
-    {"ytdl", "no"},
-    {"osc", "no"},
     {"load-stats-overlay", "no"},
     {"load-osd-console", "no"},
+    {"load-console", "no"},
     {"load-auto-profiles", "no"},
+    {"load-select", "no"},
+    {"load-positioning", "no"},
+    {"load-commands", "no"},
+    {"load-context-menu", "no"},
+    {"ytdl", "no"},
+    {"osc", "no"},
     {"terminal", "no"},
     {"input-default-bindings", "no"},
     {"input-vo-keyboard", "no"},
@@ -48,9 +53,8 @@ constexpr Option required[] = {
 
 // Some are unknown to some builds of the library, and then there is nothing to forbid.
 bool mayBeUnknown(std::string_view name) {
-  return name == "load-scripts" || name == "load-stats-overlay" || name == "load-osd-console" ||
-         name == "load-auto-profiles" || name == "ytdl" || name == "osc" || name == "cover-art-auto" ||
-         name == "autoload-files" || name == "input-vo-keyboard";
+  return (name.starts_with("load-") && name != "load-unsafe-playlists") || name == "ytdl" || name == "osc" ||
+         name == "cover-art-auto" || name == "autoload-files" || name == "input-vo-keyboard";
 }
 
 enum Watched : std::uint64_t { watchedLength = 1, watchedPosition = 2, watchedPause = 3 };
@@ -121,15 +125,19 @@ void MpvPlayer::Engine::setVolume(double percent) {
   mpv_.setPropertyAsync(handle_, 0, "volume", MPV_FORMAT_DOUBLE, &percent);
 }
 
-// The answer to "loadfile" carries the library's number for the song.
-void MpvPlayer::Engine::took(const mpv_event& reply) {
-  if (reply.reply_userdata != loads_ || reply.error < 0 || reply.data == nullptr) return;
-  const mpv_node& result = static_cast<const mpv_event_command*>(reply.data)->result;
-  if (result.format != MPV_FORMAT_NODE_MAP) return;
-  for (int i = 0; i < result.u.list->num; ++i) {
-    if (std::string_view(result.u.list->keys[i]) != "playlist_entry_id") continue;
-    entry_ = result.u.list->values[i].u.int64;
+// The answer to "loadfile" carries the library's number for the song. Without a number there is no song.
+MpvPlayer::Engine::Happening MpvPlayer::Engine::took(const mpv_event& reply) {
+  Happening happening;
+  if (reply.reply_userdata != loads_) return happening;
+  const auto* answer = static_cast<const mpv_event_command*>(reply.data);
+  if (reply.error >= 0 && answer != nullptr && answer->result.format == MPV_FORMAT_NODE_MAP) {
+    const mpv_node_list& list = *answer->result.u.list;
+    for (int i = 0; i < list.num; ++i) {
+      if (std::string_view(list.keys[i]) == "playlist_entry_id") entry_ = list.values[i].u.int64;
+    }
   }
+  if (entry_ == noEntry) happening.kind = Happening::Kind::failed;
+  return happening;
 }
 
 MpvPlayer::Engine::Happening MpvPlayer::Engine::endOf(const mpv_event_end_file& end) {
@@ -161,7 +169,7 @@ bool MpvPlayer::Engine::next(Happening& happening) {
     case MPV_EVENT_NONE:
       return false;
     case MPV_EVENT_COMMAND_REPLY:
-      took(*event);
+      happening = took(*event);
       break;
     case MPV_EVENT_START_FILE:
       started_ = static_cast<const mpv_event_start_file*>(event->data)->playlist_entry_id == entry_;

@@ -41,7 +41,7 @@ class MpvPlayer::Engine {
  private:
   void command(std::initializer_list<const char*> words, std::uint64_t ticket = 0);
   void forgetSong();
-  void took(const mpv_event& reply);
+  Happening took(const mpv_event& reply);
   Happening endOf(const mpv_event_end_file& end);
   Happening valueOf(const mpv_event& event) const;
   void setFlag(const char* property, bool on);

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
+#include <sstream>
+#include <system_error>
 #include <utility>
 
 #include "platform/mpv/m3u_entries.h"
@@ -13,11 +14,26 @@ namespace plimo {
 namespace {
 
 // Entries that are looked at in one go before the program gets its turn again.
-constexpr std::size_t searchedAtOnce = 200;
+constexpr int searchedAtOnce = 200;
 
-std::string nameOf(std::string_view path) {
-  const std::size_t cut = path.find_last_of("/\\");
-  return std::string(cut == std::string_view::npos ? path : path.substr(cut + 1));
+std::string nameOf(std::string_view entry) {
+  const std::string name = nativeText(nativePath(entry).filename());
+  return name.empty() ? std::string(entry) : name;
+}
+
+const char* reasonOf(Playable playable) {
+  switch (playable) {
+    case Playable::missing:
+      return "the file is gone";
+    case Playable::empty:
+      return "the file is empty";
+    case Playable::notLocal:
+      return "only files of this computer are played";
+    case Playable::notASong:
+    case Playable::yes:
+      break;
+  }
+  return "it is not a song";
 }
 
 }  // namespace
@@ -32,16 +48,12 @@ void MpvPlayer::tell() {
 
 bool MpvPlayer::engineReady() {
   if (engine_ != nullptr) return true;
-  if (engineMissing_) return false;
   auto engine = std::make_unique<Engine>([this, alive = alive_] {
     hooks_.post([this, alive] {
       if (*alive) wake();
     });
   });
-  if (!engine->start(hooks_.resolve)) {
-    engineMissing_ = true;
-    return false;
-  }
+  if (!engine->start(hooks_.resolve)) return false;
   engine_ = std::move(engine);
   engine_->setVolume(state_.volume);
   engine_->setMuted(state_.muted);
@@ -53,33 +65,43 @@ void MpvPlayer::open(const std::string& path) {
   entries_.clear();
   state_.note.clear();
   state_.index = 0;
-  const std::filesystem::path file = nativePath(path);
-  folder_ = file.parent_path();
-  if (isPlaylistName(path)) {
-    std::error_code ignored;
-    if (std::filesystem::is_regular_file(file, ignored)) {
-      std::ifstream stream(file, std::ios::binary);
-      const std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-      entries_ = m3uEntries(text);
-    } else {
-      noteSkipped(path, "there is no such playlist");
-    }
-  } else {
-    entries_.push_back(path);
-  }
+  somethingPlayed_ = false;
+  readList(path);
   state_.count = entries_.size();
-  if (!engineReady()) state_.note = "Nothing can be played here: the sound library libmpv is missing.";
-  if (engine_ != nullptr && !entries_.empty()) {
-    playAt(0);
+  if (!engineReady()) {
+    state_.note = "Nothing can be played here: the sound library libmpv is missing.";
+    tell();
+  } else if (!entries_.empty()) {
+    begin(0, Direction::forwards, !autoStart_);
   } else {
     tell();
   }
 }
 
+void MpvPlayer::readList(const std::string& path) {
+  folder_.clear();
+  if (!isPlaylistName(path)) {
+    entries_.push_back(path);
+    return;
+  }
+  const std::filesystem::path file = nativePath(path);
+  std::error_code ignored;
+  if (!std::filesystem::is_regular_file(file, ignored)) {
+    state_.note = "Skipped " + nameOf(path) + ": there is no such playlist.";
+    return;
+  }
+  folder_ = file.parent_path();
+  std::ostringstream text;
+  text << std::ifstream(file, std::ios::binary).rdbuf();
+  entries_ = m3uEntries(text.view());
+}
+
 void MpvPlayer::stop() {
   ++ticket_;
   if (engine_ != nullptr) engine_->stop();
+  streamUntold_ = false;
   state_.opened = false;
+  state_.searching = false;
   state_.paused = true;
   state_.duration = 0;
   state_.position = 0;
@@ -87,7 +109,8 @@ void MpvPlayer::stop() {
   tell();
 }
 
-void MpvPlayer::setFileName(const std::string& name) { fileName_ = name; }
+// Nothing reads the name again.
+void MpvPlayer::setFileName(const std::string&) {}
 
 void MpvPlayer::setShowControls(bool on) {
   state_.showControls = on;
@@ -99,81 +122,117 @@ void MpvPlayer::setEnabled(bool on) {
   tell();
 }
 
-void MpvPlayer::playAt(std::size_t index) {
+// Plays the entry, or the next one in the direction that can be played. What plays now is over.
+void MpvPlayer::begin(std::size_t index, Direction direction, bool paused) {
+  if (state_.opened) engine_->stop();
+  turn_ = state_.index;
+  direction_ = direction;
+  beginPaused_ = paused;
   wanted_ = index;
-  searchOn();
+  leftOut_ = 0;
+  state_.note.clear();
+  search();
 }
 
-void MpvPlayer::searchOn() {
-  const std::size_t last = std::min(entries_.size(), wanted_ + searchedAtOnce);
-  for (; wanted_ < last; ++wanted_) {
-    const CheckedEntry entry = checkEntry(entries_[wanted_], folder_);
-    switch (entry.playable) {
-      case Playable::missing:
-        noteSkipped(entries_[wanted_], "the file is gone");
-        continue;
-      case Playable::notLocal:
-        noteSkipped(entries_[wanted_], "only files of this computer are played");
-        continue;
-      case Playable::notASong:
-        noteSkipped(entries_[wanted_], "it is not a song");
-        continue;
-      case Playable::yes:
-        break;
+void MpvPlayer::search() {
+  ++ticket_;
+  state_.opened = false;
+  for (int looks = 0; looks < searchedAtOnce; ++looks) {
+    if (wanted_ >= entries_.size()) {
+      listEnded();
+      return;
     }
-    ++ticket_;
-    announced_ = false;
-    state_.opened = true;
-    state_.paused = !autoStart_;
-    state_.index = wanted_;
-    state_.song = nameOf(entry.path);
-    state_.duration = 0;
-    state_.position = 0;
-    engine_->load(entry.path, state_.paused);
-    tell();
-    return;
+    const CheckedEntry entry = checkEntry(entries_[wanted_], folder_);
+    if (entry.playable == Playable::yes) {
+      load(entry.path);
+      return;
+    }
+    leaveOut(reasonOf(entry.playable));
   }
-  if (wanted_ >= entries_.size()) {
-    listEnded();
-    return;
-  }
+  state_.searching = true;
+  tell();
   hooks_.post([this, alive = alive_, ticket = ticket_] {
-    if (*alive && ticket == ticket_) searchOn();
+    if (*alive && ticket == ticket_) search();
   });
 }
 
-void MpvPlayer::noteSkipped(std::string_view entry, const char* reason) {
-  state_.note = "Skipped " + nameOf(entry) + ": " + reason + ".";
+void MpvPlayer::load(const std::string& path) {
+  streamKnown_ = false;
+  streamUntold_ = false;
+  state_.searching = false;
+  state_.opened = true;
+  state_.paused = beginPaused_;
+  state_.index = wanted_;
+  state_.song = nameOf(path);
+  state_.duration = 0;
+  state_.position = 0;
+  engine_->load(path, beginPaused_);
+  tell();
+}
+
+// Turns from the entry wanted to the one behind it in the direction.
+void MpvPlayer::leaveOut(const char* reason) {
+  ++leftOut_;
+  const std::string name = nameOf(entries_[wanted_]) + ": " + reason + ".";
+  state_.note =
+      leftOut_ == 1 ? "Skipped " + name : "Skipped " + std::to_string(leftOut_) + " songs; the last was " + name;
+  if (!somethingPlayed_ && leftOut_ == entries_.size() && leftOut_ > 1) {
+    state_.note = "None of the " + std::to_string(leftOut_) + " songs can be played; the last was " + name;
+  }
+  if (direction_ == Direction::forwards) {
+    ++wanted_;
+  } else if (wanted_ > 0) {
+    --wanted_;
+  } else {
+    direction_ = Direction::forwards;
+    wanted_ = turn_;
+  }
 }
 
 void MpvPlayer::listEnded() {
+  state_.searching = false;
   state_.opened = false;
   state_.paused = true;
+  if (!somethingPlayed_) {
+    state_.song.clear();
+    state_.index = 0;
+  }
   tell();
 }
 
 void MpvPlayer::songEnded(bool failed) {
   if (!state_.opened) return;
   if (failed) {
-    noteSkipped(entries_[state_.index], "it cannot be played");
+    beginPaused_ = state_.paused;
+    leaveOut("it cannot be played");
   } else {
+    beginPaused_ = false;
+    direction_ = Direction::forwards;
+    leftOut_ = 0;
+    somethingPlayed_ = true;
     state_.note.clear();
+    wanted_ = state_.index + 1;
   }
-  playAt(state_.index + 1);
+  search();
 }
 
 void MpvPlayer::lengthKnown(double seconds) {
   state_.duration = seconds;
-  if (announced_ || !state_.opened || seconds <= 0) return;
-  announced_ = true;
+  if (streamKnown_ || !state_.opened || seconds <= 0) return;
+  somethingPlayed_ = true;
+  streamKnown_ = true;
+  streamUntold_ = true;
+  tellNewStream();
+}
+
+void MpvPlayer::tellNewStream() {
+  if (!streamUntold_ || !hooks_.listening()) return;
+  streamUntold_ = false;
   if (newStream) newStream();
 }
 
 void MpvPlayer::wake() {
-  if (hooks_.listening()) drain();
-}
-
-void MpvPlayer::drain() {
+  tellNewStream();
   if (engine_ == nullptr) return;
   Engine::Happening happening;
   while (engine_->next(happening)) {
@@ -183,7 +242,7 @@ void MpvPlayer::drain() {
         lengthKnown(happening.seconds);
         break;
       case Kind::position:
-        state_.position = happening.seconds;
+        state_.position = std::max(0.0, happening.seconds);
         break;
       case Kind::paused:
         state_.paused = happening.on || !state_.opened;
@@ -202,22 +261,17 @@ void MpvPlayer::drain() {
 }
 
 void MpvPlayer::playOrPause() {
-  if (engine_ == nullptr) return;
-  if (!state_.opened) {
-    if (entries_.empty()) return;
-    const bool atEnd = state_.index + 1 >= entries_.size();
-    const bool before = std::exchange(autoStart_, true);
-    playAt(atEnd ? 0 : state_.index);
-    autoStart_ = before;
-    return;
+  if (engine_ == nullptr || entries_.empty()) return;
+  if (state_.opened) {
+    engine_->setPaused(!state_.paused);
+  } else {
+    begin(wanted_ < entries_.size() ? state_.index : 0, Direction::forwards, false);
   }
-  engine_->setPaused(!state_.paused);
 }
 
 void MpvPlayer::next() {
   if (engine_ == nullptr || state_.index + 1 >= entries_.size()) return;
-  state_.note.clear();
-  playAt(state_.index + 1);
+  begin(state_.index + 1, Direction::forwards, false);
 }
 
 void MpvPlayer::previous() {
@@ -225,9 +279,10 @@ void MpvPlayer::previous() {
   if (engine_ == nullptr || entries_.empty()) return;
   if (state_.opened && (state_.position > nearStart || state_.index == 0)) {
     seek(0);
+  } else if (state_.index == 0) {
+    begin(0, Direction::forwards, false);
   } else {
-    state_.note.clear();
-    playAt(state_.index == 0 ? 0 : state_.index - 1);
+    begin(state_.index - 1, Direction::backwards, false);
   }
 }
 

@@ -20,7 +20,8 @@ struct MpvHooks {
   std::function<void(std::function<void()> action)> post;
   // Finds a function of libmpv by its name, null where there is none; called at the first song.
   std::function<void*(const char* name)> resolve;
-  // False while the program wants to hear of nothing: what happens meanwhile is told once `wake` is called.
+  // False while the program wants to hear of no new stream: it is told of once `wake` is called. The player itself
+  // goes on meanwhile.
   std::function<bool()> listening;
 };
 
@@ -49,7 +50,8 @@ class MpvPlayer : public MediaPlayer {
     std::size_t count = 0;
     int volume = 100;  // 0 to 100
     bool muted = false;
-    std::string note;  // what could not be played, and why; empty where all is well
+    bool searching = false;  // for a song that can be played
+    std::string note;        // what could not be played, and why; empty where all is well
     bool showControls = true;
     bool enabled = true;
   };
@@ -69,26 +71,36 @@ class MpvPlayer : public MediaPlayer {
  private:
   class Engine;
 
+  enum class Direction { forwards, backwards };
+
   bool engineReady();
-  void playAt(std::size_t index);
-  void searchOn();
+  void readList(const std::string& path);
+  void begin(std::size_t index, Direction direction, bool paused);
+  void search();
+  void load(const std::string& path);
+  void leaveOut(const char* reason);
   void songEnded(bool failed);
-  void lengthKnown(double seconds);
   void listEnded();
-  void noteSkipped(std::string_view entry, const char* reason);
+  void lengthKnown(double seconds);
+  void tellNewStream();
   void tell();
   void drain();
 
   MpvHooks hooks_;
   State state_;
   bool autoStart_ = true;
-  bool engineMissing_ = false;
-  bool announced_ = false;            // newStream has been raised for this song
+  bool streamKnown_ = false;   // this song's length is, and newStream has been raised for it or is to be
+  bool streamUntold_ = false;  // newStream is to be raised
+
   std::vector<std::string> entries_;  // as the playlist names them
   std::filesystem::path folder_;      // what relative entries are taken from
-  std::string fileName_;
-  std::size_t wanted_ = 0;    // the entry to be tried next
-  std::uint64_t ticket_ = 0;  // of the song last given to the engine
+  std::size_t wanted_ = 0;            // the entry to be tried; behind the last one once the list has ended
+  Direction direction_ = Direction::forwards;
+  std::size_t turn_ = 0;          // where a way backwards goes on when there is nothing before
+  bool beginPaused_ = false;      // the song that is searched for
+  std::size_t leftOut_ = 0;       // entries since the last song that played
+  bool somethingPlayed_ = false;  // of this list
+  std::uint64_t ticket_ = 0;      // of the search; each begins with another
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
   std::unique_ptr<Engine> engine_;
 };

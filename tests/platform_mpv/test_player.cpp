@@ -1,0 +1,106 @@
+#include "platform_mpv/test_player.h"
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+namespace plimo {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// Long enough for a machine that does much else; a test that passes never waits for it.
+constexpr std::chrono::seconds patience{30};
+
+}  // namespace
+
+void* soundLibraryFunction(const char* name) {
+  static void* const library = [] {
+    void* newest = ::dlopen("libmpv.so.2", RTLD_NOW);
+    return newest != nullptr ? newest : ::dlopen("libmpv.so.1", RTLD_NOW);
+  }();
+  return library == nullptr ? nullptr : ::dlsym(library, name);
+}
+
+void Posted::post(std::function<void()> action) {
+  const std::lock_guard lock(mutex_);
+  actions_.push_back(std::move(action));
+  came_.notify_one();
+}
+
+void Posted::runSome() {
+  std::unique_lock lock(mutex_);
+  came_.wait_for(lock, std::chrono::milliseconds(5), [this] { return !actions_.empty(); });
+  std::deque<std::function<void()>> now;
+  now.swap(actions_);
+  lock.unlock();
+  for (const auto& action : now) action();
+}
+
+TestPlayer::TestPlayer(std::function<void*(const char* name)> resolve)
+    : resolve_(std::move(resolve)),
+      player({[this](std::function<void()> action) { posted_.post(std::move(action)); },
+              [this](const char* name) {
+                ++resolved;
+                return resolve_(name);
+              },
+              [this] { return listening; }}) {
+  player.newStream = [this] {
+    lengths.push_back(player.duration());
+    played.push_back(state().song);
+  };
+  player.changed = [this] {
+    if (!note().empty() && (notes.empty() || notes.back() != note())) notes.push_back(note());
+  };
+}
+
+bool TestPlayer::until(const std::function<bool()>& condition) {
+  const auto deadline = Clock::now() + patience;
+  while (!condition()) {
+    if (Clock::now() > deadline) return false;
+    posted_.runSome();
+  }
+  return true;
+}
+
+bool TestPlayer::untilEnd() {
+  return until([this] { return !state().opened && !state().searching; });
+}
+
+bool TestPlayer::untilNewStreams(std::size_t count) {
+  return until([this, count] { return lengths.size() >= count; });
+}
+
+void TestPlayer::settle() {
+  for (const auto end = Clock::now() + std::chrono::milliseconds(150); Clock::now() < end;) posted_.runSome();
+}
+
+// MPEG-1 Layer III, no checksum, 32 kbit/s, 44100 Hz, one channel. Side information of zeros says that no sound
+// follows.
+std::string silentSong(double seconds) {
+  constexpr double frameSeconds = 1152.0 / 44100;
+  std::string frame = "\xFF\xFB\x10\xC0";
+  frame.resize(144 * 32000 / 44100, '\0');
+  std::string song;
+  const long frames = std::max(1L, std::lround(seconds / frameSeconds));
+  for (long i = 0; i < frames; ++i) song += frame;
+  return song;
+}
+
+std::string Songs::add(const std::string& name, double seconds) { return addFile(name, silentSong(seconds)); }
+
+std::string Songs::addFile(const std::string& name, const std::string& content) {
+  writeFile(folder_ / name, content);
+  return folder_ / name;
+}
+
+std::string Songs::list(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\r\n";
+  return addFile("list.m3u", text);
+}
+
+}  // namespace plimo

@@ -1,0 +1,98 @@
+// Handing songs to Winamp on the real machine: real files, and a script that plays Winamp.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <thread>
+
+#include "app/program.h"
+#include "app/test_program.h"
+#include "base/notation.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/posix_launcher.h"
+#include "platform/temporary_folder.h"
+
+namespace plimo {
+namespace {
+
+class Winamp : public testing::Test {
+ protected:
+  void SetUp() override {
+    makeFolders(own_);
+    std::filesystem::current_path(own_);
+    writeFile(winamp_, "#!/bin/sh\nprintf '%s|%s' $# \"$1\" > '" + folder_.path() + "/part'\nmv '" + folder_.path() +
+                           "/part' '" + told_ + "'\n");
+    changeMode(winamp_, 0755);
+    std::string kept;
+    writeText(kept, winamp_);
+    writeFile(own_ + "/path.kvx", kept);
+    writeFile(own_ + "/plimo.ini",
+              "1\r\n#TRUE#\r\n#FALSE#\r\n\"\"\r\n0\r\n0\r\n65535\r\n4194304\r\n65535\r\n4194304\r\n65535\r\n"
+              "\"4194304\"\r\n");
+    writeFile(song_, "x");
+    std::string catalogue;
+    appendRecord(catalogue, {song_, "Anna", "Don't know!", "it's & so.mp3"});
+    writeFile(own_ + "/plimo.kvx", catalogue);
+  }
+  void TearDown() override { std::filesystem::current_path("/"); }
+
+  void start() {
+    program_.start();
+    form().List4.add("it's & so");
+    form().List1.add("it's & so");
+  }
+
+  Form1& form() { return program_.form1(); }
+
+  // The number of arguments and the first, once the script has told them.
+  std::string told() {
+    for (int i = 0; i < 3000; ++i) {
+      std::ifstream file(told_);
+      if (file) return std::string(std::istreambuf_iterator<char>(file), {});
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return "nothing";
+  }
+
+  TemporaryFolder folder_;
+  std::string own_ = folder_ / "my own folder";
+  std::string winamp_ = folder_ / "Program Files (x86)/\"Win  amp\"/winamp.exe";
+  std::string song_ = folder_ / "My $HOME Songs/it's & so.mp3";
+  std::string told_ = folder_ / "told";
+  PosixFiles files_{std::vector<DriveRoot>{{'C', DriveType::fixed, folder_.path()}}};
+  PosixLauncher launcher_;
+  MemoryPlayer player_;
+  TestDialogs dialogs_;
+  QuietPump pump_;
+  Program program_{Platform{files_, player_, dialogs_, launcher_, pump_}};
+};
+
+TEST_F(Winamp, ARunIsHandedOverAsTheProgramsPlaylist) {
+  start();
+  form().Picture7.userClick();
+  EXPECT_EQ(told(), "1|" + own_ + "/list.m3u");
+  std::ifstream list(own_ + "/list.m3u", std::ios::binary);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(list), {}), song_ + "\r\n");
+  EXPECT_FALSE(dialogs_.toldAnything());
+}
+
+TEST_F(Winamp, ASongAloneIsHandedOverAsItsPath) {
+  start();
+  form().List1.userMoveCurrent(0);
+  form().play.userClick();
+  EXPECT_EQ(told(), "1|" + song_);
+  EXPECT_FALSE(dialogs_.toldAnything());
+}
+
+TEST_F(Winamp, TheDefaultPlaylistIsHandedOverAsItsPath) {
+  writeFile(own_ + "/default.m3u", song_ + "\r\n");
+  start();
+  form().playdefaultlist();
+  EXPECT_EQ(told(), "1|" + own_ + "/default.m3u");
+  EXPECT_FALSE(dialogs_.toldAnything());
+}
+
+}  // namespace
+}  // namespace plimo
