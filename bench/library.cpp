@@ -31,6 +31,8 @@ constexpr std::array<const char*, 32> secondWords = {
     "Radio",  "Forest",  "Dancers",   "Island",  "Hearts",  "Carousel", "Empire",  "Lights"};
 
 constexpr std::size_t foldersInFolder = 4;
+constexpr std::size_t firstNumber = 1000000;  // of songs: all numbers have the same length
+constexpr std::size_t deepFolder = 50000;
 constexpr std::size_t pieceSize = std::size_t{1} << 20;
 
 // Any number, always the same for the same one.
@@ -77,7 +79,7 @@ std::string songFileName(const Library& library, std::size_t song) {
   const bool nameless = artist % 64 == 63;
   const std::size_t titled = song % 100 == 50 && !nameless ? song - 1 : song;
   const std::size_t chance = mixed(titled);
-  std::string title = words(chance) + ' ' + std::to_string(titled);
+  std::string title = words(chance) + ' ' + std::to_string(firstNumber + titled);
   if (titled % 1000 == 777) title = '"' + title + '"';
   title += extensions[chance >> 32 & 7];
   if (nameless) return title;
@@ -113,7 +115,7 @@ void makeCatalogue(const Library& library, const std::string& root, const std::s
   for (std::size_t song = 0; song < library.songs; ++song) {
     if (library.folderOf(song) != known) {
       known = library.folderOf(song);
-      folder = root + folderPath(known) + '/';
+      folder = root + folderPath(deepFolder + known) + '/';
     }
     const std::string name = songFileName(library, song);
     const SongName parts = splitFileName(name);

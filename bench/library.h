@@ -39,7 +39,8 @@ std::string folderPath(std::size_t folder);
 // Makes the folders, with an empty file for each song. The root must not exist. Throws std::system_error.
 void makeTree(const Library& library, const std::string& root);
 
-// Writes the catalogue of a library that stands at `root`, without the library. Throws std::system_error.
+// Writes the catalogue of a library, without the library: of one that is a part of a larger one at `root`, so that
+// paths are equally long however few songs there are. Throws std::system_error.
 void makeCatalogue(const Library& library, const std::string& root, const std::string& file);
 
 }  // namespace plimo::bench
