@@ -43,7 +43,7 @@ build/build.ninja build-asan/build.ninja build-bench/build.ninja build-package/b
 needs := build run
 needs += $(if $(filter test asan,$(MAKECMDGOALS)),test)
 needs += $(if $(filter tour,$(MAKECMDGOALS)),test tour)
-needs += $(if $(filter bench,$(MAKECMDGOALS)),bench)
+needs += $(if $(filter bench,$(MAKECMDGOALS)),bench test)
 needs += $(if $(filter lint,$(MAKECMDGOALS)),lint)
 needs += $(if $(filter package,$(MAKECMDGOALS)),package)
 
