@@ -49,6 +49,14 @@ TEST(PlaylistEntries, ThatAreNoRegularFilesAreNotPlayable) {
   EXPECT_EQ(checkEntry("/proc/kmsg", "/tmp").playable, Playable::empty) << "reading it would wait for ever";
 }
 
+TEST(PlaylistEntries, ThatAreRegularFilesArePlayableByTheirWholePathOrFromThePlaylistsFolder) {
+  Songs songs;
+  const std::string song = songs.add("a song.mp3");
+  EXPECT_EQ(checkEntry(song, "/elsewhere").path, song);
+  EXPECT_EQ(checkEntry("a song.mp3", songs / "").path, song);
+  EXPECT_EQ(checkEntry("gone.mp3", songs / "").playable, Playable::missing);
+}
+
 class MpvPlaylist : public testing::Test {
  protected:
   Songs songs;

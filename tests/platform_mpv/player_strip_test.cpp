@@ -215,6 +215,13 @@ TEST_F(Strip, AtTheEndOfTheListPlayBeginsItAgain) {
   EXPECT_EQ(test.played.back(), "a.mp3");
 }
 
+TEST(ClockText, WritesMinutesAndHours) {
+  EXPECT_EQ(clockText(0), QStringLiteral("0:00"));
+  EXPECT_EQ(clockText(65.9), QStringLiteral("1:05"));
+  EXPECT_EQ(clockText(3600 + 62), QStringLiteral("1:01:02"));
+  EXPECT_EQ(clockText(-1), QStringLiteral("0:00"));
+}
+
 TEST(StripWithoutTheLibrary, SaysWhatIsMissing) {
   Songs songs;
   TestPlayer test([](const char*) -> void* { return nullptr; });

@@ -94,6 +94,7 @@ void MpvPlayer::Engine::forgetSong() {
   ++loads_;
   entry_ = noEntry;
   started_ = false;
+  loaded_ = false;
 }
 
 void MpvPlayer::Engine::load(const std::string& path, bool paused) {
@@ -152,7 +153,7 @@ MpvPlayer::Engine::Happening MpvPlayer::Engine::endOf(const mpv_event_end_file& 
 MpvPlayer::Engine::Happening MpvPlayer::Engine::valueOf(const mpv_event& event) const {
   Happening happening;
   const auto& property = *static_cast<const mpv_event_property*>(event.data);
-  if (property.format == MPV_FORMAT_DOUBLE && started_) {
+  if (property.format == MPV_FORMAT_DOUBLE && loaded_) {
     happening.kind = event.reply_userdata == watchedLength ? Happening::Kind::length : Happening::Kind::position;
     happening.seconds = *static_cast<const double*>(property.data);
   } else if (property.format == MPV_FORMAT_FLAG) {
@@ -176,7 +177,8 @@ bool MpvPlayer::Engine::next(Happening& happening) {
       break;
     case MPV_EVENT_FILE_LOADED:
       // A length equal to the song's before is no change, and would never be told.
-      if (started_) mpv_.getPropertyAsync(handle_, watchedLength, "duration", MPV_FORMAT_DOUBLE);
+      loaded_ = started_;
+      if (loaded_) mpv_.getPropertyAsync(handle_, watchedLength, "duration", MPV_FORMAT_DOUBLE);
       break;
     case MPV_EVENT_END_FILE:
       happening = endOf(*static_cast<const mpv_event_end_file*>(event->data));

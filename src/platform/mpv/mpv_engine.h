@@ -52,6 +52,7 @@ class MpvPlayer::Engine {
   std::uint64_t loads_ = 0;       // songs loaded so far
   std::int64_t entry_ = noEntry;  // the library's own number for the last of them, once it has told it
   bool started_ = false;          // the library has turned to it
+  bool loaded_ = false;           // and read its head: lengths and positions told from now on are its own
   static constexpr std::int64_t noEntry = -1;
 };
 
