@@ -1,7 +1,7 @@
 #include "desktop/input_gate.h"
 
 #include <QApplication>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QWindow>
 
 namespace plimo {
@@ -44,6 +44,11 @@ bool InputGate::eventFilter(QObject* watched, QEvent* event) {
   const auto* widget = qobject_cast<QWidget*>(watched);
   const bool lets = let_ != nullptr && widget != nullptr && (widget == let_ || let_->isAncestorOf(widget));
   if (lets && event->type() != QEvent::Close) return false;
+  // Whatever has the keyboard, Escape is meant for what is shown.
+  if (event->type() == QEvent::KeyPress && let_ != nullptr && let_->isVisible() &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    QCoreApplication::sendEvent(let_, event);
+  }
   if (event->type() == QEvent::Close) event->ignore();
   return true;
 }

@@ -101,11 +101,12 @@ def settings_that_cannot_be_written_are_reported_and_the_window_stays(world):
         world.data.chmod(0o755)
 
 
-def a_scan_shows_how_far_it_is_and_can_be_cancelled(world):
+def _scan_without_end(world):
+    """The program in the midst of a scan of minutes, and its Cancel button."""
     world.plant()
     for number in range(1500):
         (world.library / f"empty {number}").mkdir()
-    # The drive over and over again: a scan of minutes.
+    # The drive over and over again.
     (world.data / "plimo.ini").write_bytes(cases.settings("C:" * 9000, scan=True))
     p = world.start()
 
@@ -124,7 +125,19 @@ def a_scan_shows_how_far_it_is_and_can_be_cancelled(world):
     wait(lambda: found.get_name() != before, "the scan to go on")
     cancel = cases.Thing(found.get_child_at_index(0), 1)
     check(cancel.name == "Cancel", "there is no Cancel")
+    return p, cancel
+
+
+def a_scan_shows_how_far_it_is_and_can_be_cancelled(world):
+    p, cancel = _scan_without_end(world)
     screen.click(cancel.centre())
+    equal(lambda: p.list("Artists").rows(), ["ALDER", "BEECH", "CYPRESS"], "what was found so far")
+    wait(lambda: not cancel.has("showing"), "the panel to go")
+
+
+def escape_cancels_a_scan(world):
+    p, cancel = _scan_without_end(world)
+    screen.key("Escape")
     equal(lambda: p.list("Artists").rows(), ["ALDER", "BEECH", "CYPRESS"], "what was found so far")
     wait(lambda: not cancel.has("showing"), "the panel to go")
 
