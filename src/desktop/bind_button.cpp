@@ -43,12 +43,12 @@ class ButtonWidget : public QAbstractButton {
     if (!isEnabled()) ink = look().quiet;
     painter.setPen(QPen(edge, 1));
     painter.setBrush(face);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius(), radius());
     painter.setPen(ink);
     QRect textPlace = rect().adjusted(3, 1, -3, -1);
     if (isDown()) textPlace.translate(0, 1);
     paintCaption(painter, textPlace, text(), Qt::AlignCenter);
-    if (hasFocus()) paintRing(painter, rect(), radius);
+    if (hasFocus()) paintRing(painter, rect(), radius());
   }
 
   void keyPressEvent(QKeyEvent* event) override {

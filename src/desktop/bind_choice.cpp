@@ -11,13 +11,14 @@ namespace plimo {
 
 namespace {
 
-constexpr int markSide = 16;  // the box's or circle's
+// The box's or circle's, pixels.
+int markSide() { return scaled(16); }
 
 // Both are painted alike: a mark and a caption of as many lines as it takes.
 void paintChoice(QAbstractButton& button, double corner, bool round) {
   QPainter painter(&button);
   painter.setRenderHint(QPainter::Antialiasing);
-  const QRectF mark(2.5, (button.height() - markSide) / 2.0, markSide, markSide);
+  const QRectF mark(2.5, (button.height() - markSide()) / 2.0, markSide(), markSide());
   const bool on = button.isChecked();
   const QColor accent = button.isEnabled() ? look().accent : look().quiet;
   painter.setPen(QPen(on ? accent : look().quiet, 1.5));
@@ -26,16 +27,16 @@ void paintChoice(QAbstractButton& button, double corner, bool round) {
   if (on && round) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(look().onAccent);
-    painter.drawEllipse(mark.center(), markSide * 0.2, markSide * 0.2);
+    painter.drawEllipse(mark.center(), markSide() * 0.2, markSide() * 0.2);
   } else if (on) {
-    painter.setPen(QPen(look().onAccent, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(look().onAccent, markSide() / 8.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     const auto at = [&mark](double x, double y) {
-      return QPointF(mark.left() + markSide * x, mark.top() + markSide * y);
+      return QPointF(mark.left() + markSide() * x, mark.top() + markSide() * y);
     };
     painter.drawPolyline(QPolygonF{{at(0.24, 0.52), at(0.43, 0.72), at(0.78, 0.3)}});
   }
   painter.setPen(button.isEnabled() ? look().text : look().quiet);
-  const QRect textPlace = button.rect().adjusted(markSide + 2 + spacing, 0, -2, 0);
+  const QRect textPlace = button.rect().adjusted(markSide() + 2 + spacing(), 0, -2, 0);
   paintCaption(painter, textPlace, button.text(), Qt::AlignLeft | Qt::AlignVCenter);
   if (button.hasFocus()) paintRing(painter, button.rect(), 4);
 }
@@ -48,7 +49,7 @@ class CheckBoxWidget : public QCheckBox {
  protected:
   void nextCheckState() override {}
   bool hitButton(const QPoint& point) const override { return rect().contains(point); }
-  void paintEvent(QPaintEvent*) override { paintChoice(*this, 4, false); }
+  void paintEvent(QPaintEvent*) override { paintChoice(*this, scaled(4), false); }
 };
 
 class OptionWidget : public QRadioButton {
@@ -58,7 +59,7 @@ class OptionWidget : public QRadioButton {
  protected:
   void nextCheckState() override {}
   bool hitButton(const QPoint& point) const override { return rect().contains(point); }
-  void paintEvent(QPaintEvent*) override { paintChoice(*this, markSide / 2.0, true); }
+  void paintEvent(QPaintEvent*) override { paintChoice(*this, markSide() / 2.0, true); }
 
   // The arrow keys choose among the group.
   void keyPressEvent(QKeyEvent* event) override {

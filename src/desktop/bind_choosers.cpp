@@ -23,7 +23,7 @@ void paintDrive(QPainter& painter, const QRect& place, const QString& text, cons
                 const QColor& quiet) {
   painter.setPen(ink);
   painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
-  const int used = painter.fontMetrics().horizontalAdvance(text) + 2 * spacing;
+  const int used = painter.fontMetrics().horizontalAdvance(text) + 2 * spacing();
   const QRect rest = place.adjusted(used, 0, 0, 0);
   if (rest.width() <= 0) return;
   painter.setPen(quiet);
@@ -38,16 +38,18 @@ class DriveDelegate : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const bool chosen = option.state.testFlag(QStyle::State_Selected);
     painter->fillRect(option.rect, chosen ? look().accent : look().field);
-    const QRect icon(option.rect.left() + 6, option.rect.center().y() - 8, 16, 16);
+    const int side = scaled(16);
+    const int edge = scaled(6);
+    const QRect icon(option.rect.left() + edge, option.rect.center().y() - side / 2, side, side);
     index.data(Qt::DecorationRole).value<QIcon>().paint(painter, icon);
-    paintDrive(*painter, option.rect.adjusted(6 + 16 + 6, 0, -6, 0), index.data().toString(),
+    paintDrive(*painter, option.rect.adjusted(2 * edge + side, 0, -edge, 0), index.data().toString(),
                index.data(rootRole).toString(), chosen ? look().onAccent : look().text,
                chosen ? look().onAccent : look().quiet);
   }
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const int width = option.fontMetrics.horizontalAdvance(index.data().toString() + index.data(rootRole).toString());
-    return {width + 60, option.fontMetrics.height() + 8};
+    return {width + scaled(60), option.fontMetrics.height() + scaled(8)};
   }
 };
 
@@ -64,14 +66,16 @@ class DriveWidget : public QComboBox {
     option.currentIcon = {};
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     const QRect field = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    const QRect icon(field.left() + 2, field.center().y() - 8, 16, 16);
+    const int side = scaled(16);
+    const QRect icon(field.left() + 2, field.center().y() - side / 2, side, side);
     itemIcon(currentIndex()).paint(&painter, icon);
-    paintDrive(painter, field.adjusted(24, 0, 0, 0), currentText(), currentData(rootRole).toString(), look().text,
-               look().quiet);
+    paintDrive(painter, field.adjusted(scaled(24), 0, 0, 0), currentText(), currentData(rootRole).toString(),
+               look().text, look().quiet);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(look().quiet, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const QPointF tip(width() - 14, height() / 2.0 + 2);
-    painter.drawPolyline(QPolygonF{{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)}});
+    const double arm = scaled(4);
+    const QPointF tip(width() - 3.5 * arm, height() / 2.0 + arm / 2);
+    painter.drawPolyline(QPolygonF{{tip + QPointF(-arm, -arm), tip, tip + QPointF(arm, -arm)}});
   }
 };
 
@@ -131,6 +135,7 @@ class FolderWidget : public QListWidget {
  public:
   FolderWidget(FolderList& model, QWidget* parent) : QListWidget(parent), model_(model) {
     setUniformItemSizes(true);
+    setIconSize(QSize(scaled(16), scaled(16)));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideRight);
     connect(this, &QListWidget::itemDoubleClicked, this, [this](const QListWidgetItem* item) { enter(item); });
@@ -149,6 +154,11 @@ class FolderWidget : public QListWidget {
   }
 
  protected:
+  void changeEvent(QEvent* event) override {
+    if (event->type() == QEvent::FontChange) setIconSize(QSize(scaled(16), scaled(16)));
+    QListWidget::changeEvent(event);
+  }
+
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
       enter(currentItem());
@@ -168,7 +178,7 @@ class FolderWidget : public QListWidget {
     item->setData(pathRole, QByteArray::fromStdString(path));
     item->setToolTip(plainTip(qstring(path)));
     if (ancestor) {
-      QFont bold = font();
+      QFont bold;
       bold.setBold(true);
       item->setFont(bold);
     }

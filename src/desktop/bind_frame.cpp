@@ -21,11 +21,11 @@ class CardWidget : public QGroupBox {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(look().border, 1));
     painter.setBrush(look().card);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2 * radius, 2 * radius);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2 * radius(), 2 * radius());
     painter.setFont(titleFont());
     painter.setPen(look().accent);
     const int line = painter.fontMetrics().height();
-    const QRect place(2 * spacing, std::min(spacing, height() / 80), width() - 4 * spacing, line);
+    const QRect place(2 * spacing(), std::min(spacing(), height() / 80), width() - 4 * spacing(), line);
     painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, title());
   }
 };

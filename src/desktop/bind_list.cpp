@@ -1,4 +1,5 @@
-#include <QScrollBar>
+#include <QHash>
+#include <optional>
 
 #include "desktop/binder.h"
 #include "desktop/list_view.h"
@@ -7,16 +8,6 @@
 namespace plimo {
 
 namespace {
-
-QString scrollBarSheet(const ListColours& colours) {
-  return QStringLiteral(
-             "QScrollBar { background: %1; width: 12px; margin: 0; border: none; }"
-             "QScrollBar::handle { background: %2; border-radius: 4px; margin: 2px; min-height: 24px; }"
-             "QScrollBar::handle:hover { background: %3; }"
-             "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-             "QScrollBar::add-page, QScrollBar::sub-page { background: none; }")
-      .arg(qcolor(colours.background).name(), qcolor(colours.quiet).name(), qcolor(colours.mark).name());
-}
 
 ListColours lookColours() {
   ListColours colours;
@@ -36,12 +27,20 @@ class ListBinder : public Binder, public ListObserver {
       : Binder(list, new ListView(list, parent)), list_(list), view_(static_cast<ListView*>(widget())) {
     view_->setAutoFillBackground(true);
     list_.observeRows(*this);
+    // A letter alone tells little: beside the lists' drives stand their root folders.
+    if (list.name() == "List5" || list.name() == "List7") view_->beside = [this](std::size_t row) { return root(row); };
   }
   ~ListBinder() override { list_.unobserveRows(*this); }
 
   void propertyChanged(Property property) override { Binder::propertyChanged(property); }
-  void rowsReset() override { view_->rowsChanged(); }
-  void rowsAppended(std::size_t first, std::size_t) override { view_->rowsAppended(first); }
+  void rowsReset() override {
+    roots_.reset();
+    view_->rowsChanged();
+  }
+  void rowsAppended(std::size_t first, std::size_t) override {
+    roots_.reset();
+    view_->rowsAppended(first);
+  }
   void rowsRemoved(std::size_t, std::size_t) override { view_->rowsChanged(); }
   void selectionChanged() override { view_->selectionChanged(); }
   void currentChanged() override { view_->currentChanged(); }
@@ -55,7 +54,6 @@ class ListBinder : public Binder, public ListObserver {
     palette.setColor(QPalette::Window, qcolor(colours.background));
     palette.setColor(QPalette::WindowText, qcolor(colours.background));  // the frame as the toolkit draws it
     view_->setPalette(palette);
-    view_->verticalScrollBar()->setStyleSheet(scrollBarSheet(colours));
     view_->setColours(colours);
   }
 
@@ -65,8 +63,20 @@ class ListBinder : public Binder, public ListObserver {
     return list_.container() == nullptr || list_.foreColour() != 0 || list_.backColour() != 0xFFFFFF;
   }
 
+  // The root folder of the drive whose letter the row begins with.
+  QString root(std::size_t row) {
+    if (!roots_) {
+      roots_.emplace();
+      const auto* drives = static_cast<const DriveList*>(list_.form().find("Drive2"));
+      for (const DriveList::Entry& entry : drives->source()) roots_->insert(entry.letter, qstring(entry.root));
+    }
+    const std::string_view text = list_.text(row);
+    return text.empty() ? QString() : roots_->value(text.front());
+  }
+
   ListBox& list_;
   ListView* view_;
+  std::optional<QHash<char, QString>> roots_;  // by drive letter, as when the rows were filled
 };
 
 }  // namespace

@@ -56,7 +56,7 @@ BoundMenus::BoundMenus(Form& form, QWidget& window) {
 BoundMenus::~BoundMenus() = default;
 
 int BoundMenus::barHeight() const {
-  constexpr int padding = 14;
+  const int padding = scaled(14);
   return bar_ == nullptr ? 0 : bar_->fontMetrics().height() + padding;
 }
 

@@ -32,7 +32,7 @@ class PictureWidget : public QAbstractButton {
     if (!stretched_ && !underMouse() && !hasFocus()) painter.setOpacity(0.92);
     paintArt(painter, art_, place, stretched_ ? Qt::IgnoreAspectRatio : Qt::KeepAspectRatio);
     painter.setOpacity(1);
-    if (hasFocus()) paintRing(painter, rect(), radius);
+    if (hasFocus()) paintRing(painter, rect(), radius());
   }
 
   void keyPressEvent(QKeyEvent* event) override {

@@ -12,8 +12,8 @@ namespace plimo {
 
 namespace {
 
-constexpr double knob = 9;  // its radius
-constexpr int numberWidth = 38;
+double knob() { return scaled(9); }  // its radius
+int numberWidth() { return scaled(38); }
 
 class ColourSlider : public QSlider {
  public:
@@ -41,12 +41,12 @@ class ColourSlider : public QSlider {
     const QPointF centre(xOf(value()), line.center().y());
     painter.setPen(QPen(look().quiet, 1));
     painter.setBrush(look().button);
-    painter.drawEllipse(centre, knob, knob);
+    painter.drawEllipse(centre, knob(), knob());
     painter.setPen(Qt::NoPen);
     painter.setBrush(full_);
-    painter.drawEllipse(centre, knob - 4, knob - 4);
+    painter.drawEllipse(centre, knob() * 0.55, knob() * 0.55);
     painter.setPen(look().text);
-    painter.drawText(rect().adjusted(width() - numberWidth, 0, -4, 0), Qt::AlignRight | Qt::AlignVCenter,
+    painter.drawText(rect().adjusted(width() - numberWidth(), 0, -4, 0), Qt::AlignRight | Qt::AlignVCenter,
                      QString::number(value()));
     if (hasFocus()) paintRing(painter, rect(), 4);
   }
@@ -55,8 +55,8 @@ class ColourSlider : public QSlider {
     if (event->button() != Qt::LeftButton) return;
     held_ = true;
     const double offset = event->position().x() - xOf(value());
-    grip_ = std::abs(offset) <= knob ? offset : 0;
-    if (std::abs(offset) > knob) model_.userClickAt(valueAt(event->position().x()));
+    grip_ = std::abs(offset) <= knob() ? offset : 0;
+    if (std::abs(offset) > knob()) model_.userClickAt(valueAt(event->position().x()));
   }
 
   void mouseMoveEvent(QMouseEvent* event) override {
@@ -105,9 +105,9 @@ class ColourSlider : public QSlider {
 
  private:
   QRectF track() const {
-    constexpr double thickness = 8;
-    const double end = knob + 3;
-    return {end, (height() - thickness) / 2.0, std::max(1.0, width() - numberWidth - 2 * end), thickness};
+    const double thickness = scaled(8);
+    const double end = knob() + 3;
+    return {end, (height() - thickness) / 2.0, std::max(1.0, width() - numberWidth() - 2 * end), thickness};
   }
   double xOf(int value) const { return track().left() + track().width() * value / Slider::maximum; }
   int valueAt(double x) const {
@@ -118,7 +118,7 @@ class ColourSlider : public QSlider {
   Slider& model_;
   QColor full_;
   bool held_ = false;
-  double grip_ = 0;  // from the knob's centre to where it was taken
+  double grip_ = 0;  // from the knob()'s centre to where it was taken
 };
 
 class SliderBinder : public Binder {

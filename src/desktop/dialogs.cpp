@@ -14,7 +14,7 @@ namespace plimo {
 
 namespace {
 
-constexpr int widestText = 640;  // pixels
+constexpr int widestText = 640;  // pixels, in a window of the designed size
 
 QString title() { return QString::fromUtf8(programName); }
 
@@ -28,8 +28,9 @@ class Box : public QMessageBox {
     setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
       label->setWordWrap(true);
-      label->setMinimumWidth(std::min(
-          widestText, label->fontMetrics().boundingRect(QRect(0, 0, 4000, 4000), 0, this->text()).width() + spacing));
+      label->setMinimumWidth(
+          std::min(scaled(widestText),
+                   label->fontMetrics().boundingRect(QRect(0, 0, 4000, 4000), 0, this->text()).width() + spacing()));
     }
   }
 };

@@ -7,6 +7,8 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTimer>
+#include <algorithm>
+#include <map>
 
 #include "desktop/bind_menus.h"
 #include "desktop/bind_timer.h"
@@ -28,6 +30,7 @@ FormWindow::FormWindow(Form& form, MpvPlayer& player, std::function<bool()> comp
   ground_->setMouseTracking(true);
   ground_->installEventFilter(this);
   for (Control* control : form.controls()) bind(*control);
+  orderKeyboard();
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { followFocus(now); });
 }
 
@@ -94,6 +97,20 @@ void FormWindow::bind(Control& control) {
   byWidget_[widget] = &control;
   byControl_[&control] = binder.get();
   binders_.push_back(std::move(binder));
+}
+
+// The Tab key goes through a panel from its top to its bottom.
+void FormWindow::orderKeyboard() {
+  std::map<const Control*, std::vector<Binder*>> panels;
+  for (const auto& binder : binders_) {
+    if (binder->control().container() != nullptr) panels[binder->control().container()].push_back(binder.get());
+  }
+  for (auto& [panel, within] : panels) {
+    std::stable_sort(within.begin(), within.end(), [](const Binder* one, const Binder* other) {
+      return one->control().place().top < other->control().place().top;
+    });
+    for (std::size_t i = 1; i < within.size(); ++i) setTabOrder(within[i - 1]->widget(), within[i]->widget());
+  }
 }
 
 Binder* FormWindow::binderOf(const Control* control) const {
@@ -178,11 +195,25 @@ void FormWindow::applyOuterSize() {
 }
 
 void FormWindow::resizeEvent(QResizeEvent*) {
+  fitLetters();
   arrange();
   reportSize();
 }
 
 void FormWindow::moveEvent(QMoveEvent*) { reportSize(); }
+
+// In the compact view nothing is rescaled: the player keeps the size it had.
+void FormWindow::fitLetters() {
+  if (bar_ == nullptr || compact_()) return;
+  const double before = windowScale();
+  setWindowSize(size());
+  if (windowScale() == before && font() == windowFont()) return;
+  setFont(windowFont());
+  const QString sheet = windowSheet();
+  for (QWidget* part : {static_cast<QWidget*>(bar_), static_cast<QWidget*>(ground_)}) {
+    if (part->styleSheet() != sheet) part->setStyleSheet(sheet);
+  }
+}
 
 void FormWindow::arrange() {
   const int barHeight = bar_ == nullptr ? 0 : menus_->barHeight();

@@ -52,6 +52,8 @@ class FormWindow : public QWidget {
 
  private:
   void bind(Control& control);
+  void orderKeyboard();
+  void fitLetters();
   void arrange();
   void reportSize();
   void applyOuterSize();

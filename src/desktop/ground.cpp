@@ -60,7 +60,8 @@ QRect Ground::placeOf(const char* name) const {
 
 void Ground::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), look().window);
+  // The player is a card: alone, it has the whole window.
+  painter.fillRect(rect(), compact_ ? look().card : look().window);
   if (compact_ || form_.find("List2") == nullptr) return;
   static constexpr Column columns[] = {
       {"List2", "List2", "Picture1", "Picture4", "Artists", "artist", "artists"},
@@ -70,6 +71,7 @@ void Ground::paintEvent(QPaintEvent*) {
   for (const Column& column : columns) paintHeading(painter, column);
   paintFoot(painter);
   paintBrand(painter);
+  paintBand(painter);
   paintMixedColour(painter);
 }
 
@@ -91,10 +93,10 @@ void Ground::paintHeading(QPainter& painter, const Column& column) const {
   }
   if (!folded) {
     // The strip's buttons stand where the heading was: a short one beside the handle.
-    const int left = handle.right() + spacing;
+    const int left = handle.right() + spacing();
     QRect beside(left, handle.top(), listPlace.right() - left, handle.height());
     if (shown("Picture7") != nullptr && placeOf("Picture7").intersects(beside)) {
-      beside.setRight(placeOf("Picture7").left() - spacing);
+      beside.setRight(placeOf("Picture7").left() - spacing());
     }
     painter.setFont(font());
     painter.setPen(look().quiet);
@@ -103,10 +105,10 @@ void Ground::paintHeading(QPainter& painter, const Column& column) const {
     return;
   }
   QFont large = titleFont();
-  const int top = handle.bottom() + spacing;
-  const int height = listPlace.top() - spacing / 2 - top;
+  const int top = handle.bottom() + spacing();
+  const int height = listPlace.top() - spacing() / 2 - top;
   constexpr double share = 0.55;  // of the height, for the title
-  const int wanted = std::clamp(static_cast<int>(height * share * 0.8), 14, height > 100 ? 40 : 26);
+  const int wanted = std::clamp(static_cast<int>(height * share * 0.8), scaled(14), height > 100 ? 40 : 26);
   large.setPixelSize(wanted);
   painter.setFont(large);
   painter.setPen(look().text);
@@ -125,10 +127,10 @@ void Ground::paintFoot(QPainter& painter) const {
   if (shown("List2") == nullptr) return;
   const QRect list = placeOf("List2");
   const QRect player = placeOf("MediaPlayer1");
-  const int side = std::clamp(player.height() / 2, 24, 88);
+  const int side = std::clamp(player.height() / 2, scaled(24), 88);
   const QRect mark(list.left(), player.center().y() - side / 2, side, side);
   paintArt(painter, QStringLiteral("plimo"), mark, Qt::KeepAspectRatio);
-  const QRect words(mark.right() + spacing, mark.top(), list.right() - mark.right() - spacing, side);
+  const QRect words(mark.right() + spacing(), mark.top(), list.right() - mark.right() - spacing(), side);
   painter.setFont(titleFont());
   painter.setPen(look().text);
   painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Plimo!"));
@@ -140,9 +142,9 @@ void Ground::paintFoot(QPainter& painter) const {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(dashes);
-  painter.drawRoundedRect(QRectF(player).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  painter.drawRoundedRect(QRectF(player).adjusted(0.5, 0.5, -0.5, -0.5), radius(), radius());
   painter.restore();
-  paintCaption(painter, player.adjusted(spacing, 0, -spacing, 0),
+  paintCaption(painter, player.adjusted(spacing(), 0, -spacing(), 0),
                QStringLiteral("Double-click a song on the final playlist to play from there on."), Qt::AlignCenter);
 }
 
@@ -156,8 +158,34 @@ void Ground::paintBrand(QPainter& painter) const {
   paintArt(painter, QStringLiteral("plimo"), mark, Qt::KeepAspectRatio);
   painter.setFont(titleFont());
   painter.setPen(look().quiet);
-  const QRect words(0, mark.bottom() + spacing, settings.left(), painter.fontMetrics().height() + spacing);
+  const QRect words(0, mark.bottom() + spacing(), settings.left(), painter.fontMetrics().height() + spacing());
   painter.drawText(words, Qt::AlignCenter, QStringLiteral("Plimo!"));
+}
+
+// Panels without the lists leave the band between the handles and them bare; strips unfolded stand there.
+void Ground::paintBand(QPainter& painter) const {
+  if (shown("List2") != nullptr || shown("Frame2") == nullptr || shown("Picture1") == nullptr) return;
+  if (shown("Picture2") == nullptr || shown("Picture3") == nullptr) return;
+  const QRect panel = placeOf("Frame2");
+  const int top = placeOf("Picture1").bottom() + spacing();
+  const QRect band(panel.left(), top, placeOf("Frame1").right() - panel.left(), panel.top() - spacing() - top);
+  const int side = std::min(band.height(), scaled(96));
+  const QRect mark(band.left(), band.center().y() - side / 2, side, side);
+  paintArt(painter, QStringLiteral("plimo"), mark, Qt::KeepAspectRatio);
+  const QRect words(mark.right() + 2 * spacing(), mark.top(), band.right() - mark.right() - 2 * spacing(), side);
+  QFont large = titleFont();
+  large.setPixelSize(std::max(6, side * 2 / 5));
+  painter.setFont(large);
+  painter.setPen(look().text);
+  painter.drawText(words.adjusted(0, 0, 0, -side * 2 / 5), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                   QStringLiteral("Plimo!"));
+  painter.setFont(readingFont());
+  painter.setPen(look().quiet);
+  const QString line =
+      shown("Frame1") != nullptr
+          ? QStringLiteral("Choose the drives that hold your songs, and accept: the rest is listening.")
+          : QStringLiteral("Your songs, by artist, on lists of your own.");
+  paintCaption(painter, words.adjusted(0, side * 3 / 5, 0, 0), line, Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void Ground::paintMixedColour(QPainter& painter) const {
@@ -169,13 +197,13 @@ void Ground::paintMixedColour(QPainter& painter) const {
   const Rgb mixed{value(red), value(green), value(blue)};
   const QRect sliders = placeOf("Slider1").united(placeOf("Slider3"));
   const QRect next = placeOf("accept");
-  QRect swatch(sliders.right() + 2 * spacing, sliders.top(), next.left() - sliders.right() - 4 * spacing,
+  QRect swatch(sliders.right() + 2 * spacing(), sliders.top(), next.left() - sliders.right() - 4 * spacing(),
                sliders.height());
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(look().border, 1));
   painter.setBrush(qcolor(mixed));
-  painter.drawRoundedRect(QRectF(swatch).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  painter.drawRoundedRect(QRectF(swatch).adjusted(0.5, 0.5, -0.5, -0.5), radius(), radius());
   painter.setPen(qcolor(readableOn(mixed)));
   const long number = mixed.red + 256L * mixed.green + 65536L * mixed.blue;
   paintCaption(painter, swatch.adjusted(4, 4, -4, -4),

@@ -34,6 +34,7 @@ class Ground : public QWidget {
   void paintHeading(QPainter& painter, const Column& column) const;
   void paintFoot(QPainter& painter) const;
   void paintBrand(QPainter& painter) const;
+  void paintBand(QPainter& painter) const;
   void paintMixedColour(QPainter& painter) const;
   QByteArray shownState() const;
   const Control* shown(const char* name) const;

@@ -1,9 +1,10 @@
 #include "desktop/list_view.h"
 
 #include <QAccessible>
-#include <QEvent>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QToolTip>
 #include <algorithm>
 
 #include "desktop/look.h"
@@ -12,9 +13,20 @@ namespace plimo {
 
 namespace {
 
-constexpr int margin = 4;      // between the frame and the rows' texts
-constexpr int outline = 3;     // the list's own frame, which a Shape may cover
-constexpr int rowPadding = 6;  // above and below a row's text together
+constexpr int outline = 3;  // the list's own frame, which a Shape may cover
+
+int margin() { return scaled(4); }      // between the frame and the rows' texts
+int rowPadding() { return scaled(6); }  // above and below a row's text together
+
+QString scrollBarSheet(const ListColours& colours) {
+  return scaledSheet(
+             QStringLiteral("QScrollBar { background: %1; width: 12px; margin: 0; border: none; }"
+                            "QScrollBar::handle { background: %2; border-radius: 4px; margin: 2px; min-height: 24px; }"
+                            "QScrollBar::handle:hover { background: %3; }"
+                            "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
+                            "QScrollBar::add-page, QScrollBar::sub-page { background: none; }"))
+      .arg(qcolor(colours.background).name(), qcolor(colours.quiet).name(), qcolor(colours.mark).name());
+}
 
 }  // namespace
 
@@ -35,7 +47,7 @@ ListView::ListView(ListBox& model, QWidget* parent) : QAbstractScrollArea(parent
   });
 }
 
-void ListView::measure() { rowHeight_ = fontMetrics().height() + rowPadding; }
+void ListView::measure() { rowHeight_ = fontMetrics().height() + rowPadding(); }
 
 std::size_t ListView::top() const { return static_cast<std::size_t>(verticalScrollBar()->value()); }
 
@@ -81,6 +93,7 @@ void ListView::topChanged() {
 
 void ListView::setColours(const ListColours& colours) {
   colours_ = colours;
+  verticalScrollBar()->setStyleSheet(scrollBarSheet(colours_));
   viewport()->update();
   update();
 }
@@ -126,8 +139,8 @@ QString ListView::rowText(std::size_t row) const {
 
 QRect ListView::boxRect(const QRect& row) const {
   if (model_.style() != ListBox::Style::checkBoxes) return {};
-  const int side = std::min(rowHeight_ - rowPadding, 16);
-  return {row.left() + margin, row.top() + (row.height() - side) / 2, side, side};
+  const int side = std::min(rowHeight_ - rowPadding(), scaled(16));
+  return {row.left() + margin(), row.top() + (row.height() - side) / 2, side, side};
 }
 
 void ListView::paintEvent(QPaintEvent* event) {
@@ -152,11 +165,11 @@ void ListView::paintRow(QPainter& painter, std::size_t row, const QRect& place) 
   } else if (isCurrent) {
     painter.fillRect(place, qcolor(colours_.currentBackground));
   }
-  QRect textPlace = place.adjusted(margin, 0, -margin, 0);
+  QRect textPlace = place.adjusted(margin(), 0, -margin(), 0);
   if (boxes) {
     const QRect box = boxRect(place);
     paintBox(painter, box, model_.selected(row), ink);
-    textPlace.setLeft(box.right() + 1 + 2 * margin);
+    textPlace.setLeft(box.right() + 1 + 2 * margin());
   }
   painter.setPen(isEnabled() ? ink : qcolor(colours_.quiet));
   const QString whole = rowText(row);
@@ -164,6 +177,12 @@ void ListView::paintRow(QPainter& painter, std::size_t row, const QRect& place) 
   // What is cut off of a text that runs from right to left is its left end; all begin at the same edge all the same.
   painter.setLayoutDirection(whole.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
   painter.drawText(textPlace, Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+  if (beside) {
+    const QRect rest = textPlace.adjusted(painter.fontMetrics().horizontalAdvance(text) + 2 * spacing(), 0, 0, 0);
+    if (!selected) painter.setPen(qcolor(colours_.quiet));
+    painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(beside(row), Qt::ElideMiddle, std::max(0, rest.width())));
+  }
   if (!isCurrent) return;
   const Rgb ring = hasFocus() ? (selected ? colours_.selectedText : colours_.mark) : colours_.quiet;
   painter.setPen(QPen(qcolor(ring), 1, hasFocus() ? Qt::SolidLine : Qt::DotLine));
@@ -178,10 +197,10 @@ void ListView::paintBox(QPainter& painter, const QRect& box, bool ticked, const 
   const QColor mark = qcolor(colours_.mark);
   painter.setPen(QPen(ticked ? mark : qcolor(colours_.quiet), 1.4));
   painter.setBrush(ticked ? QBrush(mark) : Qt::NoBrush);
-  painter.drawRoundedRect(square, 3, 3);
+  painter.drawRoundedRect(square, square.width() / 5, square.width() / 5);
   if (ticked) {
-    painter.setPen(
-        QPen(qcolor(readable(colours_.background, colours_.mark, 3)), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(qcolor(readable(colours_.background, colours_.mark, 3)), square.width() / 8, Qt::SolidLine,
+                        Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     const auto at = [&square](double x, double y) {
       return QPointF(square.left() + square.width() * x, square.top() + square.height() * y);
@@ -210,6 +229,16 @@ void ListView::focusOutEvent(QFocusEvent*) {
   update();
 }
 
+bool ListView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip && beside) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const auto row = rowAt(help->pos());
+    QToolTip::showText(help->globalPos(), row ? plainTip(beside(*row)) : QString(), viewport());
+    return true;
+  }
+  return QAbstractScrollArea::viewportEvent(event);
+}
+
 // The list's own frame shows where the keyboard is; it belongs to the area, not to the viewport.
 bool ListView::event(QEvent* event) {
   const bool done = QAbstractScrollArea::event(event);
@@ -228,6 +257,7 @@ void ListView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
     measure();
     updateRange();
+    if (event->type() == QEvent::FontChange) verticalScrollBar()->setStyleSheet(scrollBarSheet(colours_));
   }
   QAbstractScrollArea::changeEvent(event);
 }

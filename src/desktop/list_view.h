@@ -5,6 +5,7 @@
 #include <QAbstractScrollArea>
 #include <QTimer>
 #include <cstddef>
+#include <functional>
 #include <optional>
 
 #include "controls/list_box.h"
@@ -40,6 +41,9 @@ class ListView : public QAbstractScrollArea {
   // Brings the row into view.
   void reveal(std::size_t row);
 
+  // What is shown behind a row's text, in a quieter colour, and as its tooltip; empty for nothing.
+  std::function<QString(std::size_t row)> beside;
+
  Q_SIGNALS:
   // The user asks for a pop-up menu here (global coordinates), with the mouse or by key.
   void menuAsked(const QPoint& place, bool byKey);
@@ -59,6 +63,7 @@ class ListView : public QAbstractScrollArea {
   void changeEvent(QEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   bool event(QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
 
  private:
   void measure();

@@ -4,9 +4,13 @@
 #include <QFile>
 #include <QHash>
 #include <QPalette>
+#include <QRegularExpression>
+#include <QScreen>
 #include <QStyleFactory>
 #include <QSvgRenderer>
 #include <QTextDocument>
+#include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <memory>
 #include <utility>
@@ -55,6 +59,51 @@ Look darkLook() {
 Look& current() {
   static Look look = lightLook();
   return look;
+}
+
+// How large things are painted, beside the size they were designed in.
+struct Scales {
+  QFont usual;         // the desktop's own
+  double screen = 1;   // menus and boxes
+  double window = 1;   // what stands on the window
+  double reading = 1;  // titles and texts on it
+};
+
+Scales& scales() {
+  static Scales now;
+  return now;
+}
+
+QFont usualFont(double scale) {
+  QFont font = scales().usual;
+  if (font.pointSizeF() > 0) {
+    font.setPointSizeF(font.pointSizeF() * scale);
+  } else {
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(font.pixelSize() * scale))));
+  }
+  return font;
+}
+
+// How many times what is designed for a screen of 1024 x 768 fits into the size; a title bar is taken off its height.
+double roomIn(QSize size, double largest) {
+  constexpr double designedWidth = 1024;
+  constexpr double designedHeight = 740;
+  constexpr double smallest = 0.5;
+  return std::clamp(std::min(size.width() / designedWidth, size.height() / designedHeight), smallest, largest);
+}
+
+QString withPixels(QString sheet, double scale) {
+  if (scale == 1) return sheet;
+  static const QRegularExpression size(QStringLiteral("(\\d+)px"));
+  qsizetype from = 0;
+  for (auto found = size.match(sheet); found.hasMatch(); found = size.match(sheet, from)) {
+    const int wanted = found.captured(1).toInt();
+    const QString put =
+        QString::number(wanted == 0 ? 0 : std::max(1L, std::lround(wanted * scale))) + QLatin1String("px");
+    sheet.replace(found.capturedStart(), found.capturedLength(), put);
+    from = found.capturedStart() + put.size();
+  }
+  return sheet;
 }
 
 QPalette paletteOf(const Look& l) {
@@ -153,8 +202,31 @@ void installLook(QApplication& application) {
   current() = QApplication::palette().color(QPalette::Window).lightness() < 110 ? darkLook() : lightLook();
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QApplication::setPalette(paletteOf(current()));
-  application.setStyleSheet(sheetOf(current()));
+  Scales& now = scales();
+  now.usual = QApplication::font();
+  // Menus and boxes have to fit on a small screen, too.
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  now.screen = screen == nullptr ? 1 : roomIn(screen->size(), 1);
+  now.window = now.screen;
+  QApplication::setFont(usualFont(now.screen));
+  application.setStyleSheet(withPixels(sheetOf(current()), now.screen));
 }
+
+void setWindowSize(QSize size) {
+  // In steps, so that a window drawn smaller by hand is not dressed anew with every pixel.
+  constexpr double steps = 32;
+  scales().window = std::floor(roomIn(size, 1) * steps) / steps;
+  constexpr double largest = 1.5;
+  scales().reading = std::floor(roomIn(size, largest) * steps) / steps;
+}
+
+double windowScale() { return scales().window; }
+
+int scaled(int pixels) { return std::max(1, static_cast<int>(std::lround(pixels * windowScale()))); }
+
+QString scaledSheet(QString sheet) { return withPixels(std::move(sheet), windowScale()); }
+
+QString windowSheet() { return windowScale() == scales().screen ? QString() : scaledSheet(sheetOf(current())); }
 
 const Look& look() { return current(); }
 
@@ -171,18 +243,17 @@ std::string bytesOf(const QString& text) { return text.toUtf8().toStdString(); }
 
 QString plainTip(const QString& text) { return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text; }
 
+QFont windowFont() { return usualFont(windowScale()); }
+
+QFont smallFont() { return usualFont(0.9 * windowScale()); }
+
 QFont titleFont() {
-  QFont font = QApplication::font();
-  font.setPointSizeF(font.pointSizeF() * 1.25);
+  QFont font = usualFont(1.25 * scales().reading);
   font.setBold(true);
   return font;
 }
 
-QFont smallFont() {
-  QFont font = QApplication::font();
-  font.setPointSizeF(font.pointSizeF() * 0.9);
-  return font;
-}
+QFont readingFont() { return usualFont(7.0 / 6 * scales().reading); }
 
 QIcon artIcon(const QString& name) { return QIcon(artPath(name)); }
 

@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QIcon>
 #include <QPainter>
+#include <QSize>
 #include <QString>
 #include <string_view>
 
@@ -31,12 +32,25 @@ struct Look {
   QColor buttonPressed;
 };
 
-inline constexpr int radius = 6;   // of cards and buttons, pixels
-inline constexpr int spacing = 8;  // between neighbours
-
-// Chooses the scheme from the desktop's palette and gives it to the application.
+// Chooses the scheme from the desktop's palette and gives it to the application, with letters and boxes that fit on the
+// screen.
 void installLook(QApplication& application);
 const Look& look();
+
+// What stands on a window shrinks with it below the size it was designed for; then the widgets' fonts follow, and each
+// hears of it by its font's change.
+void setWindowSize(QSize size);
+// From 0.5 to 1.
+double windowScale();
+// Pixels in a window of the designed size, in the window as it is; never less than 1.
+int scaled(int pixels);
+// A style sheet with its sizes in pixels scaled likewise.
+QString scaledSheet(QString sheet);
+// The application's style sheet for what stands on the window; empty where it is right as it is.
+QString windowSheet();
+
+inline int radius() { return scaled(6); }   // of cards and buttons, pixels
+inline int spacing() { return scaled(8); }  // between neighbours
 
 QColor qcolor(Rgb colour);
 Rgb rgbOf(const QColor& colour);
@@ -46,8 +60,11 @@ std::string bytesOf(const QString& text);
 // A tooltip that is shown as it stands: a file's name in it must not be taken for markup.
 QString plainTip(const QString& text);
 
-QFont titleFont();
+QFont windowFont();
 QFont smallFont();
+// These two grow with a window larger than designed, so that what is read fills its place.
+QFont titleFont();
+QFont readingFont();
 
 // A picture of the program's own, by its name in art/ without the ending.
 QIcon artIcon(const QString& name);

@@ -55,20 +55,23 @@ class JumpSlider : public QSlider {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const double middle = height() / 2.0;
+    const double half = scaled(4) / 2.0;
+    const double end = margin();
     const double x = end + (width() - 2 * end) * (value() - minimum()) / std::max(1, maximum() - minimum());
     painter.setPen(Qt::NoPen);
     painter.setBrush(look().border);
-    painter.drawRoundedRect(QRectF(end, middle - 2, width() - 2 * end, 4), 2, 2);
+    painter.drawRoundedRect(QRectF(end, middle - half, width() - 2 * end, 2 * half), half, half);
     painter.setBrush(isEnabled() ? look().accent : look().border);
-    painter.drawRoundedRect(QRectF(end, middle - 2, x - end, 4), 2, 2);
-    if (isEnabled()) painter.drawEllipse(QPointF(x, middle), 6, 6);
+    painter.drawRoundedRect(QRectF(end, middle - half, x - end, 2 * half), half, half);
+    if (isEnabled()) painter.drawEllipse(QPointF(x, middle), 3 * half, 3 * half);
     if (hasFocus()) paintRing(painter, rect(), 4);
   }
 
  private:
-  static constexpr double end = 8;
+  static double margin() { return scaled(8); }
 
   void moveTo(double x) {
+    const double end = margin();
     const double part = (x - end) / std::max(1.0, width() - 2 * end);
     setSliderPosition(minimum() + static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * (maximum() - minimum()))));
   }
@@ -98,12 +101,11 @@ PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
   song_->setObjectName(QStringLiteral("playerSong"));
   note_->setObjectName(QStringLiteral("playerNote"));
   times_->setObjectName(QStringLiteral("playerTimes"));
-  QFont bold = font();
+  QFont bold;
   bold.setBold(true);
   song_->setFont(bold);
   song_->setTextFormat(Qt::PlainText);
   note_->setTextFormat(Qt::PlainText);
-  note_->setFont(smallFont());
   note_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   for (QLabel* quiet : {note_, times_}) {
     QPalette faded = quiet->palette();
@@ -135,6 +137,7 @@ PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
   connect(way_, &QSlider::valueChanged, this, [this](int value) {
     if (!following_) player_.seek(player_.state().duration * value / wayParts);
   });
+  dress();
   player_.changed = [this] { follow(); };
   follow();
 }
@@ -149,11 +152,6 @@ QToolButton* PlayerStrip::addButton(const QString& name, const char* art, const 
   button->setAccessibleName(tip);
   button->setAutoRaise(true);
   button->setFocusPolicy(Qt::TabFocus);
-  button->setStyleSheet(QStringLiteral("QToolButton { border: none; border-radius: 6px; padding: 3px; }"
-                                       "QToolButton:hover { background: %1; }"
-                                       "QToolButton:pressed, QToolButton:checked { background: %2; }"
-                                       "QToolButton:focus { border: 2px solid %3; padding: 1px; }")
-                            .arg(look().buttonHover.name(), look().buttonPressed.name(), look().focus.name()));
   return button;
 }
 
@@ -171,40 +169,60 @@ void PlayerStrip::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(look().border, 1));
   painter.setBrush(look().card);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius(), radius());
 }
 
 void PlayerStrip::resizeEvent(QResizeEvent*) { arrange(); }
 
+void PlayerStrip::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange && next_ != nullptr) {
+    dress();
+    arrange();
+  }
+  QWidget::changeEvent(event);
+}
+
+// What follows the window's scale.
+void PlayerStrip::dress() {
+  note_->setFont(smallFont());
+  const QString sheet = scaledSheet(QStringLiteral("QToolButton { border: none; border-radius: 6px; padding: 3px; }"
+                                                   "QToolButton:hover { background: %1; }"
+                                                   "QToolButton:pressed, QToolButton:checked { background: %2; }"
+                                                   "QToolButton:focus { border: 2px solid %3; padding: 1px; }"))
+                            .arg(look().buttonHover.name(), look().buttonPressed.name(), look().focus.name());
+  for (QToolButton* button : {previous_, play_, stop_, next_, mute_}) button->setStyleSheet(sheet);
+}
+
 void PlayerStrip::arrange() {
   constexpr int tallest = 100;  // what stands in it stays together in a large window
-  const int border = std::max(6, (height() - tallest) / 2);
-  const QRect inner = rect().adjusted(spacing + 4, border, -spacing - 4, -border);
+  const int border = std::max(scaled(6), (height() - tallest) / 2);
+  const QRect inner = rect().adjusted(spacing() + scaled(4), border, -spacing() - scaled(4), -border);
   const int lineHeight = std::max(fontMetrics().height() + 2, inner.height() * 2 / 5);
   const QRect top(inner.left(), inner.top(), inner.width(), lineHeight);
-  const int noteWidth = note_->text().isEmpty() ? 0 : std::min(inner.width() / 2, note_->sizeHint().width() + spacing);
+  const int noteWidth =
+      note_->text().isEmpty() ? 0 : std::min(inner.width() / 2, note_->sizeHint().width() + spacing());
   song_->setGeometry(top.adjusted(0, 0, -noteWidth, 0));
   note_->setGeometry(top.adjusted(top.width() - noteWidth, 0, 0, 0));
-  const int side = std::clamp(inner.height() - lineHeight - 2, 20, 44);
+  const int side = std::clamp(inner.height() - lineHeight - 2, scaled(20), 44);
   const int y = inner.bottom() - side + 1;
   int x = inner.left();
   for (QToolButton* button : {previous_, play_, stop_, next_}) {
     if (button->isHidden()) continue;
-    button->setIconSize(QSize(side - 10, side - 10));
+    button->setIconSize(QSize(side - scaled(10), side - scaled(10)));
     button->setGeometry(x, y, side, side);
     x += side + 2;
   }
   const int timesWidth = times_->fontMetrics().horizontalAdvance(QStringLiteral("0:00:00 / 0:00:00"));
-  const int volumeWidth = std::clamp(inner.width() / 7, 48, 120);
+  const int volumeWidth = std::clamp(inner.width() / 7, scaled(48), 120);
   int right = inner.right() + 1;
   volume_->setGeometry(right - volumeWidth, y, volumeWidth, side);
   right -= volumeWidth + 2;
-  mute_->setIconSize(QSize(side - 10, side - 10));
+  mute_->setIconSize(QSize(side - scaled(10), side - scaled(10)));
   mute_->setGeometry(right - side, y, side, side);
-  right -= side + spacing;
+  right -= side + spacing();
   times_->setGeometry(right - timesWidth, y, timesWidth, side);
-  right -= timesWidth + spacing;
-  way_->setGeometry(x + spacing, y, std::max(20, right - x - spacing), side);
+  right -= timesWidth + spacing();
+  way_->setGeometry(x + spacing(), y, std::max(20, right - x - spacing()), side);
 }
 
 void PlayerStrip::follow() {

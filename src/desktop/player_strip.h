@@ -24,11 +24,13 @@ class PlayerStrip : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QToolButton* addButton(const QString& name, const char* art, const QString& tip);
   QSlider* addSlider(const QString& name, const QString& meaning);
+  void dress();
   void arrange();
   void follow();
   void followText();
@@ -37,11 +39,11 @@ class PlayerStrip : public QWidget {
   QLabel* song_;
   QLabel* note_;
   QLabel* times_;
-  QToolButton* previous_;
-  QToolButton* play_;
-  QToolButton* stop_;
-  QToolButton* next_;
-  QToolButton* mute_;
+  QToolButton* previous_ = nullptr;
+  QToolButton* play_ = nullptr;
+  QToolButton* stop_ = nullptr;
+  QToolButton* next_ = nullptr;
+  QToolButton* mute_ = nullptr;
   QSlider* way_;
   QSlider* volume_;
   bool following_ = false;  // the sliders move because the player says so

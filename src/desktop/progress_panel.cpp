@@ -21,9 +21,9 @@ ProgressPanel::ProgressPanel(QWidget* window) : QWidget(window), cancel_(new QPu
 }
 
 QRect ProgressPanel::card() const {
-  constexpr int wanted = 460;
-  constexpr int height = 150;
-  QRect place(0, 0, std::min(wanted, width() - 2 * spacing), std::min(height, this->height() - 2 * spacing));
+  const int wanted = scaled(460);
+  const int height = scaled(150);
+  QRect place(0, 0, std::min(wanted, width() - 2 * spacing()), std::min(height, this->height() - 2 * spacing()));
   place.moveCenter(rect().center());
   return place;
 }
@@ -35,6 +35,7 @@ void ProgressPanel::begin(const QString& title, bool cancellable) {
   part_ = -1;
   beat_ = 0;
   cancelled_ = false;
+  setStyleSheet(windowSheet());
   setGeometry(parentWidget()->rect());
   cancel_->setVisible(cancellable);
   cancel_->setEnabled(true);
@@ -45,7 +46,7 @@ void ProgressPanel::begin(const QString& title, bool cancellable) {
 
 void ProgressPanel::resizeEvent(QResizeEvent*) {
   const QSize size = cancel_->sizeHint();
-  const QRect inner = card().adjusted(0, 0, -2 * spacing, -2 * spacing);
+  const QRect inner = card().adjusted(0, 0, -2 * spacing(), -2 * spacing());
   cancel_->setGeometry(inner.right() - size.width(), inner.bottom() - size.height(), size.width(), size.height());
 }
 
@@ -68,23 +69,23 @@ void ProgressPanel::paintEvent(QPaintEvent*) {
   const QRect place = card();
   painter.setPen(QPen(look().border, 1));
   painter.setBrush(look().card);
-  painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 2 * radius, 2 * radius);
-  const QRect inner = place.adjusted(2 * spacing, 2 * spacing, -2 * spacing, -2 * spacing);
+  painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 2 * radius(), 2 * radius());
+  const QRect inner = place.adjusted(2 * spacing(), 2 * spacing(), -2 * spacing(), -2 * spacing());
   painter.setFont(titleFont());
   painter.setPen(look().accent);
   painter.drawText(inner, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, title_);
-  int y = inner.top() + painter.fontMetrics().height() + spacing;
+  int y = inner.top() + painter.fontMetrics().height() + spacing();
   const auto line = [&](const QString& text, const QColor& ink) {
     painter.setPen(ink);
     const int height = painter.fontMetrics().height();
     painter.drawText(QRect(inner.left(), y, inner.width(), height), Qt::AlignLeft | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(text, Qt::ElideMiddle, inner.width()));
-    y += height + spacing / 2;
+    y += height + spacing() / 2;
   };
   painter.setFont(font());
   line(what_, look().quiet);
   line(howFar_, look().text);
-  const QRectF bar(inner.left(), y + 2, inner.width(), 6);
+  const QRectF bar(inner.left(), y + 2, inner.width(), scaled(6));
   painter.setPen(Qt::NoPen);
   painter.setBrush(look().border);
   painter.drawRoundedRect(bar, 3, 3);
