@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -41,6 +42,7 @@ class WholeProgram : public testing::Test {
                                              "\r\n#TRUE#\r\n#FALSE#\r\n\"\"\r\n0\r\n1\r\n65535\r\n4194304\r\n65535\r\n"
                                              "4194304\r\n65535\r\n\"4194304\"\r\n");
     std::vector<std::string> words{PLIMO_PROGRAM, "--folder", folder_ / "own", "--drive", "M=" + folder_.path()};
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     std::vector<char*> arguments;
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
