@@ -137,24 +137,24 @@ void designSettings(Form1& form) {
   constexpr double wide = 452;
   put(form.Frame1, 508, listTop, 500, 624);
   form.Frame1.setCaption("Settings");
-  put(form.Option4, left, 36, wide, 26);
+  put(form.Option4, left, 44, wide, 26);
   dress(form.Option4, "Do not scan for Mp3s during startup",
         "After initially scanning once, a backup file is used thereafter and scanning is avoided");
-  put(form.Option5, left, 66, wide, 26);
+  put(form.Option5, left, 74, wide, 26);
   form.Option5.setCaption("Scan the Following drives during Startup");
-  put(form.List5, inset, 98, wide - 20, 112);
+  put(form.List5, inset, 106, wide - 20, 112);
   form.List5.setBackColour(paper);
-  put(form.Check3, left, 322, wide, 26);
+  put(form.Check3, left, 330, wide, 26);
   form.Check3.setCaption("Use Winamp to play");
-  put(form.Label1, left, 352, wide, 24);
+  put(form.Label1, left, 360, wide, 24);
   form.Label1.setCaption("    Tell me where Winamp's located");
-  put(form.Drive1, inset, 380, wide - 20, 30);
-  put(form.Dir1, inset, 416, wide - 20, 142);
-  put(form.Check4, left, 222, wide, 26);
+  put(form.Drive1, inset, 388, wide - 20, 30);
+  put(form.Dir1, inset, 424, wide - 20, 136);
+  put(form.Check4, left, 230, wide, 26);
   form.Check4.setCaption("Show Login Screen during Startup");
-  put(form.Check5, left, 252, wide, 26);
+  put(form.Check5, left, 260, wide, 26);
   form.Check5.setCaption("Start on the Compact mode loading the default play list");
-  put(form.Check6, left, 282, wide, 26);
+  put(form.Check6, left, 290, wide, 26);
   form.Check6.setCaption("Show the Color Settings");
   put(form.Command5, 252, 572, 108, 36);
   dress(form.Command5, "Accept", "The playlists will get cleared");
@@ -193,22 +193,22 @@ void designColours(Form1& form) {
 void designPanels(Form1& form) {
   put(form.Frame2, 16, listTop, 476, 624);
   form.Frame2.setCaption("A Warm Welcome to Plimo!");
-  put(form.Label2, 24, 48, 428, 102);
+  put(form.Label2, 24, 50, 428, 112);
   form.Label2.setCaption(
       "Plimo! is an Mp3 File Manager. It automatically searches the selected drives for Mp3s and lists them in a "
       "user-friendly format. Plimo requires that there should NOT be more than two hyphens in the Mp3 filename.");
-  put(form.Label4, 24, 164, 428, 196);
+  put(form.Label4, 24, 164, 428, 194);
   form.Label4.setCaption(
       "Plimo! can either use Winamp or Windows Media Player (Default)  to play Mp3s. You will find three List boxes "
       "once you run Plimo! The First one lists all the available artists and the second one may be used as a scratch "
       "playlist. The third list is the final playlist. Right clicking a song on the second playlist plays the selected "
       "file or clicking the play button plays the songs on the final playlist using the selected player.");
-  put(form.Label3, 24, 374, 428, 112);
+  put(form.Label3, 24, 360, 428, 112);
   form.Label3.setCaption(
       "The Drives need not be scanned everytime you run Plimo!. This is because Plimo! maintains it's own list of all "
       "the songs on your computer after the first time you scan for Mp3 Files. You can always re-scan later to "
       "incorporate changes, if any.");
-  put(form.Label5, 24, 500, 428, 60);
+  put(form.Label5, 24, 474, 428, 86);
   form.Label5.setCaption(
       "Plimo! is made by the Plimo! team. Suggestions and criticism are welcome: write to us, we read every mail.");
   put(form.Command00, 316, 572, 136, 36);

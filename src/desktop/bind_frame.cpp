@@ -25,7 +25,12 @@ class CardWidget : public QGroupBox {
     painter.setFont(titleFont());
     painter.setPen(look().accent);
     const int line = painter.fontMetrics().height();
-    const QRect place(2 * spacing(), std::min(spacing(), height() / 80), width() - 4 * spacing(), line);
+    // Above the first control, in line with the one that stands farthest to the left.
+    QPoint first(width(), height());
+    for (const QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+      first = QPoint(std::min(first.x(), child->x()), std::min(first.y(), child->y()));
+    }
+    const QRect place(first.x(), std::max(0, (first.y() - line) * 3 / 5), width() - 2 * first.x(), line);
     painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, title());
   }
 };

@@ -34,7 +34,7 @@ class TextBlock : public QLabel {
     const double step = std::max(metrics.height(), 1.35 * QFontInfo(font()).pixelSize());
     double y = 0;
     for (const QString& paragraph : text().split(QLatin1Char('\n'))) {
-      QTextLayout layout(paragraph.trimmed(), font());
+      QTextLayout layout(QString(paragraph).remove(QLatin1Char('\r')), font());
       layout.beginLayout();
       bool some = false;
       for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {

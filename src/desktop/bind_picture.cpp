@@ -30,9 +30,9 @@ class PictureWidget : public QAbstractButton {
     if (!stretched_) place.adjust(2, 2, -2, -2);
     if (isDown() && !stretched_) place.translate(0, 1);
     if (!stretched_ && !underMouse() && !hasFocus()) painter.setOpacity(0.92);
-    paintArt(painter, art_, place, stretched_ ? Qt::IgnoreAspectRatio : Qt::KeepAspectRatio);
+    const QRectF taken = paintArt(painter, art_, place, stretched_ ? Qt::IgnoreAspectRatio : Qt::KeepAspectRatio);
     painter.setOpacity(1);
-    if (hasFocus()) paintRing(painter, rect(), radius());
+    if (hasFocus()) paintRing(painter, taken.adjusted(-2, -2, 2, 2), taken.height() / 2 + 2);
   }
 
   void keyPressEvent(QKeyEvent* event) override {

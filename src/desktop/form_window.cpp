@@ -267,6 +267,11 @@ void FormWindow::refresh() {
   wasCompact_ = onlyPlayer;
   ground_->refresh(onlyPlayer);
   menus_->refresh();
+  if (bar_ != nullptr) {
+    // With nothing in it, it would be an empty stripe; its place stays.
+    const QList<QAction*> menus = bar_->actions();
+    bar_->setVisible(std::any_of(menus.begin(), menus.end(), [](const QAction* menu) { return menu->isVisible(); }));
+  }
   Control* wanted = form_.focus();
   if (const Binder* binder = binderOf(wanted); binder != nullptr && binder->widget()->isVisibleTo(this)) {
     QWidget* target = binder->focusTarget();

@@ -148,24 +148,27 @@ void Ground::paintFoot(QPainter& painter) const {
                QStringLiteral("Double-click a song on the final playlist to play from there on."), Qt::AlignCenter);
 }
 
-// The settings alone leave half of the ground bare.
+// The settings or the welcome alone leave half of the ground bare.
 void Ground::paintBrand(QPainter& painter) const {
-  if (shown("Frame1") == nullptr || shown("Frame2") != nullptr) return;
-  const QRect settings = placeOf("Frame1");
-  const int side = std::min(settings.left() / 2, settings.height() / 2);
+  const bool settings = shown("Frame1") != nullptr;
+  if (settings == (shown("Frame2") != nullptr)) return;
+  const QRect panel = placeOf(settings ? "Frame1" : "Frame2");
+  QRect bare(0, panel.top(), panel.left(), panel.height());
+  if (!settings) bare = QRect(panel.right(), panel.top(), width() - panel.right(), panel.height());
+  const int side = std::min(bare.width(), bare.height()) / 2;
   QRect mark(0, 0, side, side);
-  mark.moveCenter(QPoint(settings.left() / 2, settings.center().y() - side / 6));
+  mark.moveCenter(bare.center() - QPoint(0, side / 6));
   paintArt(painter, QStringLiteral("plimo"), mark, Qt::KeepAspectRatio);
   painter.setFont(titleFont());
   painter.setPen(look().quiet);
-  const QRect words(0, mark.bottom() + spacing(), settings.left(), painter.fontMetrics().height() + spacing());
+  const QRect words(bare.left(), mark.bottom() + spacing(), bare.width(), painter.fontMetrics().height() + spacing());
   painter.drawText(words, Qt::AlignCenter, QStringLiteral("Plimo!"));
 }
 
-// Panels without the lists leave the band between the handles and them bare; strips unfolded stand there.
+// The first run leaves the band between the handles and the panels bare; strips unfolded stand there.
 void Ground::paintBand(QPainter& painter) const {
-  if (shown("List2") != nullptr || shown("Frame2") == nullptr || shown("Picture1") == nullptr) return;
-  if (shown("Picture2") == nullptr || shown("Picture3") == nullptr) return;
+  if (shown("List2") != nullptr || shown("Frame2") == nullptr || shown("Frame1") == nullptr) return;
+  if (shown("Picture1") == nullptr || shown("Picture2") == nullptr || shown("Picture3") == nullptr) return;
   const QRect panel = placeOf("Frame2");
   const int top = placeOf("Picture1").bottom() + spacing();
   const QRect band(panel.left(), top, placeOf("Frame1").right() - panel.left(), panel.top() - spacing() - top);
@@ -181,11 +184,9 @@ void Ground::paintBand(QPainter& painter) const {
                    QStringLiteral("Plimo!"));
   painter.setFont(readingFont());
   painter.setPen(look().quiet);
-  const QString line =
-      shown("Frame1") != nullptr
-          ? QStringLiteral("Choose the drives that hold your songs, and accept: the rest is listening.")
-          : QStringLiteral("Your songs, by artist, on lists of your own.");
-  paintCaption(painter, words.adjusted(0, side * 3 / 5, 0, 0), line, Qt::AlignLeft | Qt::AlignVCenter);
+  paintCaption(painter, words.adjusted(0, side * 3 / 5, 0, 0),
+               QStringLiteral("Choose the drives that hold your songs, and accept: the rest is listening."),
+               Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void Ground::paintMixedColour(QPainter& painter) const {

@@ -145,7 +145,7 @@ QMenu::separator { height: 1px; background: %border; margin: 4px 8px; }
 QToolTip { background: %card; color: %text; border: 1px solid %border; padding: 3px 6px; }
 QDialog, QMessageBox { background: %card; }
 QPushButton { background: %button; color: %text; border: 1px solid %border; border-radius: 6px;
-              padding: 5px 16px; min-width: 56px; }
+              padding: 5px 16px; min-width: 56px; min-height: 14px; icon-size: 12px; }
 QPushButton:hover { background: %hover; }
 QPushButton:pressed { background: %pressed; }
 QPushButton:default { background: %accent; color: %onAccent; border-color: %accent; }
@@ -259,8 +259,8 @@ QIcon artIcon(const QString& name) { return QIcon(artPath(name)); }
 
 bool artExists(const QString& name) { return !name.isEmpty() && QFile::exists(artPath(name)); }
 
-void paintArt(QPainter& painter, const QString& name, const QRectF& place, Qt::AspectRatioMode mode) {
-  if (!artExists(name)) return;
+QRectF paintArt(QPainter& painter, const QString& name, const QRectF& place, Qt::AspectRatioMode mode) {
+  if (!artExists(name)) return place;
   QSvgRenderer& art = renderer(name);
   QRectF target = place;
   if (mode == Qt::KeepAspectRatio) {
@@ -268,6 +268,7 @@ void paintArt(QPainter& painter, const QString& name, const QRectF& place, Qt::A
     target.moveTop(place.center().y() - target.height() / 2);
   }
   art.render(&painter, target);
+  return target;
 }
 
 void paintRing(QPainter& painter, const QRectF& around, double corner) {

@@ -68,8 +68,8 @@ QFont readingFont();
 
 // A picture of the program's own, by its name in art/ without the ending.
 QIcon artIcon(const QString& name);
-// With its aspect kept it stands at the left.
-void paintArt(QPainter& painter, const QString& name, const QRectF& place, Qt::AspectRatioMode mode);
+// With its aspect kept it stands at the left. Returns the place that it has taken.
+QRectF paintArt(QPainter& painter, const QString& name, const QRectF& place, Qt::AspectRatioMode mode);
 bool artExists(const QString& name);
 
 void paintRing(QPainter& painter, const QRectF& around, double corner);
