@@ -29,9 +29,9 @@ def variant(screen_size, scale, dark):
     return f"{screen_size}-{scale}x-{'dark' if dark else 'light'}"
 
 
-def take(binary, out, scale=1, dark=False, only_main=False):
-    """Takes the pictures of one variant on the screen that is there; or only that of the main window, for the
-    documentation, where all names can be read."""
+def take(binary, out, scale=1, dark=False, for_documents=False):
+    """Takes the pictures of one variant on the screen that is there; for the documents, of songs whose names can all be
+    read."""
     import screen
     import songs
     from window import Program, wait
@@ -40,7 +40,7 @@ def take(binary, out, scale=1, dark=False, only_main=False):
         home = pathlib.Path(folder)
         library = home / "library"
         songs.make_library(str(library))
-        if only_main:
+        if for_documents:
             os.remove(os.path.join(os.fsencode(library), b"Singles", songs.NO_TEXT))
         for title in songs.PLAYED:
             songs.write_song(str(library / "Albums" / "Anna Berg" / f"Anna Berg - {title}.mp3"), 205)
@@ -85,8 +85,6 @@ def take(binary, out, scale=1, dark=False, only_main=False):
             screen.move((2, screen.size()[1] - 2))
             time.sleep(1)
             picture("main")
-            if only_main:
-                return 0
             for strip in ("artist", "song", "playlist"):
                 press(f"Show the {strip} commands")
             picture("strips")
