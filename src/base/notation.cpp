@@ -60,6 +60,17 @@ Item NotationReader::next() {
 }
 
 void writeText(std::string& file, std::string_view text) {
+  if (text.find('"') == std::string_view::npos) {  // as nearly all are: one step, for catalogues hold many
+    const std::size_t start = file.size();
+    file.resize(start + text.size() + 4);
+    char* const at = file.data() + start;
+    at[0] = '"';
+    const auto end = std::copy(text.begin(), text.end(), at + 1);
+    end[0] = '"';
+    end[1] = '\r';
+    end[2] = '\n';
+    return;
+  }
   file += '"';
   for (std::size_t start = 0;;) {
     const std::size_t quote = text.find('"', start);

@@ -108,7 +108,8 @@ class FileSystemObject {
   virtual FolderContents contents(std::string_view folder) = 0;
 
   // Walks a folder depth first: its files in order, then each subfolder's whole subtree in order, down to `depth`
-  // levels of subfolders below it (0: its own files only). Reports the path of each file whose name `wanted` accepts.
+  // levels of subfolders below it (0: its own files only). Reports the path of each file whose name `wanted` accepts;
+  // that is asked on other threads too, and a little ahead of the walk, for folders near by are listed meanwhile.
   // `entered` hears of each folder before its files. Links to folders are not followed. Throws as `contents` does, when
   // the walk reaches the folder that fails. Returns false when `found` or `entered` ended the walk.
   virtual bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FoundFile& found,

@@ -53,6 +53,8 @@ class NewFile {
   Way way_;
   Descriptor folder_;
   Descriptor file_;
+  off_t sent_ = 0;    // bytes on their way to the disk
+  off_t unsent_ = 0;  // bytes written behind them
   std::string name_;
   std::string hidden_;  // the hidden name it has now; empty: none
 };
