@@ -18,10 +18,13 @@ using plimo::bench::Stopwatch;
 
 constexpr const char* usage =
     "usage: plimo-bench-run scan ROOT\n"
+    "       plimo-bench-run catalogue ROOT\n"
     "       plimo-bench-run start\n"
     "       plimo-bench-run COMMAND SONGS\n"
     "\n"
-    "scan starts the program with a scan of ROOT; start starts it with the catalogue in the current folder; a command\n"
+    "scan starts the program with a scan of ROOT; catalogue does the same and counts the time until the catalogue is\n"
+    "on the disk, before the artist list is read from it; start starts it with the catalogue in the current folder; a "
+    "command\n"
     "is given after such a start, with a catalogue of SONGS songs. Prints the seconds that it took\n"
     "(by the wall, of the processor), the memory held afterwards and at most (KiB), and the rows of the artist list, "
     "the scratch and the final list.\n";
@@ -63,6 +66,11 @@ int main(int count, char** arguments) {
     plimo::bench::writeSettings(plimo::bench::Start::scan);
     BenchProgram program(words[1]);
     tell(watch.lap(), program);
+  } else if (name == "catalogue" && words.size() == 2) {
+    plimo::bench::writeSettings(plimo::bench::Start::scan);
+    Lap written;
+    BenchProgram program(words[1], [&] { written = watch.lap(); });
+    tell(written, program);
   } else if (name == "start" && words.size() == 1) {
     plimo::bench::writeSettings(plimo::bench::Start::readCatalogue);
     BenchProgram program({});

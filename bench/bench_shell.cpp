@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <utility>
 
 #include "app/settings_file.h"
 #include "base/notation.h"
@@ -13,7 +14,29 @@ namespace {
 
 std::string folderOrHere(const std::string& music) { return music.empty() ? "/srv" : music; }
 
+class ToldReplacement : public FileReplacement {
+ public:
+  ToldReplacement(std::unique_ptr<FileReplacement> file, const std::function<void()>& written)
+      : file_(std::move(file)), written_(written) {}
+
+  void write(std::string_view bytes) override { file_->write(bytes); }
+  void commit() override {
+    file_->commit();
+    written_();
+  }
+
+ private:
+  std::unique_ptr<FileReplacement> file_;
+  const std::function<void()>& written_;
+};
+
 }  // namespace
+
+std::unique_ptr<FileReplacement> BenchFiles::replaceFile(std::string_view path, Force force) {
+  auto file = PosixFiles::replaceFile(path, force);
+  if (!catalogueWritten || fileName(path) != catalogueName) return file;
+  return std::make_unique<ToldReplacement>(std::move(file), catalogueWritten);
+}
 
 bool Answers::question(const std::string&) {
   if (questions.empty()) return false;
@@ -47,8 +70,9 @@ void writeSettings(Start start) {
   std::ofstream(std::string(settingsName), std::ios::binary) << text;
 }
 
-BenchProgram::BenchProgram(const std::string& music)
+BenchProgram::BenchProgram(const std::string& music, std::function<void()> catalogueWritten)
     : machine_(music), program_(std::make_unique<Program>(machine_.platform())) {
+  machine_.files.catalogueWritten = std::move(catalogueWritten);
   program_->start();
   if (program_->running()) return;
   std::fputs("the program does not start\n", stderr);

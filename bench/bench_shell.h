@@ -1,9 +1,11 @@
 // A shell without a window: the whole program over the real machine, and a user who answers every box.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/program.h"
@@ -53,13 +55,22 @@ class NoLauncher : public Launcher {
   void start(const std::string&, const std::string&) override {}
 };
 
+// A real machine's files, and the moment at which the catalogue stands on the disk.
+class BenchFiles : public PosixFiles {
+ public:
+  using PosixFiles::PosixFiles;
+  std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) override;
+
+  std::function<void()> catalogueWritten;
+};
+
 // The parts of a machine; drive M is the folder named, or the current one.
 class BenchMachine {
  public:
   explicit BenchMachine(const std::string& music);
   Platform platform() { return {files, player, answers, launcher, pump}; }
 
-  PosixFiles files;
+  BenchFiles files;
   SilentPlayer player;
   Answers answers;
   NoLauncher launcher;
@@ -75,8 +86,8 @@ void writeSettings(Start start);
 // The program, started in the current folder.
 class BenchProgram {
  public:
-  // Ends the process where the program does not start.
-  explicit BenchProgram(const std::string& music);
+  // Ends the process where the program does not start. `catalogueWritten` is called whenever that has come to its end.
+  explicit BenchProgram(const std::string& music, std::function<void()> catalogueWritten = {});
 
   Form1& form() { return program_->form1(); }
   Answers& answers() { return machine_.answers; }
