@@ -31,13 +31,13 @@ class Scene:
         self.out = out
         self.home = home
         self.data = home / "data"
-        self.library = home / "library"
+        self.collection = home / "library"
         self.stick = home / "stick"
         self.number = 0
-        songs.make_library(str(self.library))
+        songs.make_library(str(self.collection))
         songs.write_song(str(self.stick / "Wanderer - Milestone.mp3"))
         songs.write_song(str(self.stick / "Wanderer - Crossroads.mp3"))
-        self.program = Program(str(binary), "--folder", str(self.data), "--drive", f"C={self.library}", "--drive",
+        self.program = Program(str(binary), "--folder", str(self.data), "--drive", f"C={self.collection}", "--drive",
                                f"D={self.stick}:removable")
 
     def picture(self, name):
@@ -79,8 +79,8 @@ class Scene:
         p.press("Accept")
         wait(lambda: p.sees("Artists", "list") and p.list("Artists").count(), "the artists", 20)
         same(self.file("plimo.ini"), FIRST_SETTINGS, "plimo.ini")
-        same(self.file("plimo.kvx"), songs.expected_catalogue(str(self.library)), "plimo.kvx")
-        same(self.rows("Artists"), songs.library_artists(str(self.library)), "artists")
+        same(self.file("plimo.kvx"), songs.expected_catalogue(str(self.collection)), "plimo.kvx")
+        same(self.rows("Artists"), songs.library_artists(str(self.collection)), "artists")
         self.picture("scanned")
         p.press("Yeah, Yeah.....")
         p.gone("A Warm Welcome to Plimo!", "panel")
@@ -127,7 +127,7 @@ class Scene:
         playlist = self.data / "evening.m3u"
         wait(playlist.exists, "evening.m3u")
         p.gone("Save", "dialog")
-        album = self.library / "Albums" / "Anna Berg"
+        album = self.collection / "Albums" / "Anna Berg"
         expected = b"".join(os.fsencode(album / f"Anna Berg -{title}.mp3") + b"\r\n" for title in FINAL)
         same(playlist.read_bytes(), expected, "evening.m3u")
         wait((self.data / "default.m3u").exists, "default.m3u")
@@ -213,8 +213,8 @@ class Scene:
         same(self.file("plimo.kvx"), songs.expected_catalogue(str(self.stick)), "plimo.kvx")
         self.picture("other-drive")
         p.choose("Function", "Scan preferred drives for Mp3s")
-        wait(lambda: self.rows("Artists") == songs.library_artists(str(self.library)), "the artists of the preferred drive")
-        same(self.file("plimo.kvx"), songs.expected_catalogue(str(self.library)), "plimo.kvx")
+        wait(lambda: self.rows("Artists") == songs.library_artists(str(self.collection)), "the artists of the preferred drive")
+        same(self.file("plimo.kvx"), songs.expected_catalogue(str(self.collection)), "plimo.kvx")
 
     def copy(self):
         p = self.program
@@ -242,7 +242,7 @@ class Scene:
         p.click_row("Scratch playlist", "Gliding", button=3)
         screen.click(p.pop_up()["Information"].centre())
         text = p.box_text()
-        must(str(self.library / "Singles" / "Kestrel - Gliding.Mp3") in text, f"the box says {text!r}")
+        must(str(self.collection / "Singles" / "Kestrel - Gliding.Mp3") in text, f"the box says {text!r}")
         self.picture("information")
         p.answer()
         screen.key("space")

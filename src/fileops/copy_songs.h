@@ -19,8 +19,8 @@ struct CopyOrder {
 
 // Copies the files of all records that match the names into the folder: in the names' order, each name's in record
 // order. A file whose name stands there already is not copied; `present` hears of its name. Throws where the catalogue
-// cannot be read, 53 where the first file to be copied is gone, and 76 where the folder is gone when its turn comes; from
-// then on, every failure is ignored.
+// cannot be read, 53 where the first file to be copied is gone, and 76 where the folder is gone when its turn comes;
+// from then on, every failure is ignored.
 void copySongs(FileSystemObject& files, EventPump& pump, const std::string& catalogue, const CopyOrder& order,
                const std::string& folder, const std::function<void(std::string_view name)>& present);
 

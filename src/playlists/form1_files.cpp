@@ -105,8 +105,7 @@ void Form1::fillFromPlaylist(const std::vector<std::string>& items) {
   const std::vector<std::string_view> paths(items.begin(), items.end());
   OpenCatalogue catalogue(platform.files, ownFile(catalogueName));
   const CatalogueJoin<Song> songs(
-      catalogue, paths, BrokenEnd::ignored,
-      [](const CatalogueRecord& record) { return std::optional(record.path); },
+      catalogue, paths, BrokenEnd::ignored, [](const CatalogueRecord& record) { return std::optional(record.path); },
       [&catalogue](const CatalogueRecord& record) {
         return Song{catalogue.keep(record.artist), catalogue.keep(record.title)};
       });

@@ -28,8 +28,8 @@ std::optional<std::string> ScriptedDialogs::saveFile(const FileDialog& dialog) {
 }
 
 std::optional<std::string> ScriptedDialogs::take(Answer::Kind kind, const std::string& asked) {
-  const auto found = std::find_if(answers_.begin(), answers_.end(),
-                                  [kind](const Answer& answer) { return answer.kind == kind; });
+  const auto found =
+      std::find_if(answers_.begin(), answers_.end(), [kind](const Answer& answer) { return answer.kind == kind; });
   if (found == answers_.end()) {
     verdicts_.fail("an answer to " + asked, answers_.empty() ? "none" : answers_.front().spelling);
     return std::nullopt;

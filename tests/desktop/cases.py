@@ -33,21 +33,21 @@ class World:
         self.binary = binary
         self.home = home
         self.data = home / "data"
-        self.library = home / "library"
+        self.collection = home / "library"
         self.stick = home / "stick"
         self.program = None
-        for folder in (self.data, self.library, self.stick):
+        for folder in (self.data, self.collection, self.stick):
             folder.mkdir()
 
     def plant(self, artists=None):
         """Puts songs into the library: by default three artists' trees, tiny files."""
         for artist, titles in (artists or TREES).items():
             for title in titles:
-                songs.write_song(str(self.library / f"{artist} - {title}.mp3"), 0.2)
+                songs.write_song(str(self.collection / f"{artist} - {title}.mp3"), 0.2)
 
     def start(self, *before, drives=(), **words):
         """Starts the program, by the words before it where there are some."""
-        drives = drives or (f"C={self.library}", f"D={self.stick}:removable")
+        drives = drives or (f"C={self.collection}", f"D={self.stick}:removable")
         named = [word for drive in drives for word in ("--drive", drive)]
         command = [*before, str(self.binary)]
         self.program = Program(command[0], *command[1:], "--folder", str(self.data), *named, **words)
@@ -57,7 +57,7 @@ class World:
         """Starts the program as on any later day: settings and catalogue are there, the lists are loaded."""
         self.plant(artists)
         (self.data / "plimo.ini").write_bytes(settings())
-        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(str(self.library)))
+        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(str(self.collection)))
         p = self.start()
         wait(lambda: p.sees("Artists", "list") and p.list("Artists").count(), "the artists")
         return p

@@ -45,10 +45,10 @@ def the_first_run_leads_to_a_saved_playlist_by_the_keyboard_alone(world):
     screen.key("Return")
     playlist = world.data / "mine.m3u"
     wait(playlist.exists, "the playlist")
-    paths = (world.library / "Beech - Gorse.mp3", world.library / "Beech - Fir.mp3")
+    paths = (world.collection / "Beech - Gorse.mp3", world.collection / "Beech - Fir.mp3")
     equal(playlist.read_bytes, b"".join(os.fsencode(path) + b"\r\n" for path in paths), "playlist")
     equal((world.data / "default.m3u").read_bytes, playlist.read_bytes(), "default playlist")
-    equal((world.data / "plimo.kvx").read_bytes, songs.expected_catalogue(str(world.library)), "catalogue")
+    equal((world.data / "plimo.kvx").read_bytes, songs.expected_catalogue(str(world.collection)), "catalogue")
 
 
 def the_splash_comes_first_when_there_are_no_settings(world):
@@ -105,7 +105,7 @@ def _scan_without_end(world):
     """The program in the midst of a scan of minutes, and its Cancel button."""
     world.plant()
     for number in range(1500):
-        (world.library / f"empty {number}").mkdir()
+        (world.collection / f"empty {number}").mkdir()
     # The drive over and over again.
     (world.data / "plimo.ini").write_bytes(cases.settings("C:" * 9000, scan=True))
     p = world.start()

@@ -137,7 +137,7 @@ def z_c_and_x_work_in_the_final_playlist(world):
 def a_double_click_plays_from_that_song_onwards(world):
     p = _final(world)
     p.click_row("Final playlist", "Damson", times=2)
-    paths = [world.library / f"Alder - {title}.mp3" for title in ("Damson", "Elm")]
+    paths = [world.collection / f"Alder - {title}.mp3" for title in ("Damson", "Elm")]
     equal(lambda: (world.data / "list.m3u").read_bytes() if (world.data / "list.m3u").exists() else b"",
           b"".join(os.fsencode(path) + b"\r\n" for path in paths), "list.m3u")
     p.find("Place in the song", "slider")
@@ -178,7 +178,7 @@ def shuffle_and_sort_keep_the_current_song(world):
 
 def names_that_are_no_text_are_shown_and_kept(world):
     name = b"N\xfcrnberg - Stra\xdfe \xff.mp3"
-    songs.write_song(os.path.join(os.fsencode(world.library), name), 0.2)
+    songs.write_song(os.path.join(os.fsencode(world.collection), name), 0.2)
     p = world.settled({"Alder": ["Ash"]})
     check("N\ufffdRNBERG" in p.list("Artists").rows(), "the artist is not shown")
     p.tick("Artists", "N\ufffdRNBERG")
@@ -188,7 +188,7 @@ def names_that_are_no_text_are_shown_and_kept(world):
     p.press("Play all songs on the final playlist")
     run = world.data / "list.m3u"
     equal(lambda: run.read_bytes() if run.exists() else b"",
-          os.path.join(os.fsencode(world.library), name) + b"\r\n", "list.m3u")
+          os.path.join(os.fsencode(world.collection), name) + b"\r\n", "list.m3u")
 
 
 if __name__ == "__main__":

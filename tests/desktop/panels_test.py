@@ -119,7 +119,7 @@ def a_song_is_copied_to_the_folder_that_was_entered(world):
     copied = world.stick / "Autumn" / "Alder - Damson.mp3"
     wait(copied.exists, "the copy")
     p.gone("Copy Files to ..", "panel")
-    check(copied.read_bytes() == (world.library / "Alder - Damson.mp3").read_bytes(), "the copy is another")
+    check(copied.read_bytes() == (world.collection / "Alder - Damson.mp3").read_bytes(), "the copy is another")
 
 
 def the_compact_view_shows_the_player_alone_and_large_brings_all_back(world):
