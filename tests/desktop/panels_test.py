@@ -102,6 +102,32 @@ def sliders_answer_keys_and_clicks_and_colour_the_chosen_list(world):
     check((world.data / "plimo.ini").read_bytes() == cases.settings(scan=True), "the old colours were not stored")
 
 
+def the_first_run_goes_on_to_the_colours_and_back_to_the_lists(world):
+    world.plant()
+    p = world.start()
+    p.find("A Warm Welcome to Plimo!", "panel")
+    p.tick("Drives to scan during startup", "C: Hard Drive")
+    p.press("Show the Color Settings", "check box")
+    p.press("Accept")
+    check("slider bars" in p.answer(), "the box before the colours is another")
+    p.press("Yeah, Yeah.....")
+    equal(lambda: p.list("Artists").rows(), [" ", "This is the Artist Playlist"], "sample of the artists")
+    check(not p.sees("Function", "menu item"), "menus show beside the editor")
+    p.press("Artists", "radio button")
+    p.press("Background", "check box")
+    blue = p.find("Blue", "slider")
+    left, top, width, height = blue.rect
+    screen.click((left + width // 2, top + height // 2))
+    screen.key("Home", "Right")
+    left, top, width, height = p.list("Artists").rect
+    equal(lambda: screen.main_colour((left + 10, top + height - 40, width - 40, 20)), (0, 0, 1), "the list's colour")
+    p.press("Accept All Changes")
+    equal(lambda: p.list("Artists").rows(), ["ALDER", "BEECH", "CYPRESS"], "artists")
+    stored = (world.data / "plimo.ini").read_bytes().split(b"\r\n")
+    equal(lambda: stored[7], b"65536", "the stored background of the artists")
+    check(not (world.data / "plimo2.ini").exists(), "the editor's file stays")
+
+
 def a_song_is_copied_to_the_folder_that_was_entered(world):
     (world.stick / "Autumn").mkdir()
     p = world.listening()
