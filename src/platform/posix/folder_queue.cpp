@@ -113,31 +113,28 @@ void FolderQueue::list(Folders::iterator folder, std::unique_lock<std::mutex>& l
 
 void FolderQueue::read(Folder& folder, Folders& inside) const {
   const int flags = folder.parent ? folderFlags | O_NOFOLLOW : folderFlags;
-  Descriptor opened(
-      ::openat(folder.parent ? folder.parent->number() : AT_FDCWD, folder.path.c_str() + folder.nameAt, flags));
+  const int above = folder.parent ? folder.parent->number() : AT_FDCWD;
+  const int number = ::openat(above, folder.path.c_str() + folder.nameAt, flags);
+  if (number < 0) folder.openError = errno;
   folder.parent.reset();
-  if (!opened) {
-    folder.openError = errno;
-    return;
-  }
+  if (number < 0) return;
+  const auto opened = std::make_shared<const Descriptor>(number);
   FolderQuery query;
   query.wantedFile = wanted_;
   query.folders = folder.depth > 0;
-  if (!folder.names->read(opened.number(), query)) {
+  if (!folder.names->read(opened->number(), query)) {
     folder.readError = errno;
     return;
   }
-  std::shared_ptr<const Descriptor> parent;
   for (const std::string_view name : folder.names->folders()) {
     if (passed_(folder.path, name)) continue;
-    if (!parent) parent = std::make_shared<const Descriptor>(std::move(opened));
     Folder& subfolder = inside.emplace_back();
     subfolder.path.reserve(folder.path.size() + 1 + name.size());
     subfolder.path = folder.path;
     if (!subfolder.path.ends_with('/')) subfolder.path += '/';
     subfolder.nameAt = subfolder.path.size();
     subfolder.path += name;
-    subfolder.parent = parent;
+    subfolder.parent = opened;
     subfolder.depth = folder.depth - 1;
   }
 }

@@ -1,8 +1,7 @@
 #include "platform/posix/path_text.h"
 
-#include <string.h>  // memrchr
-
 #include <cstddef>
+#include <cstring>
 
 namespace plimo {
 
