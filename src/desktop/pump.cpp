@@ -16,7 +16,16 @@ constexpr qint64 paintInterval = 100;  // milliseconds
 // Work that is over sooner shows no panel.
 constexpr qint64 patience = 200;
 
-QString grouped(std::uint64_t number) { return QLocale(QLocale::English).toString(static_cast<qulonglong>(number)); }
+const QLocale& numbers() {
+  static const QLocale english(QLocale::English);
+  return english;
+}
+
+QString grouped(std::uint64_t number) { return numbers().toString(static_cast<qulonglong>(number)); }
+
+QString sizeText(std::uint64_t bytes) {
+  return numbers().formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeTraditionalFormat);
+}
 
 }  // namespace
 
@@ -93,9 +102,11 @@ void DesktopPump::copied(const CopyProgress& progress) {
   const double ofFile =
       progress.size > 0 ? static_cast<double>(progress.bytes) / static_cast<double>(progress.size) : 1;
   const double done = static_cast<double>(progress.file > 0 ? progress.file - 1 : 0) + ofFile;
-  panel_->tell(qstring(progress.name),
-               QStringLiteral("File %1 of %2").arg(grouped(progress.file), grouped(progress.files)),
-               progress.files > 0 ? done / static_cast<double>(progress.files) : -1);
+  panel_->tell(
+      qstring(progress.name),
+      QStringLiteral("File %1 of %2  ·  %3 of %4")
+          .arg(grouped(progress.file), grouped(progress.files), sizeText(progress.bytes), sizeText(progress.size)),
+      progress.files > 0 ? done / static_cast<double>(progress.files) : -1);
   paint();
 }
 

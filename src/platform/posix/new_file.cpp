@@ -106,15 +106,30 @@ bool NewFile::write(std::string_view bytes) {
       return false;
     }
     bytes.remove_prefix(static_cast<std::size_t>(written));
-    unsent_ += written;
+    grew(written);
   }
-  if (unsent_ >= sendFrom) {
-    // Only a beginning, so that the flush at the end has less to wait for: a failure shows there.
-    const int error = errno;
-    ::sync_file_range(file_.number(), sent_, unsent_, SYNC_FILE_RANGE_WRITE);
-    errno = error;
-    sent_ += std::exchange(unsent_, 0);
+  return true;
+}
+
+void NewFile::grew(off_t bytes) {
+  unsent_ += bytes;
+  if (unsent_ < sendFrom) return;
+  // Only a beginning, so that the flush at the end has less to wait for: a failure shows there.
+  const int error = errno;
+  ::sync_file_range(file_.number(), sent_, unsent_, SYNC_FILE_RANGE_WRITE);
+  errno = error;
+  sent_ += std::exchange(unsent_, 0);
+}
+
+bool NewFile::waitForDisk() {
+  const off_t awaited = sent_ - sendFrom - there_;
+  if (awaited <= 0) return true;
+  // A failure that is told here is not told again by the flush. That there is no such waiting on a disk is none.
+  if (::sync_file_range(file_.number(), there_, awaited, SYNC_FILE_RANGE_WAIT_BEFORE) != 0 &&
+      (errno == EIO || errno == ENOSPC || errno == EDQUOT)) {
+    return false;
   }
+  there_ += awaited;
   return true;
 }
 

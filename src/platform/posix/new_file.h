@@ -39,6 +39,11 @@ class NewFile {
   // Begins a file that will stand at `path` (behind links).
   bool create(const std::string& path);
   bool write(std::string_view bytes);
+  // Told of bytes that the kernel has put behind the end; they count as written.
+  void grew(off_t bytes);
+  // Waits until the disk has all but the last few megabytes, so that whoever tells how far it is tells the truth, and
+  // the flush at the end is short.
+  bool waitForDisk();
   // Flushes it to the disk and gives it its name, in one step: over what stands there, or not (errno EEXIST).
   bool placeOver();
   bool placeBeside();
@@ -53,6 +58,7 @@ class NewFile {
   Way way_;
   Descriptor folder_;
   Descriptor file_;
+  off_t there_ = 0;   // bytes that have been waited for
   off_t sent_ = 0;    // bytes on their way to the disk
   off_t unsent_ = 0;  // bytes written behind them
   std::string name_;

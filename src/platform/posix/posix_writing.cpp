@@ -16,7 +16,7 @@ namespace plimo {
 namespace {
 
 constexpr std::size_t bufferSize = 256 * 1024;
-constexpr std::size_t copyStep = 8 * 1024 * 1024;  // bytes between two reports of a copy's progress
+constexpr std::size_t copyStep = 1024 * 1024;  // bytes between two reports of a copy's progress
 constexpr mode_t permissionBits = S_IRWXU | S_IRWXG | S_IRWXO;
 
 class PosixReplacement : public FileReplacement {
@@ -65,23 +65,26 @@ struct Copy {
   const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress;
   std::uint64_t copied = 0;
 
-  void tell(std::uint64_t more) {
+  // False where the disk fails.
+  bool tell(std::uint64_t more) {
+    if (!to.waitForDisk()) return false;
     copied += more;
     if (progress) progress(copied, size);
+    return true;
   }
 };
 
 enum class CopyResult { done, readFailed, writeFailed };
 
 CopyResult copyByHand(Copy& copy) {
-  std::string buffer(1024 * 1024, '\0');
+  std::string buffer(copyStep, '\0');
   for (;;) {
     const ssize_t got = ::read(copy.from, buffer.data(), buffer.size());
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) return CopyResult::readFailed;
     if (got == 0) return CopyResult::done;
     if (!copy.to.write({buffer.data(), static_cast<std::size_t>(got)})) return CopyResult::writeFailed;
-    copy.tell(static_cast<std::uint64_t>(got));
+    if (!copy.tell(static_cast<std::uint64_t>(got))) return CopyResult::writeFailed;
   }
 }
 
@@ -93,7 +96,8 @@ CopyResult copyContent(Copy& copy) {
       return CopyResult::writeFailed;
     }
     if (got <= 0) return copyByHand(copy);
-    copy.tell(static_cast<std::uint64_t>(got));
+    copy.to.grew(got);
+    if (!copy.tell(static_cast<std::uint64_t>(got))) return CopyResult::writeFailed;
   }
 }
 
