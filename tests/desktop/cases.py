@@ -16,7 +16,7 @@ import traceback
 import screen
 import songs
 from screen import Failure, wait
-from window import Program, Thing  # noqa: F401  (Thing is for the tests)
+from window import Program
 
 COLOURS = b'65535\r\n4194304\r\n65535\r\n4194304\r\n65535\r\n"4194304"\r\n'
 TREES = {"Alder": ["Ash", "Birch", "Cedar", "Damson", "Elm"], "Beech": ["Fir", "Gorse"], "Cypress": ["Hazel"]}
@@ -53,12 +53,12 @@ class World:
         self.program = Program(command[0], *command[1:], "--folder", str(self.data), *named, **words)
         return self.program
 
-    def settled(self, artists=None):
+    def settled(self, *before, artists=None, scan=False):
         """Starts the program as on any later day: settings and catalogue are there, the lists are loaded."""
         self.plant(artists)
-        (self.data / "plimo.ini").write_bytes(settings())
+        (self.data / "plimo.ini").write_bytes(settings(scan=scan))
         (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(str(self.collection)))
-        p = self.start()
+        p = self.start(*before)
         wait(lambda: p.sees("Artists", "list") and p.list("Artists").count(), "the artists")
         return p
 

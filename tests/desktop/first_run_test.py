@@ -110,20 +110,10 @@ def _scan_without_end(world):
     (world.data / "plimo.ini").write_bytes(cases.settings("C:" * 9000, scan=True))
     p = world.start()
 
-    def panel():
-        """The window's last child, found in a few questions: a program at work answers ten times a second."""
-        tree = p.tree()
-        for i in range(tree.get_child_count() if tree else 0):
-            window = tree.get_child_at_index(i)
-            last = window.get_child_at_index(window.get_child_count() - 1) if window.get_child_count() else None
-            if last is not None and "song" in (last.get_name() or ""):
-                return last
-        return None
-
-    found = wait(panel, "the scan's panel", 20)
-    before = found.get_name()
-    wait(lambda: found.get_name() != before, "the scan to go on")
-    cancel = cases.Thing(found.get_child_at_index(0), 1)
+    panel = wait(lambda: p.at_work("song"), "the scan's panel", 20)
+    before = panel.name
+    wait(lambda: panel.name != before, "the scan to go on")
+    cancel = panel.child(0)
     check(cancel.name == "Cancel", "there is no Cancel")
     return p, cancel
 

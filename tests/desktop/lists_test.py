@@ -85,7 +85,7 @@ def space_adds_the_current_song_and_enter_plays_it(world):
 
 def home_end_and_the_page_keys_move_the_current_row_and_leave_the_selection(world):
     numbers = [f"{number:03}" for number in range(1, 121)]
-    p = world.settled({"Many": numbers})
+    p = world.settled(artists={"Many": numbers})
     p.tick("Artists", "MANY")
     songs_list = p.list("Scratch playlist")
     equal(songs_list.count, 120, "songs")
@@ -121,6 +121,21 @@ def q_and_w_move_a_song_in_the_final_playlist(world):
     equal(lambda: current(p.list("Final playlist")), " Birch", "current row")
     screen.key("q", "Home", "w")
     equal(lambda: p.list("Final playlist").rows(), [" Ash", " Birch", " Cedar", " Damson", " Elm"], "and back")
+
+
+def x_works_its_way_down_the_final_playlist(world):
+    p = _final(world)
+    final_list = p.list("Final playlist")
+    p.click_row("Final playlist", "Birch")
+    equal(final_list.selected, [" Birch"], "selected")
+    for rows, at in (([" Ash", " Cedar", " Damson", " Elm"], " Cedar"), ([" Ash", " Damson", " Elm"], " Damson"),
+                     ([" Ash", " Elm"], " Elm"), ([" Ash"], " Ash"), ([], None)):
+        screen.key("x")
+        equal(final_list.rows, rows, "rows")
+        equal(lambda: current(final_list), at, "current row")
+        check(final_list.selected() == [], f"{final_list.selected()} is selected")
+    screen.key("x", "q", "w", "z")
+    check(p.list("Final playlist").rows() == [], "keys on an empty list bring rows")
 
 
 def z_c_and_x_work_in_the_final_playlist(world):
@@ -179,7 +194,7 @@ def shuffle_and_sort_keep_the_current_song(world):
 def names_that_are_no_text_are_shown_and_kept(world):
     name = b"N\xfcrnberg - Stra\xdfe \xff.mp3"
     songs.write_song(os.path.join(os.fsencode(world.collection), name), 0.2)
-    p = world.settled({"Alder": ["Ash"]})
+    p = world.settled(artists={"Alder": ["Ash"]})
     check("N\ufffdRNBERG" in p.list("Artists").rows(), "the artist is not shown")
     p.tick("Artists", "N\ufffdRNBERG")
     equal(lambda: p.list("Scratch playlist").rows(), [" Stra\ufffde \ufffd"], "the song")

@@ -128,26 +128,6 @@ def the_first_run_goes_on_to_the_colours_and_back_to_the_lists(world):
     check(not (world.data / "plimo2.ini").exists(), "the editor's file stays")
 
 
-def a_song_is_copied_to_the_folder_that_was_entered(world):
-    (world.stick / "Autumn").mkdir()
-    p = world.listening()
-    p.click_row("Scratch playlist", "Damson")
-    screen.key("v")
-    screen.click(p.pop_up()["Copy Selected files to .."].centre())
-    p.find("Copy Files to ..", "panel")
-    screen.click(p.find(None, "combo box").centre())
-    screen.key("End", "Return")
-    folders = p.list("Folder to copy to")
-    wait(lambda: any("Autumn" in row for row in folders.rows()), "the other drive's folders")
-    screen.click(folders.row("Autumn").inside(60), times=2)
-    wait(lambda: folders.row("Autumn").has("selected"), "the folder to be entered")
-    p.press("Start Copying")
-    copied = world.stick / "Autumn" / "Alder - Damson.mp3"
-    wait(copied.exists, "the copy")
-    p.gone("Copy Files to ..", "panel")
-    check(copied.read_bytes() == (world.collection / "Alder - Damson.mp3").read_bytes(), "the copy is another")
-
-
 def the_compact_view_shows_the_player_alone_and_large_brings_all_back(world):
     p = world.listening()
     p.click_row("Final playlist", "Birch")

@@ -66,6 +66,11 @@ class Thing:
         found = (self.access.get_child_at_index(i) for i in range(self.access.get_child_count()))
         return [Thing(child, self.scale) for child in found if child is not None]
 
+    def text(self):
+        """What stands in a text field."""
+        field = self.access.get_text_iface()
+        return Atspi.Text.get_text(field, 0, Atspi.Text.get_character_count(field))
+
     def child(self, index):
         return Thing(self.access.get_child_at_index(index), self.scale)
 
@@ -193,6 +198,17 @@ class Program:
 
     def gone(self, name, role=None, seconds=10.0):
         wait(lambda: not self.things(name, role), f'"{name}" to go', seconds)
+
+    def at_work(self, word):
+        """The panel over the window that tells how far a long command is, if one with this word is to be seen. It is the
+        window's last child, and found in a few questions: a program at work answers ten times a second."""
+        tree = self.tree()
+        for i in range(tree.get_child_count() if tree else 0):
+            window = tree.get_child_at_index(i)
+            last = window.get_child_at_index(window.get_child_count() - 1) if window.get_child_count() else None
+            if last is not None and word in (last.get_name() or ""):
+                return Thing(last, self.scale)
+        return None
 
     # --- What a user does ---
 
