@@ -2,14 +2,13 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string_view>
 #include <vector>
 
 namespace plimo {
 
 // The texts' places in their order without regard to case (that of compareFolded); texts that are the same but for case
-// stay as they stand. Each text is folded once.
-std::vector<std::uint32_t> foldedOrder(std::span<const std::string_view> texts);
+// stay as they stand. Many texts are sorted on two threads.
+std::vector<std::uint32_t> foldedOrder(std::vector<std::string_view> texts);
 
 }  // namespace plimo

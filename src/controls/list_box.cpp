@@ -16,10 +16,7 @@ ListBox::ListBox(Form& form, std::string_view name, Style style, Order order, Co
   form.dispatcher().beforePaint([this] { flush(); });
 }
 
-std::string_view ListBox::text(std::size_t row) const {
-  const Row& r = rows_[row];
-  return std::string_view(bytes_).substr(r.offset, r.length);
-}
+std::string_view ListBox::text(std::size_t row) const { return texts_.text(rows_[row].offset, rows_[row].length); }
 
 std::optional<std::size_t> ListBox::firstSelected() const {
   if (selectedCount_ == 0) return std::nullopt;
@@ -35,16 +32,14 @@ std::optional<std::size_t> ListBox::find(std::string_view wanted) const {
 }
 
 ListBox::Row ListBox::store(std::string_view text) {
-  Row row{bytes_.size(), static_cast<std::uint32_t>(text.size()) & 0x7FFFFFFFU, 0};
-  bytes_.append(text);
-  return row;
+  return {texts_.append(text), static_cast<std::uint32_t>(text.size()) & 0x7FFFFFFFU, 0};
 }
 
 void ListBox::clear() {
   if (rows_.empty() && !current_ && !removedText_) return;
   changedRows(0, 0, rows_.size());
   rows_ = {};
-  bytes_ = {};
+  texts_ = {};
   unused_ = 0;
   selectedCount_ = 0;
   current_.reset();
@@ -63,13 +58,9 @@ void ListBox::add(std::string_view text) {
 }
 
 void ListBox::makeRoom(std::size_t rows, std::size_t bytes) {
-  // At least half as much again, so that many small steps do not copy all rows each time.
-  const auto make = [](auto& store, std::size_t more) {
-    const std::size_t needed = store.size() + more;
-    if (needed > store.capacity()) store.reserve(std::max(needed, store.capacity() + store.capacity() / 2));
-  };
-  make(rows_, rows);
-  make(bytes_, bytes);
+  const std::size_t needed = rows_.size() + rows;
+  if (needed > rows_.capacity()) rows_.reserve(std::max(needed, rows_.capacity() + rows_.capacity() / 2));
+  texts_.makeRoom(bytes);
 }
 
 void ListBox::addAll(std::span<const std::string_view> texts) {
@@ -79,50 +70,78 @@ void ListBox::addAll(std::span<const std::string_view> texts) {
   for (const std::string_view text : texts) bytes += text.size();
   makeRoom(texts.size(), bytes);
   for (const std::string_view text : texts) rows_.push_back(store(text));
-  if (order_ == Order::asAdded) {
+  if (order_ == Order::sorted) {
+    sortRows();
+  } else {
     changedRows(old, texts.size(), 0);
-    return;
   }
-  std::vector<std::string_view> all(rows_.size());
-  for (std::size_t row = 0; row < all.size(); ++row) all[row] = text(row);
-  const std::vector<std::uint32_t> order = foldedOrder(all);
+}
+
+void ListBox::addAll(const ListBox& other) {
+  if (other.empty()) return;
+  const std::size_t old = rows_.size();
+  if (old == 0) {
+    replaceRows(other);
+  } else {
+    makeRoom(other.rows_.size(), other.texts_.size());
+    const std::size_t shift = texts_.append(other.texts_);
+    unused_ += other.unused_;
+    for (const Row& row : other.rows_) rows_.push_back({row.offset + shift, row.length, 0});
+  }
+  if (order_ == Order::sorted) {
+    sortRows();
+  } else {
+    changedRows(old, other.rows_.size(), 0);
+  }
+}
+
+void ListBox::assign(const ListBox& other) {
+  forgetRows();
+  replaceRows(other);
+  if (order_ == Order::sorted) sortRows();
+}
+
+void ListBox::assign(const ListBox& other, std::span<const std::size_t> positions) {
+  forgetRows();
+  rows_.clear();
+  rows_.reserve(positions.size());
+  std::size_t used = 0;
+  for (const std::size_t position : positions) {
+    const Row& row = other.rows_[position];
+    used += row.length;
+    rows_.push_back({row.offset, row.length, 0});
+  }
+  texts_ = other.texts_;
+  unused_ = texts_.size() - used;
+  compactStore();
+}
+
+// Nothing is selected or current any more, and the rows are about to be replaced as a whole.
+void ListBox::forgetRows() {
+  selectedCount_ = 0;
+  current_.reset();
+  removedText_.reset();
+  anchor_ = 0;
+  changes_.reset = changes_.selection = changes_.current = true;
+}
+
+// The other's rows in place of these, unselected, in memory that is there already where it is enough.
+void ListBox::replaceRows(const ListBox& other) {
+  texts_ = other.texts_;
+  unused_ = other.unused_;
+  rows_ = other.rows_;
+  if (other.selectedCount_ == 0) return;
+  for (Row& row : rows_) row.selected = 0;
+}
+
+void ListBox::sortRows() {
+  std::vector<std::string_view> texts(rows_.size());
+  for (std::size_t row = 0; row < texts.size(); ++row) texts[row] = text(row);
+  const std::vector<std::uint32_t> order = foldedOrder(std::move(texts));
   const std::vector<Row> unsorted = std::exchange(rows_, {});
   rows_.reserve(unsorted.size());
   for (const std::uint32_t place : order) rows_.push_back(unsorted[place]);
   if (current_) current_ = static_cast<std::size_t>(std::find(order.begin(), order.end(), *current_) - order.begin());
-  changes_.reset = true;
-}
-
-void ListBox::addAll(const ListBox& other) {
-  if (order_ == Order::sorted) {
-    std::vector<std::string_view> texts(other.count());
-    for (std::size_t row = 0; row < texts.size(); ++row) texts[row] = other.text(row);
-    addAll(texts);
-    return;
-  }
-  if (other.empty()) return;
-  const std::size_t old = rows_.size();
-  const std::size_t shift = bytes_.size();
-  makeRoom(other.rows_.size(), other.bytes_.size());
-  bytes_.append(other.bytes_);
-  unused_ += other.unused_;
-  for (const Row& row : other.rows_) rows_.push_back({row.offset + shift, row.length, 0});
-  changedRows(old, other.rows_.size(), 0);
-}
-
-void ListBox::assign(const ListBox& other, std::span<const std::size_t> positions) {
-  std::string bytes;
-  bytes.reserve(other.bytes_.size() - other.unused_);
-  std::vector<Row> rows;
-  rows.reserve(positions.size());
-  for (const std::size_t position : positions) {
-    const std::string_view text = other.text(position);
-    rows.push_back({bytes.size(), static_cast<std::uint32_t>(text.size()) & 0x7FFFFFFFU, 0});
-    bytes.append(text);
-  }
-  clear();
-  bytes_ = std::move(bytes);
-  rows_ = std::move(rows);
   changes_.reset = true;
 }
 
@@ -159,7 +178,7 @@ void ListBox::removeFlagged(const std::vector<bool>& removed) {
     selectedCount_ -= rows_[row].selected;
     if (row < watched) --place;
     if (current_ && *current_ == row) {
-      removedText_ = std::string(std::string_view(bytes_).substr(rows_[row].offset, rows_[row].length));
+      removedText_ = text(row);
       current_.reset();
     }
   }
@@ -394,18 +413,14 @@ void ListBox::flush() {
 
 void ListBox::compactStore() {
   constexpr std::size_t worthIt = 1 << 16;
-  if (unused_ < worthIt || unused_ * 2 < bytes_.size()) return;
-  std::string bytes;
-  bytes.reserve(bytes_.size() - unused_);
-  for (Row& row : rows_) {
-    const std::size_t offset = bytes.size();
-    bytes.append(bytes_, row.offset, row.length);
-    row.offset = offset;
-  }
-  bytes_ = std::move(bytes);
+  if (unused_ < worthIt || unused_ * 2 < texts_.size()) return;
+  RowTexts texts;
+  texts.makeRoom(texts_.size() - unused_);
+  for (Row& row : rows_) row.offset = texts.append(texts_.text(row.offset, row.length));
+  texts_ = std::move(texts);
   unused_ = 0;
 }
 
-std::size_t ListBox::memory() const { return bytes_.capacity() + rows_.capacity() * sizeof(Row); }
+std::size_t ListBox::memory() const { return texts_.size() + rows_.capacity() * sizeof(Row); }
 
 }  // namespace plimo

@@ -1,8 +1,8 @@
 // A list of texts, built for a million rows.
 //
 // A row is a text and a selected state; in a check-box list the selected state is the tick. Rows are kept in one store
-// of bytes with sixteen bytes a row beside it. Whatever removes or adds many rows does so in one pass. Observers hear
-// of changes in ranges, once for all that a handler did.
+// of bytes, which lists filled from one another share, with sixteen bytes a row beside it. Whatever removes or adds
+// many rows does so in one pass. Observers hear of changes in ranges, once for all that a handler did.
 #pragma once
 
 #include <cstddef>
@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/row_texts.h"
 
 namespace plimo {
 
@@ -56,7 +57,9 @@ class ListBox : public Control {
   void addAll(std::span<const std::string_view> texts);
   // All of the other list's rows, unselected.
   void addAll(const ListBox& other);
-  // Makes this list's rows those of `other` at the given positions, unselected; no row is current.
+  // Makes this list's rows those of `other`, unselected; no row is current.
+  void assign(const ListBox& other);
+  // The same with its rows at the given positions only, in that order.
   void assign(const ListBox& other, std::span<const std::size_t> positions);
   void remove(std::size_t row);
   // Removes every row whose flag is set, in one pass. `removed` has one flag a row.
@@ -116,7 +119,7 @@ class ListBox : public Control {
   void unobserveRows(ListObserver& observer);
   // Tells the observers what has changed since the last time.
   void flush();
-  // Bytes held for the rows.
+  // Bytes held for the rows, those shared with other lists included.
   std::size_t memory() const;
 
  private:
@@ -136,6 +139,9 @@ class ListBox : public Control {
   };
 
   Row store(std::string_view text);
+  void sortRows();
+  void forgetRows();
+  void replaceRows(const ListBox& other);
   void changedRows(std::size_t first, std::size_t appended, std::size_t removed);
   void compactStore();
   void settle();
@@ -146,7 +152,7 @@ class ListBox : public Control {
 
   Style style_;
   Order order_;
-  std::string bytes_;
+  RowTexts texts_;
   std::vector<Row> rows_;
   std::size_t unused_ = 0;  // bytes in the store that no row refers to
   std::size_t selectedCount_ = 0;

@@ -35,8 +35,7 @@ void Form1::Command12_Click() {
     return;
   }
   List6.removeSelected();
-  List4.clear();
-  List4.addAll(List6);
+  List4.assign(List6);
 }
 
 void Form1::Command11_Click() {

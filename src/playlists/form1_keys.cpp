@@ -64,8 +64,7 @@ void Form1::addCurrentSong() {
 void Form1::List4_KeyPress(char KeyAscii) {
   if (KeyAscii == 'w') {
     const std::optional<std::size_t> place = List4.current();
-    List6.clear();
-    List6.addAll(List4);
+    List6.assign(List4);
     swapFinalLists(List6, List4);
     List6.setCurrent(place);
     drop();
@@ -118,8 +117,7 @@ void Form1::drop() {
   const std::string target = List6.currentText();
   List3.clear();
   List3.addAll(dropped(rowTexts(List6), pickedup, target));
-  List6.clear();
-  List6.addAll(List3);
+  List6.assign(List3);
   List3.clear();
   List6.setCurrent(List6.find(pickedup));
   pickedup.clear();

@@ -4,15 +4,6 @@
 
 namespace plimo {
 
-namespace {
-
-void copyRows(const ListBox& from, ListBox& to) {
-  to.clear();
-  to.addAll(from);
-}
-
-}  // namespace
-
 ListBox& Form1::finalList() { return List4.visible() ? List4 : List6; }
 
 void Form1::swapFinalLists(ListBox& shown, ListBox& hidden) {
@@ -24,9 +15,9 @@ void Form1::swapFinalLists(ListBox& shown, ListBox& hidden) {
 void Form1::Shuffle_Click() {
   const bool hadCurrent = finalList().current().has_value();
   const std::string current = finalList().currentText();
-  if (List4.count() < List6.count()) copyRows(List6, List4);
+  if (List4.count() < List6.count()) List4.assign(List6);
   List6.assign(List4, dealt(List4.count()));
-  copyRows(List6, List4);
+  List4.assign(List6);
   swapFinalLists(List6, List4);
   for (ListBox* list : {&List2, &List1}) list->setVisible(true);
   if (hadCurrent) List6.setCurrent(List6.find(current));
@@ -35,15 +26,15 @@ void Form1::Shuffle_Click() {
 void Form1::sort_Click() {
   const bool hadCurrent = finalList().current().has_value();
   const std::string current = finalList().currentText();
-  if (List4.count() > List6.count()) copyRows(List4, List6);
-  copyRows(List6, List8);
-  copyRows(List8, List4);
+  if (List4.count() > List6.count()) List6.assign(List4);
+  List8.assign(List6);
+  List4.assign(List8);
   swapFinalLists(List4, List6);
   List4.setCurrent(hadCurrent ? List4.find(current) : std::nullopt);
 }
 
 void Form1::showlist4() {
-  copyRows(List6, List4);
+  List4.assign(List6);
   swapFinalLists(List4, List6);
 }
 

@@ -47,21 +47,36 @@ TEST(FoldedOrder, ATextComesBeforeALongerOneThatBeginsLikeIt) {
   EXPECT_EQ(foldedOrder(texts), (std::vector<std::uint32_t>{4, 3, 5, 2, 0, 1}));
 }
 
-TEST(FoldedOrder, AgreesWithComparingForManyTexts) {
-  // Few letters and all lengths, so that many agree for long, some wholly, and runs are longer than any shortcut.
-  std::vector<std::string> owned;
+// Few letters and all lengths, so that many agree for long, some wholly, and runs are longer than any shortcut.
+std::vector<std::string> manyTexts(std::size_t count) {
+  const std::vector<std::string> pieces = {"a", "A", "b", "\xFF", "\xC3\x84", "\xC3\xA4", "z", "@", "["};
+  std::vector<std::string> texts;
   std::uint32_t chance = 1;
-  const auto next = [&chance](std::uint32_t below) {
+  const auto next = [&chance](std::size_t below) {
     chance = chance * 1664525 + 1013904223;
     return (chance >> 16) % below;
   };
-  for (int i = 0; i < 6000; ++i) {
+  while (texts.size() < count) {
     std::string text = next(2) != 0 ? "The same beginning " : "";
-    for (std::uint32_t length = next(12); length > 0; --length) text += "aAb\xFF"[next(4)];
-    owned.push_back(text);
+    for (std::size_t length = next(12); length > 0; --length) text += pieces[next(pieces.size())];
+    texts.push_back(text);
   }
-  const std::vector<std::string_view> texts(owned.begin(), owned.end());
-  EXPECT_EQ(foldedOrder(texts), expectedOrder(texts));
+  return texts;
+}
+
+TEST(FoldedOrder, AgreesWithComparingHoweverManyTextsThereAre) {
+  for (const std::size_t count : {1U, 2U, 300U, 6000U, 40000U}) {
+    const std::vector<std::string> owned = manyTexts(count);
+    const std::vector<std::string_view> texts(owned.begin(), owned.end());
+    EXPECT_EQ(foldedOrder(texts), expectedOrder(texts)) << count;
+  }
+}
+
+TEST(FoldedOrder, ManyEqualTextsStayAsTheyStand) {
+  const std::vector<std::string_view> texts(50000, "the same");
+  std::vector<std::uint32_t> places(texts.size());
+  std::iota(places.begin(), places.end(), 0U);
+  EXPECT_EQ(foldedOrder(texts), places);
 }
 
 }  // namespace

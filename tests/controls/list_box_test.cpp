@@ -209,6 +209,48 @@ TEST(ListBox, TheStoreDoesNotKeepWhatWasRemoved) {
   EXPECT_LT(window.songs.memory(), full);
 }
 
+TEST(ListBox, AListFilledFromAnotherGoesItsOwnWay) {
+  Window window;
+  ListBox copy{window.form, "copy", ListBox::Style::multiSelection};
+  window.fill(window.songs, {"a", "b", "c"});
+  window.songs.setSelected(1, true);
+  window.songs.setCurrent(1);
+  copy.add("old");
+  copy.assign(window.songs);
+  EXPECT_EQ(rows(copy), (Texts{"a", "b", "c"}));
+  EXPECT_EQ(copy.selectedCount(), 0U);
+  EXPECT_EQ(copy.current(), std::nullopt);
+  copy.add("d");
+  window.songs.add("e");
+  window.songs.remove(0);
+  EXPECT_EQ(rows(copy), (Texts{"a", "b", "c", "d"}));
+  EXPECT_EQ(rows(window.songs), (Texts{"b", "c", "e"}));
+  copy.addAll(window.songs);
+  window.songs.clear();
+  EXPECT_EQ(rows(copy), (Texts{"a", "b", "c", "d", "b", "c", "e"}));
+}
+
+TEST(ListBox, AListFilledFromPlacesOfAnotherHoldsNoMoreThanThese) {
+  Window window;
+  ListBox copy{window.form, "copy", ListBox::Style::multiSelection};
+  for (int i = 0; i < 20000; ++i) window.songs.add("a song with a name of some length " + std::to_string(i));
+  const std::vector<std::size_t> places = {19999, 0, 19999};
+  copy.assign(window.songs, places);
+  EXPECT_EQ(rows(copy), (Texts{"a song with a name of some length 19999", "a song with a name of some length 0",
+                               "a song with a name of some length 19999"}));
+  EXPECT_LT(copy.memory(), 1000U);
+}
+
+TEST(ListBox, ASortedListFilledFromAnotherIsSorted) {
+  Window window;
+  window.fill(window.songs, {"b", "C", "a"});
+  window.sorted.add("z");
+  window.sorted.assign(window.songs);
+  EXPECT_EQ(rows(window.sorted), (Texts{"a", "b", "C"}));
+  window.sorted.addAll(window.songs);
+  EXPECT_EQ(rows(window.sorted), (Texts{"a", "a", "b", "b", "C", "C"}));
+}
+
 TEST(ListBox, AFailureInAHandlerIsReportedAndTheListSettles) {
   Window window;
   int failures = 0;
