@@ -11,32 +11,54 @@
 
 namespace plimo {
 
-std::vector<std::string> distinctArtists(FileSystemObject& files, const std::string& catalogue) {
-  OpenCatalogue open(files, catalogue);
-  // Spellings seen so far stand for their keys: folding and comparing is needed for new ones only.
-  TextArena kept;
-  TextIndex spellings;
-  TextIndex distinct;
-  std::vector<std::string> artists;
-  std::string key;
-  KeyBatch batch;
-  const auto asItStands = [](std::string_view artist, std::string&) { return artist; };
-  open.readBatches(BrokenEnd::fails, [&](std::span<const CatalogueRecord> records) {
-    batch.clear();
-    for (const CatalogueRecord& record : records) batch.add(record.artist, asItStands);
-    batch.look(spellings);
+namespace {
+
+// The artists of some of the records.
+class Artists {
+ public:
+  void add(std::span<const CatalogueRecord> records) {
+    const auto asItStands = [](std::string_view artist, std::string&) { return artist; };
+    batch_.clear();
+    for (const CatalogueRecord& record : records) batch_.add(record.artist, asItStands);
+    batch_.look(spellings_);
     for (std::size_t i = 0; i < records.size(); ++i) {
       const std::string_view artist = records[i].artist;
-      if (batch.number(i) != TextIndex::none || (i > 0 && artist == records[i - 1].artist)) continue;
-      if (spellings.find(artist) != TextIndex::none) continue;  // new in this batch
-      spellings.add(kept.keep(artist));
-      artistKey(artist, key);
-      if (distinct.find(key) != TextIndex::none) continue;
-      distinct.add(kept.keep(key));
-      artists.push_back(key);
+      if (batch_.number(i) != TextIndex::none || (i > 0 && artist == records[i - 1].artist)) continue;
+      if (spellings_.find(artist) != TextIndex::none) continue;  // new in this batch
+      spellings_.add(kept_.keep(artist));
+      artistKey(artist, key_);
+      addKey(key_);
     }
-  });
-  return artists;
+  }
+  void add(const Artists& others) {
+    for (const std::string_view key : others.keys_) addKey(key);
+  }
+  // In the order of first appearance.
+  std::vector<std::string> keys() const { return {keys_.begin(), keys_.end()}; }
+
+ private:
+  void addKey(std::string_view key) {
+    if (distinct_.find(key) != TextIndex::none) return;
+    keys_.push_back(kept_.keep(key));
+    distinct_.add(keys_.back());
+  }
+
+  TextArena kept_;
+  TextIndex spellings_;  // they stand for their keys: folding and comparing is needed for new ones only
+  TextIndex distinct_;
+  std::vector<std::string_view> keys_;
+  std::string key_;
+  KeyBatch batch_;
+};
+
+}  // namespace
+
+std::vector<std::string> distinctArtists(FileSystemObject& files, const std::string& catalogue) {
+  OpenCatalogue open(files, catalogue);
+  const auto add = [](Artists& artists, std::span<const CatalogueRecord> records) { artists.add(records); };
+  std::vector<Artists> parts = open.gather<Artists>(BrokenEnd::fails, add);
+  for (std::size_t part = 1; part < parts.size(); ++part) parts.front().add(parts[part]);
+  return parts.front().keys();
 }
 
 }  // namespace plimo

@@ -8,8 +8,8 @@
 
 namespace plimo {
 
-CatalogueReader::CatalogueReader(std::string_view bytes, std::string path)
-    : bytes_(bytes), position_(startOfItems(bytes)), path_(std::move(path)) {}
+CatalogueReader::CatalogueReader(std::string_view bytes, std::string path, std::size_t from)
+    : bytes_(bytes), position_(from == 0 ? startOfItems(bytes) : from), path_(std::move(path)) {}
 
 // A record as the program writes it: each text between quotes, then CR LF. False, and nothing read, for any other.
 bool CatalogueReader::nextAsWritten(CatalogueRecord& record) {

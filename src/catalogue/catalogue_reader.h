@@ -19,13 +19,15 @@ struct CatalogueRecord {
 // good as long as these.
 class CatalogueReader {
  public:
-  // `path` names the file in the error of `next`.
-  CatalogueReader(std::string_view bytes, std::string path);
+  // Begins at the file's start, or `from` bytes into it. `path` names the file in the error of `next`.
+  CatalogueReader(std::string_view bytes, std::string path, std::size_t from = 0);
 
   // False at the end. Throws RuntimeError 62 where a record breaks off.
   bool next(CatalogueRecord& record);
   // True where the record read last lies in the bytes with all its texts.
   bool inBytes() const { return inBytes_; }
+  // Where the next record begins.
+  std::size_t position() const { return position_; }
 
  private:
   bool nextAsWritten(CatalogueRecord& record);

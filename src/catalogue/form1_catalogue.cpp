@@ -3,7 +3,8 @@
 
 #include "app/form1.h"
 #include "catalogue/artist_set.h"
-#include "catalogue/catalogue_join.h"
+#include "catalogue/catalogue_reader.h"
+#include "catalogue/song_name.h"
 
 namespace plimo {
 

@@ -1,19 +1,21 @@
 #include "catalogue/song_lookup.h"
 
+#include "catalogue/song_name.h"
+
 namespace plimo {
 
 SongPaths::SongPaths(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> names) {
   if (names.empty()) return;
-  open_.emplace(files, catalogue);
+  OpenCatalogue open(files, catalogue);
   join_.emplace(
-      *open_, names, BrokenEnd::fails, [](const CatalogueRecord& record) { return displayName(record.title); },
-      [this](const CatalogueRecord& record) { return open_->keep(record.path); });
+      open, names, BrokenEnd::fails, [](const CatalogueRecord& record) { return displayName(record.title); },
+      [](const CatalogueRecord& record, TextArena& texts) { return texts.keep(record.path); });
 }
 
 std::optional<std::string> firstPath(FileSystemObject& files, const std::string& catalogue, std::string_view name) {
   OpenCatalogue open(files, catalogue);
   std::optional<std::string> path;
-  open.read(BrokenEnd::fails, [&](const CatalogueRecord& record) {
+  open.read([&](const CatalogueRecord& record) {
     if (displayName(record.title) == name) path = record.path;
     return !path;
   });

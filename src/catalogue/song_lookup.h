@@ -27,7 +27,6 @@ class SongPaths {
   }
 
  private:
-  std::optional<OpenCatalogue> open_;
   std::optional<CatalogueJoin<std::string_view>> join_;
 };
 

@@ -19,15 +19,14 @@ class MatchingFiles {
 
   // The paths of all records that match the name at this place in the list, in record order; good as long as this
   // object.
-  std::span<const std::string_view> of(std::size_t name) const { return join_->of(name); }
+  std::span<const std::string_view> of(std::size_t name) const { return join_.of(name); }
 
   // Where the catalogue's last record breaks off: the failure that a walk meets behind the first song's files.
-  const std::optional<RuntimeError>& brokenEnd() const { return brokenEnd_; }
+  const std::optional<RuntimeError>& brokenEnd() const { return open_.broken(); }
 
  private:
   OpenCatalogue open_;
-  std::optional<CatalogueJoin<std::string_view>> join_;
-  std::optional<RuntimeError> brokenEnd_;
+  CatalogueJoin<std::string_view> join_;
 };
 
 }  // namespace plimo

@@ -39,6 +39,10 @@ class FileView {
   FileView& operator=(const FileView&) = delete;
   virtual ~FileView() = default;
   virtual std::string_view bytes() const = 0;
+  // These bytes will soon be read, or are not needed for now: what they take of the memory may come and go. They can
+  // be read all the same. May be called by several threads.
+  virtual void expected(std::size_t /*begin*/, std::size_t /*end*/) {}
+  virtual void passed(std::size_t /*begin*/, std::size_t /*end*/) {}
 };
 
 // A file that is being written anew. Nothing of it is seen under its own name until `commit`; without one, whatever

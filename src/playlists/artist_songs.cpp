@@ -5,6 +5,7 @@
 #include "base/errors.h"
 #include "base/text.h"
 #include "catalogue/catalogue_join.h"
+#include "catalogue/song_name.h"
 #include "controls/list_box.h"
 #include "playlists/row_rules.h"
 
@@ -12,20 +13,25 @@ namespace plimo {
 
 namespace {
 
-// The titles of the artists' records; nothing where the catalogue cannot be read.
-class Titles {
+// The songs' names of the artists' records; nothing where the catalogue cannot be read.
+class Names {
  public:
-  Titles(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> artists) {
+  // `nameOf` gives the name that a title stands for, or nothing.
+  template <class NameOf>
+  Names(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> artists,
+        NameOf nameOf) {
     try {
-      open_.emplace(files, catalogue);
+      OpenCatalogue open(files, catalogue);
       join_.emplace(
-          *open_, artists, BrokenEnd::ignored,
-          [](const CatalogueRecord& record) { return std::optional(record.artist); },
+          open, artists, BrokenEnd::ignored,
+          [nameOf](const CatalogueRecord& record) {
+            return nameOf(record.title) ? std::optional(record.artist) : std::nullopt;
+          },
           [](std::string_view artist, std::string& key) {
             artistKey(artist, key);
             return std::string_view(key);
           },
-          [this](const CatalogueRecord& record) { return open_->keep(record.title); });
+          [nameOf](const CatalogueRecord& record, TextArena& texts) { return texts.keep(*nameOf(record.title)); });
     } catch (const RuntimeError&) {  // ticking ignores errors
     }
   }
@@ -34,7 +40,6 @@ class Titles {
   }
 
  private:
-  std::optional<OpenCatalogue> open_;
   std::optional<CatalogueJoin<std::string_view>> join_;
 };
 
@@ -48,26 +53,23 @@ std::vector<std::string_view> rowTexts(const ListBox& list) {
 
 void appendSongs(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> artists,
                  ListBox& songs) {
-  const Titles titles(files, catalogue, artists);
+  const Names names(files, catalogue, artists, displayName);
   std::size_t rows = 0;
   std::size_t bytes = 0;
   for (std::size_t artist = 0; artist < artists.size(); ++artist) {
-    for (const std::string_view title : titles.of(artist)) bytes += title.size();
-    rows += titles.of(artist).size();
+    for (const std::string_view name : names.of(artist)) bytes += name.size();
+    rows += names.of(artist).size();
   }
   songs.makeRoom(rows, bytes);
   for (std::size_t artist = 0; artist < artists.size(); ++artist) {
-    for (const std::string_view title : titles.of(artist)) {
-      if (const auto name = displayName(title)) songs.add(*name);
-    }
+    for (const std::string_view name : names.of(artist)) songs.add(name);
   }
 }
 
 void removeSongs(FileSystemObject& files, const std::string& catalogue, std::string_view artist, ListBox& songs) {
-  const Titles titles(files, catalogue, std::span(&artist, 1));
-  std::vector<std::string_view> names;
-  for (const std::string_view title : titles.of(0)) names.push_back(before(title, '.'));
-  songs.removeFlagged(rowsRemovedByWalks(rowTexts(songs), names));
+  const Names names(files, catalogue, std::span(&artist, 1),
+                    [](std::string_view title) { return std::optional(before(title, '.')); });
+  songs.removeFlagged(rowsRemovedByWalks(rowTexts(songs), names.of(0)));
 }
 
 }  // namespace plimo

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "catalogue/catalogue_join.h"
 #include "catalogue/song_lookup.h"
+#include "catalogue/song_name.h"
 #include "playlists/artist_songs.h"
 #include "playlists/m3u.h"
 
@@ -106,8 +107,8 @@ void Form1::fillFromPlaylist(const std::vector<std::string>& items) {
   OpenCatalogue catalogue(platform.files, ownFile(catalogueName));
   const CatalogueJoin<Song> songs(
       catalogue, paths, BrokenEnd::ignored, [](const CatalogueRecord& record) { return std::optional(record.path); },
-      [&catalogue](const CatalogueRecord& record) {
-        return Song{catalogue.keep(record.artist), catalogue.keep(record.title)};
+      [](const CatalogueRecord& record, TextArena& texts) {
+        return Song{texts.keep(record.artist), texts.keep(record.title)};
       });
 
   ListBox& list = finalList();

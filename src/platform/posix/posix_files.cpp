@@ -44,8 +44,18 @@ class MappedView : public FileView {
   MappedView(void* start, std::size_t size) : start_(start), size_(size) {}
   ~MappedView() override { ::munmap(start_, size_); }
   std::string_view bytes() const override { return {static_cast<const char*>(start_), size_}; }
+  void expected(std::size_t begin, std::size_t end) override { advise(begin, end, MADV_POPULATE_READ); }
+  void passed(std::size_t begin, std::size_t end) override { advise(begin, end, MADV_DONTNEED); }
 
  private:
+  // For the whole pages up to the end; a kernel that does not know an advice does well without.
+  void advise(std::size_t begin, std::size_t end, int advice) {
+    const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    begin -= begin % page;
+    if (end != size_) end -= end % page;
+    if (begin < end) ::madvise(static_cast<char*>(start_) + begin, end - begin, advice);
+  }
+
   void* start_;
   std::size_t size_;
 };
@@ -172,7 +182,7 @@ std::unique_ptr<FileView> PosixFiles::openForReading(std::string_view path) {
 
   const auto size = static_cast<std::size_t>(status.st_size);
   if (size >= mappedFrom) {
-    void* start = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_POPULATE, file.number(), 0);
+    void* start = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.number(), 0);
     if (start != MAP_FAILED) {
       ::madvise(start, size, MADV_SEQUENTIAL);
       return std::make_unique<MappedView>(start, size);

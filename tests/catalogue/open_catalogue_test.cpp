@@ -1,0 +1,140 @@
+#include "catalogue/open_catalogue.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "catalogue/catalogue_join.h"
+#include "platform/posix/posix_files.h"
+#include "platform/temporary_folder.h"
+
+namespace plimo {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// What a reader gathers of its records: all four texts of each.
+struct Gathered {
+  Texts fields;
+};
+
+class OpenCatalogueTest : public testing::Test {
+ protected:
+  // Large enough for two readers, and for more of the file than is kept in memory.
+  static constexpr std::size_t large = std::size_t{12} << 20;
+
+  void add(const Texts& record) {
+    appendRecord(bytes_, {record[0], record[1], record[2], record[3]});
+    fields_.insert(fields_.end(), record.begin(), record.end());
+  }
+
+  // Songs until the catalogue is so large; every seventh with quotes in its name.
+  void addSongs(std::size_t size) {
+    for (std::size_t number = 0; bytes_.size() < size; ++number) {
+      const std::string title = (number % 7 == 0 ? " \"Song\" " : " Song ") + std::to_string(number) + ".mp3";
+      const std::string artist = "Artist " + std::to_string(number % 10);
+      add({"/music/" + std::string(number % 90, 'f') + "/" + artist + " -" + title, artist, "Don't know!", title});
+    }
+  }
+
+  std::string written() {
+    writeFile(folder_ / "plimo.kvx", bytes_);
+    return folder_ / "plimo.kvx";
+  }
+
+  // The records as they were gathered, and by how many readers.
+  Texts gathered(std::size_t readers, BrokenEnd end = BrokenEnd::fails) {
+    OpenCatalogue catalogue(files_, written());
+    const auto parts = catalogue.gather<Gathered>(end, [](Gathered& part, std::span<const CatalogueRecord> records) {
+      for (const CatalogueRecord& record : records) {
+        for (const std::string_view text : {record.path, record.artist, record.second, record.title}) {
+          part.fields.emplace_back(text);
+        }
+      }
+    });
+    EXPECT_EQ(parts.size(), readers);
+    Texts all;
+    for (const Gathered& part : parts) all.insert(all.end(), part.fields.begin(), part.fields.end());
+    broken_ = catalogue.broken().has_value();
+    return all;
+  }
+
+  TemporaryFolder folder_;
+  PosixFiles files_{std::vector<DriveRoot>{}};
+  std::string bytes_;
+  Texts fields_;
+  bool broken_ = false;
+};
+
+TEST_F(OpenCatalogueTest, OneReaderIsEnoughForASmallCatalogue) {
+  addSongs(1000);
+  EXPECT_EQ(gathered(1), fields_);
+  bytes_.clear();
+  EXPECT_TRUE(gathered(1).empty());
+}
+
+TEST_F(OpenCatalogueTest, TwoReadersShareALargeOne) {
+  addSongs(large);
+  EXPECT_TRUE(gathered(2) == fields_);
+}
+
+TEST_F(OpenCatalogueTest, WhatOnlyLooksLikeARecordsBeginningIsSeenThrough) {
+  // Read from its second text on, each record looks like a song's: "x.mp3", and a title that its path holds.
+  while (bytes_.size() < large) add({"", "x.mp3", "second", "title.mp3"});
+  const std::size_t middle = likelyMiddle(bytes_);
+  ASSERT_EQ(bytes_.substr(middle, 7), "\"x.mp3\"");
+  EXPECT_TRUE(gathered(1) == fields_);
+}
+
+TEST_F(OpenCatalogueTest, WithoutAnythingLikeABeginningOneReaderTakesAll) {
+  while (bytes_.size() < large) add({"a", "b", "c", "d"});
+  EXPECT_TRUE(gathered(1) == fields_);
+}
+
+TEST_F(OpenCatalogueTest, ABrokenEndIsMetWhoeverReadsIt) {
+  addSongs(large);
+  bytes_ += "\"half a record\"\r\n";
+  EXPECT_TRUE(gathered(2, BrokenEnd::ignored) == fields_);
+  EXPECT_TRUE(broken_);
+  EXPECT_THROW(gathered(2, BrokenEnd::fails), RuntimeError);
+}
+
+TEST_F(OpenCatalogueTest, AStrayValueShiftsAllThatFollowsForBothReaders) {
+  addSongs(large / 4);
+  bytes_ += "\"stray\"\r\n";
+  fields_.emplace_back("stray");
+  addSongs(large);
+  fields_.resize(fields_.size() / 4 * 4);
+  EXPECT_TRUE(gathered(1, BrokenEnd::ignored) == fields_);
+  EXPECT_TRUE(broken_);
+}
+
+TEST_F(OpenCatalogueTest, AJoinGivesEachKeyItsRecordsInTheirOrder) {
+  addSongs(large);
+  OpenCatalogue catalogue(files_, written());
+  const std::vector<std::string_view> keys = {"Artist 3", "nobody", "Artist 8", "Artist 3"};
+  const CatalogueJoin<std::string_view> titles(
+      catalogue, keys, BrokenEnd::fails, [](const CatalogueRecord& record) { return std::optional(record.artist); },
+      [](const CatalogueRecord& record, TextArena& texts) { return texts.keep(record.title); });
+  for (std::size_t key = 0; key < keys.size(); ++key) {
+    Texts expected;
+    for (std::size_t i = 0; i < fields_.size(); i += 4) {
+      if (fields_[i + 1] == keys[key]) expected.push_back(fields_[i + 3]);
+    }
+    EXPECT_TRUE(Texts(titles.of(key).begin(), titles.of(key).end()) == expected) << keys[key];
+  }
+  EXPECT_TRUE(titles.of(1).empty());
+  EXPECT_GT(titles.of(0).size(), 1000U);
+}
+
+TEST_F(OpenCatalogueTest, ReadingStopsWhereItIsTold) {
+  addSongs(large);
+  OpenCatalogue catalogue(files_, written());
+  std::size_t read = 0;
+  catalogue.read([&read](const CatalogueRecord&) { return ++read < 1000; });
+  EXPECT_EQ(read, 1000U);
+}
+
+}  // namespace
+}  // namespace plimo
