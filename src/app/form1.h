@@ -106,7 +106,7 @@ class Form1 : public Form, public Form1Controls {
   void save_Click();
   void save2_Click();
   void untickArtists();
-  void fillFromPlaylist(const std::vector<std::string>& items);  // paths, as they stand in the file
+  void fillFromPlaylist(std::span<const std::string_view> paths);  // as they stand in the file
 
   // --- Shuffle and sort, and which final list shows: playlists/form1_order.cpp ---
   void Shuffle_Click();

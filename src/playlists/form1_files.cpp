@@ -25,11 +25,12 @@ bool namesPlaylist(std::string_view name) {
   return name.size() >= 3 && upperAscii(name.substr(name.size() - 3)) == "M3U";
 }
 
-std::vector<std::string> readPlaylist(FileSystemObject& files, const std::string& path) {
+// The file's items, kept in `texts`.
+std::vector<std::string_view> readPlaylist(FileSystemObject& files, const std::string& path, TextArena& texts) {
   const auto view = files.openForReading(path);
   NotationReader reader(view->bytes(), path);
-  std::vector<std::string> items;
-  while (!reader.atEnd()) items.emplace_back(reader.next().text);
+  std::vector<std::string_view> items;
+  while (!reader.atEnd()) items.push_back(texts.keep(reader.next().text));
   return items;
 }
 
@@ -87,7 +88,8 @@ void Form1::Command3_Click() {
   List6.clear();
   List1.clear();
   untickArtists();
-  fillFromPlaylist(readPlaylist(platform.files, name));
+  TextArena texts;
+  fillFromPlaylist(readPlaylist(platform.files, name, texts));
 }
 
 // With the scratch playlist empty, unticking takes nothing off it.
@@ -100,10 +102,9 @@ void Form1::untickArtists() {
   if (!ticked.empty()) List1.setTop(0);
 }
 
-void Form1::fillFromPlaylist(const std::vector<std::string>& items) {
-  if (items.empty()) return;
+void Form1::fillFromPlaylist(std::span<const std::string_view> paths) {
+  if (paths.empty()) return;
   Picture7.setVisible(true);
-  const std::vector<std::string_view> paths(items.begin(), items.end());
   OpenCatalogue catalogue(platform.files, ownFile(catalogueName));
   const CatalogueJoin<Song> songs(
       catalogue, paths, BrokenEnd::ignored, [](const CatalogueRecord& record) { return std::optional(record.path); },
@@ -119,7 +120,7 @@ void Form1::fillFromPlaylist(const std::vector<std::string>& items) {
   }
   std::vector<std::size_t> toTick;
   std::string key;
-  for (std::size_t item = 0; item < items.size(); ++item) {
+  for (std::size_t item = 0; item < paths.size(); ++item) {
     for (const Song& song : songs.of(item)) {
       artistKey(song.artist, key);
       List3.add(key);
