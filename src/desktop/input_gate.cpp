@@ -44,6 +44,10 @@ bool InputGate::eventFilter(QObject* watched, QEvent* event) {
   const auto* widget = qobject_cast<QWidget*>(watched);
   const bool lets = let_ != nullptr && widget != nullptr && (widget == let_ || let_->isAncestorOf(widget));
   if (lets && event->type() != QEvent::Close) return false;
+  // The work that the gate is closed for may have something to say or to ask: it goes on only when that is answered.
+  const QWidget* box = QApplication::activeModalWidget();
+  if (box != nullptr && (watched == box->windowHandle() || (widget != nullptr && widget->window() == box)))
+    return false;
   // Whatever has the keyboard, Escape is meant for what is shown.
   if (event->type() == QEvent::KeyPress && let_ != nullptr && let_->isVisible() &&
       static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {

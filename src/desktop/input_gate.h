@@ -1,4 +1,4 @@
-// While closed, nothing that the user does gets through but to one widget.
+// While closed, nothing that the user does gets through but to one widget, and to a box that comes up meanwhile.
 #pragma once
 
 #include <QObject>
