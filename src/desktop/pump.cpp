@@ -12,7 +12,10 @@ namespace plimo {
 
 namespace {
 
-constexpr qint64 paintInterval = 100;  // milliseconds
+// Milliseconds. The window hears of what goes on around it (Cancel is pressed, another window was over it) more often
+// than the panel has something new to show.
+constexpr qint64 lookInterval = 40;
+constexpr qint64 paintInterval = 100;
 // Work that is over sooner shows no panel.
 constexpr qint64 patience = 200;
 
@@ -52,6 +55,7 @@ void DesktopPump::begin(const QString& title, bool cancellable) {
   title_ = title;
   cancellable_ = cancellable;
   since_.start();
+  lastLook_ = 0;
   lastPaint_ = 0;
   if (beforePaint) beforePaint();
   keyboard_ = QApplication::focusWidget();
@@ -71,13 +75,19 @@ void DesktopPump::end() {
 
 bool DesktopPump::due() {
   const qint64 now = since_.elapsed();
-  if (now - lastPaint_ < paintInterval || now < patience) return false;
+  const bool toPaint = now >= patience && now - lastPaint_ >= paintInterval;
+  if (!toPaint && now - lastLook_ < lookInterval) return false;
+  lastLook_ = now;
+  if (!toPaint) {
+    look();
+    return false;
+  }
   lastPaint_ = now;
   if (panel_ != nullptr && panel_->isHidden()) panel_->begin(title_, cancellable_);
   return true;
 }
 
-void DesktopPump::paint() { QCoreApplication::processEvents(QEventLoop::AllEvents, 5); }
+void DesktopPump::look() { QCoreApplication::processEvents(QEventLoop::AllEvents, 5); }
 
 void DesktopPump::scanBegins() { begin(QStringLiteral("Looking for songs"), true); }
 
@@ -88,7 +98,7 @@ bool DesktopPump::scanned(std::size_t songs, std::string_view folder) {
     panel_->tell(qstring(folder),
                  found + QStringLiteral("  ·  ") + clockText(static_cast<double>(since_.elapsed()) / 1000), -1);
   }
-  paint();
+  look();
   return panel_ == nullptr || !panel_->cancelled();
 }
 
@@ -107,7 +117,7 @@ void DesktopPump::copied(const CopyProgress& progress) {
       QStringLiteral("File %1 of %2  ·  %3 of %4")
           .arg(grouped(progress.file), grouped(progress.files), sizeText(progress.bytes), sizeText(progress.size)),
       progress.files > 0 ? done / static_cast<double>(progress.files) : -1);
-  paint();
+  look();
 }
 
 void DesktopPump::deleted(std::size_t file, std::size_t files) {
@@ -115,7 +125,7 @@ void DesktopPump::deleted(std::size_t file, std::size_t files) {
   if (!due() || panel_ == nullptr) return;
   panel_->tell(QString(), QStringLiteral("File %1 of %2").arg(grouped(file), grouped(files)),
                files > 0 ? static_cast<double>(file) / static_cast<double>(files) : -1);
-  paint();
+  look();
 }
 
 void DesktopPump::workEnds() { end(); }

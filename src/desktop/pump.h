@@ -35,14 +35,15 @@ class DesktopPump : public EventPump {
  private:
   void begin(const QString& title, bool cancellable);
   void end();
-  // True at most ten times a second.
+  // True at most ten times a second: the panel is to tell how far it is. Looks at what goes on meanwhile.
   bool due();
-  void paint();
+  void look();
 
   InputGate& gate_;
   QPointer<ProgressPanel> panel_;
   QPointer<QWidget> keyboard_;  // had it before the panel came
   QElapsedTimer since_;
+  qint64 lastLook_ = 0;
   qint64 lastPaint_ = 0;
   QString title_;
   bool cancellable_ = false;
