@@ -1,32 +1,24 @@
 #include "desktop/desktop.h"
 
 #include <QApplication>
-#include <QLibrary>
 #include <QTimer>
 
 #include "desktop/list_access.h"
 #include "desktop/look.h"
+#include "desktop/sound_library.h"
 #include "desktop/widget_access.h"
 
 namespace plimo {
 
 namespace {
 
-MpvHooks hooksFor(InputGate& gate) {
+MpvHooks hooksFor(InputGate& gate, std::function<void()> beforeWaiting) {
   // One of the sound outputs that the player tries would take over the signals that ask the program to end.
   qputenv("SDL_NO_SIGNAL_HANDLERS", "1");
-  auto library = std::make_shared<QLibrary>();
+  auto library = std::make_shared<SoundLibrary>(gate, std::move(beforeWaiting));
   return {
       [](std::function<void()> action) { QMetaObject::invokeMethod(qApp, std::move(action), Qt::QueuedConnection); },
-      [library](const char* name) -> void* {
-        // The versions whose functions are the same for this program, the newest first.
-        for (const int version : {2, 1}) {
-          if (library->isLoaded()) break;
-          library->setFileNameAndVersion(QStringLiteral("mpv"), version);
-          library->load();
-        }
-        return library->isLoaded() ? reinterpret_cast<void*>(library->resolve(name)) : nullptr;
-      },
+      [library](const char* name) { return library->function(name); },
       [&gate] { return gate.isOpen(); },
   };
 }
@@ -34,7 +26,9 @@ MpvHooks hooksFor(InputGate& gate) {
 }  // namespace
 
 Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
-    : player_(hooksFor(gate_)), pump_(gate_), program_(Platform{files, player_, dialogs_, launcher, pump_}) {
+    : player_(hooksFor(gate_, [this] { program_.dispatcher().flush(); })),
+      pump_(gate_),
+      program_(Platform{files, player_, dialogs_, launcher, pump_}) {
   const auto flush = [this] { program_.dispatcher().flush(); };
   dialogs_.beforeBox = flush;
   dialogs_.owner = [this] { return frontWindow(); };
