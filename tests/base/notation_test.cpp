@@ -25,6 +25,17 @@ TEST(Notation, ValuesEndAtLineEndsAndCommas) {
   EXPECT_EQ(items("a\nb\rc"), (Texts{"a", "b", "c"}));
 }
 
+TEST(Notation, AValueMayBeOfAnyLengthWhateverEndsIt) {
+  for (std::size_t length = 250; length < 262; ++length) {
+    const std::string value(length, 'x');
+    for (const char* end : {",", "\r", "\n", "\r\n"}) {
+      const std::string after = std::string(end) + "y" + (*end == ',' ? "\r\n" : ",");
+      EXPECT_EQ(items(value + after), (Texts{value, "y"})) << length;
+    }
+    EXPECT_EQ(items(value), Texts{value});
+  }
+}
+
 TEST(Notation, AnEmptyLineIsAnEmptyValue) {
   EXPECT_EQ(items("\r\n\"\"\r\nx"), (Texts{"", "", "x"}));
   EXPECT_EQ(items("a,\r\nb"), (Texts{"a", "", "b"}));
