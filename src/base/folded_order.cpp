@@ -10,6 +10,7 @@
 #include <thread>
 #include <utility>
 
+#include "base/eight_bytes.h"
 #include "base/text.h"
 
 namespace plimo {
@@ -41,17 +42,6 @@ std::uint64_t wordAt(std::string_view text, std::size_t depth) {
   std::uint64_t word = 0;
   for (const char byte : text.substr(depth)) word = word << 8 | static_cast<unsigned char>(byte);
   return word << (8 * (wordSize - rest));
-}
-
-constexpr std::uint64_t everyByte = 0x0101010101010101;
-constexpr std::uint64_t highBits = everyByte * 0x80;
-
-// Eight bytes of plain ASCII with A to Z replaced by a to z. A sum's high bit tells of each byte whether it has reached
-// the letter.
-std::uint64_t lowered(std::uint64_t word) {
-  const std::uint64_t fromA = word + everyByte * (0x80 - 'A');
-  const std::uint64_t behindZ = word + everyByte * (0x80 - 'Z' - 1);
-  return word | (((fromA & ~behindZ) & highBits) >> 2);
 }
 
 // Sorts entries eight bytes at a time: those that agree are told apart by the next eight. Nothing is folded before it
@@ -99,7 +89,7 @@ class FoldedSort {
     std::string_view& text = texts_[entry.place];
     const std::uint64_t word = wordAt(text, depth);
     if (entry.folded) return word;
-    if ((word & highBits) == 0) return lowered(word);
+    if (allAscii(word)) return lowered(word);
     // Folding changes nothing before the first letter beyond ASCII, so that what was compared so far holds.
     text = copies_.emplace_back(foldCase(text));
     entry.folded = true;

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
+
+#include "base/eight_bytes.h"
 
 namespace plimo {
 
@@ -154,6 +157,19 @@ std::string foldCase(std::string_view text) {
 }
 
 void appendFolded(std::string& target, std::string_view text) {
+  // Most names are plain ASCII: that much is folded where it is copied to.
+  const std::size_t before = target.size();
+  target.append(text);
+  std::size_t folded = 0;
+  for (std::uint64_t eight = 0; text.size() - folded >= sizeof eight; folded += sizeof eight) {
+    std::memcpy(&eight, text.data() + folded, sizeof eight);
+    if (!allAscii(eight)) break;
+    eight = lowered(eight);
+    std::memcpy(target.data() + before + folded, &eight, sizeof eight);
+  }
+  target.resize(before + folded);
+  text.remove_prefix(folded);
+
   const auto notAscii = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
   while (!text.empty()) {
     const auto run = static_cast<std::size_t>(std::find_if(text.begin(), text.end(), notAscii) - text.begin());

@@ -1,10 +1,8 @@
 // The bytes behind a list's rows.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <memory>
-#include <string>
 #include <string_view>
 
 namespace plimo {
@@ -13,37 +11,30 @@ namespace plimo {
 // list from another one costs nothing for the texts.
 class RowTexts {
  public:
-  std::size_t size() const { return bytes_->size(); }
-  // Good until the next append, makeRoom or assignment.
-  std::string_view text(std::size_t offset, std::size_t length) const { return {bytes_->data() + offset, length}; }
+  std::size_t size() const { return bytes_ ? bytes_->size : 0; }
+  // Good until the next append, makeRoom or assignment. There must be such a text.
+  std::string_view text(std::size_t offset, std::size_t length) const { return {bytes_->data.get() + offset, length}; }
 
   // Where the text begins from now on.
-  std::size_t append(std::string_view text) {
-    if (shared()) separate(text.size());
-    const std::size_t offset = bytes_->size();
-    bytes_->append(text);
-    return offset;
-  }
+  std::size_t append(std::string_view text);
   // All of the other's texts; what is to be added to their offsets from now on.
-  std::size_t append(const RowTexts& other) { return append(std::string_view(*other.bytes_)); }
-  // Makes room for so many more bytes: at least half as much again, so that many small steps do not copy all bytes each
+  std::size_t append(const RowTexts& other);
+  // Makes room for so many more bytes: at least half as much again, so that many small steps do not move all bytes each
   // time.
-  void makeRoom(std::size_t more) {
-    if (shared()) separate(more);
-    const std::size_t needed = size() + more;
-    if (needed > bytes_->capacity()) bytes_->reserve(std::max(needed, bytes_->capacity() + bytes_->capacity() / 2));
-  }
+  void makeRoom(std::size_t more);
 
  private:
-  bool shared() const { return bytes_.use_count() > 1; }
-  void separate(std::size_t more) {
-    auto own = std::make_shared<std::string>();
-    own->reserve(size() + more);
-    own->append(*bytes_);
-    bytes_ = std::move(own);
-  }
+  struct Free {
+    void operator()(char* data) const;
+  };
+  // Grown by std::realloc: it can move large memory to another place without a copy.
+  struct Bytes {
+    std::unique_ptr<char, Free> data;
+    std::size_t size = 0;
+    std::size_t capacity = 0;
+  };
 
-  std::shared_ptr<std::string> bytes_ = std::make_shared<std::string>();
+  std::shared_ptr<Bytes> bytes_;  // none: no texts
 };
 
 }  // namespace plimo

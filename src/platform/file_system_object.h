@@ -83,7 +83,7 @@ class FileSystemObject {
   virtual std::string join(std::string_view folder, std::string_view name) = 0;
   // The same with the separator always added, even behind a drive's root ("C:\\winamp.exe").
   virtual std::string joinDoubled(std::string_view folder, std::string_view name) = 0;
-  // The last piece; a path without a separator is its own last piece.
+  // The last piece; a path without a separator is its own last piece. May be asked by several threads.
   virtual std::string_view fileName(std::string_view path) = 0;
   // All pieces but the last, as join took them; a drive's root for a file that stands in it.
   virtual std::string folderOf(std::string_view path) = 0;

@@ -1,0 +1,46 @@
+#include "controls/row_texts.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+namespace plimo {
+
+void RowTexts::Free::operator()(char* data) const { std::free(data); }
+
+std::size_t RowTexts::append(std::string_view text) {
+  if (!bytes_ || bytes_.use_count() > 1 || text.size() > bytes_->capacity - bytes_->size) makeRoom(text.size());
+  const std::size_t offset = bytes_->size;
+  if (!text.empty()) std::memcpy(bytes_->data.get() + offset, text.data(), text.size());
+  bytes_->size += text.size();
+  return offset;
+}
+
+std::size_t RowTexts::append(const RowTexts& other) {
+  const std::shared_ptr<const Bytes> theirs = other.bytes_;  // they stay where they are, should this share them
+  return append(theirs ? std::string_view(theirs->data.get(), theirs->size) : std::string_view());
+}
+
+void RowTexts::makeRoom(std::size_t more) {
+  const std::size_t used = size();
+  if (!bytes_ || bytes_.use_count() > 1) {
+    auto own = std::make_shared<Bytes>();
+    own->data.reset(static_cast<char*>(std::malloc(std::max(used + more, std::size_t{1}))));
+    if (!own->data) throw std::bad_alloc();
+    own->capacity = used + more;
+    own->size = used;
+    if (used > 0) std::memcpy(own->data.get(), bytes_->data.get(), used);
+    bytes_ = std::move(own);
+    return;
+  }
+  if (more <= bytes_->capacity - used) return;
+  const std::size_t wanted = std::max(used + more, bytes_->capacity + bytes_->capacity / 2);
+  auto* const grown = static_cast<char*>(std::realloc(bytes_->data.get(), wanted));
+  if (grown == nullptr) throw std::bad_alloc();
+  static_cast<void>(bytes_->data.release());
+  bytes_->data.reset(grown);
+  bytes_->capacity = wanted;
+}
+
+}  // namespace plimo
