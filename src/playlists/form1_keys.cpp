@@ -115,9 +115,13 @@ void Form1::drop() {
   List6.clearSelection();
   if (pickedup.empty() || !List6.current()) return;
   const std::string target = List6.currentText();
-  List3.clear();
-  List3.addAll(dropped(rowTexts(List6), pickedup, target));
-  List6.assign(List3);
+  std::optional<std::size_t> song = List6.find(pickedup);
+  List3.assign(List6);
+  if (!song) {  // picked up, and removed since
+    song = List3.count();
+    List3.add(pickedup);
+  }
+  List6.assign(List3, dropped(rowTexts(List3), *song, target));
   List3.clear();
   List6.setCurrent(List6.find(pickedup));
   pickedup.clear();

@@ -52,15 +52,14 @@ std::vector<bool> rowsRemovedByWalks(std::span<const std::string_view> rows, std
   return removed;
 }
 
-std::vector<std::string_view> dropped(std::span<const std::string_view> rows, std::string_view pickedUp,
-                                      std::string_view target) {
-  std::vector<std::string_view> result;
-  result.reserve(rows.size() + 1);
-  for (const std::string_view row : rows) {
-    if (row != pickedUp) result.push_back(row);
-    if (row == target) result.push_back(pickedUp);
+std::vector<std::size_t> dropped(std::span<const std::string_view> rows, std::size_t song, std::string_view target) {
+  std::vector<std::size_t> places;
+  places.reserve(rows.size() + 1);
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    if (rows[row] != rows[song]) places.push_back(row);
+    if (rows[row] == target) places.push_back(song);
   }
-  return result;
+  return places;
 }
 
 std::vector<std::size_t> dealt(std::size_t count) {

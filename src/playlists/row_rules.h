@@ -15,10 +15,9 @@ std::vector<bool> rowsRemovedByWalk(std::span<const std::string_view> rows, std:
 // The same walk once for each of the names, one after the other. One flag a row.
 std::vector<bool> rowsRemovedByWalks(std::span<const std::string_view> rows, std::span<const std::string_view> names);
 
-// The rows after the picked-up song has been dropped on the target: it leaves every place where it stood, and stands
-// again behind every row that equals the target.
-std::vector<std::string_view> dropped(std::span<const std::string_view> rows, std::string_view pickedUp,
-                                      std::string_view target);
+// The rows, by their places, after a song of the list has been dropped on the target: the song leaves every place where
+// it stands, and stands again behind every row that equals the target.
+std::vector<std::size_t> dropped(std::span<const std::string_view> rows, std::size_t song, std::string_view target);
 
 // The order in which a shuffle deals the rows: first the even places, then the odd ones.
 std::vector<std::size_t> dealt(std::size_t count);

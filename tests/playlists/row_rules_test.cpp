@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
 #include <random>
 #include <string>
 #include <vector>
@@ -31,24 +32,31 @@ TEST(RemovalByWalk, PassesOverTheRowThatMovesUp) {
   EXPECT_EQ(kept({"a", "a", "b", "a"}, rowsRemovedByWalk(Texts{"a", "a", "b", "a"}, "a")), (Texts{"a", "b"}));
 }
 
-TEST(RemovalByWalk, IsTheSameAsRowByRowForAllSmallLists) {
+// Calls `check` with every list of so many rows at most that are a, b or c.
+template <class Check>
+void forAllSmallLists(std::size_t most, Check check) {
   constexpr std::string_view letters[] = {"a", "b", "c"};
-  for (std::size_t length = 0; length <= 7; ++length) {
-    std::size_t combinations = 1;
-    for (std::size_t i = 0; i < length; ++i) combinations *= 3;
+  std::size_t combinations = 1;
+  for (std::size_t length = 0; length <= most; ++length, combinations *= 3) {
     for (std::size_t combination = 0; combination < combinations; ++combination) {
       Texts rows;
       for (std::size_t rest = combination, i = 0; i < length; ++i, rest /= 3) rows.push_back(letters[rest % 3]);
-      Texts expected = rows;
-      walk(expected, "a");
-      ASSERT_EQ(kept(rows, rowsRemovedByWalk(rows, "a")), expected);
-      for (const Texts& names : {Texts{"a", "a"}, Texts{"b", "a", "b"}, Texts{"c", "a", "a", "d", "b", "a"}}) {
-        expected = rows;
-        for (const std::string_view name : names) walk(expected, name);
-        ASSERT_EQ(kept(rows, rowsRemovedByWalks(rows, names)), expected);
-      }
+      check(rows);
     }
   }
+}
+
+TEST(RemovalByWalk, IsTheSameAsRowByRowForAllSmallLists) {
+  forAllSmallLists(7, [](const Texts& rows) {
+    Texts expected = rows;
+    walk(expected, "a");
+    ASSERT_EQ(kept(rows, rowsRemovedByWalk(rows, "a")), expected);
+    for (const Texts& names : {Texts{"a", "a"}, Texts{"b", "a", "b"}, Texts{"c", "a", "a", "d", "b", "a"}}) {
+      expected = rows;
+      for (const std::string_view name : names) walk(expected, name);
+      ASSERT_EQ(kept(rows, rowsRemovedByWalks(rows, names)), expected);
+    }
+  });
 }
 
 TEST(RemovalByWalk, IsTheSameAsRowByRowForLongLists) {
@@ -65,16 +73,69 @@ TEST(RemovalByWalk, IsTheSameAsRowByRowForLongLists) {
   }
 }
 
+Texts afterDrop(const Texts& rows, std::size_t song, std::string_view target) {
+  Texts texts;
+  for (const std::size_t place : dropped(rows, song, target)) texts.push_back(rows[place]);
+  return texts;
+}
+
 TEST(Drop, PutsThePickedUpSongBelowTheTarget) {
   const Texts rows = {"A", "B", "C", "D"};
-  EXPECT_EQ(dropped(rows, "C", "A"), (Texts{"A", "C", "B", "D"}));
-  EXPECT_EQ(dropped(rows, "B", "D"), (Texts{"A", "C", "D", "B"}));
-  EXPECT_EQ(dropped(rows, "B", "B"), rows);
+  EXPECT_EQ(afterDrop(rows, 2, "A"), (Texts{"A", "C", "B", "D"}));
+  EXPECT_EQ(afterDrop(rows, 1, "D"), (Texts{"A", "C", "D", "B"}));
+  EXPECT_EQ(afterDrop(rows, 1, "B"), rows);
 }
 
 TEST(Drop, InsertsBehindEveryRowThatEqualsTheTarget) {
-  EXPECT_EQ(dropped(Texts{"A", "B", "A", "B"}, "B", "A"), (Texts{"A", "B", "A", "B"}));
-  EXPECT_EQ(dropped(Texts{"B", "A", "B"}, "B", "B"), (Texts{"B", "A", "B"}));
+  EXPECT_EQ(afterDrop({"A", "B", "A", "B"}, 1, "A"), (Texts{"A", "B", "A", "B"}));
+  EXPECT_EQ(afterDrop({"B", "A", "B"}, 0, "B"), (Texts{"B", "A", "B"}));
+}
+
+TEST(Drop, IsTheSameAsRowByRowForAllSmallLists) {
+  forAllSmallLists(5, [](const Texts& rows) {
+    for (std::size_t song = 0; song < rows.size(); ++song) {
+      for (const std::string_view target : rows) {
+        Texts expected = rows;
+        std::erase(expected, rows[song]);
+        if (rows[song] == target) {
+          expected = rows;  // it leaves its places and stands there again
+        } else {
+          for (std::size_t k = 0; k < expected.size(); ++k) {
+            if (expected[k] == target) expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(++k), rows[song]);
+          }
+        }
+        ASSERT_EQ(afterDrop(rows, song, target), expected);
+      }
+    }
+  });
+}
+
+// The deal as a person would do it: card by card onto two heaps, the second one laid behind the first.
+std::vector<std::size_t> dealtByHand(std::vector<std::size_t> cards) {
+  std::vector<std::size_t> first;
+  std::vector<std::size_t> second;
+  bool toFirst = true;
+  for (const std::size_t card : cards) {
+    (toFirst ? first : second).push_back(card);
+    toFirst = !toFirst;
+  }
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
+
+TEST(Shuffle, IsTheDealByHandHoweverOftenAndHoweverManyRows) {
+  for (std::size_t count = 0; count <= 12; ++count) {
+    std::vector<std::size_t> expected(count);
+    std::iota(expected.begin(), expected.end(), std::size_t{0});
+    std::vector<std::size_t> rows = expected;
+    for (int time = 0; time < 13; ++time) {
+      expected = dealtByHand(expected);
+      std::vector<std::size_t> next;
+      for (const std::size_t place : dealt(count)) next.push_back(rows[place]);
+      rows = next;
+      ASSERT_EQ(rows, expected) << count << " rows, time " << time;
+    }
+  }
 }
 
 TEST(Shuffle, DealsEvenPlacesThenOddOnes) {
