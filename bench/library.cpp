@@ -107,10 +107,15 @@ void makeTree(const Library& library, const std::string& root) {
   }
 }
 
+std::string lastSongPath(const Library& library, const std::string& folder) {
+  return folder + '/' + songFileName(library, library.songs - 1);
+}
+
 void makeCatalogue(const Library& library, const std::string& root, const std::string& file) {
   std::ofstream stream(file, std::ios::binary | std::ios::trunc);
   std::string piece;
   std::string folder;
+  const std::string programFolder = std::filesystem::absolute(file).parent_path();
   std::size_t known = library.folders;
   for (std::size_t song = 0; song < library.songs; ++song) {
     if (library.folderOf(song) != known) {
@@ -119,7 +124,8 @@ void makeCatalogue(const Library& library, const std::string& root, const std::s
     }
     const std::string name = songFileName(library, song);
     const SongName parts = splitFileName(name);
-    appendRecord(piece, {folder + name, parts.artist, parts.second, parts.title});
+    const std::string path = song + 1 < library.songs ? folder + name : lastSongPath(library, programFolder);
+    appendRecord(piece, {path, parts.artist, parts.second, parts.title});
     if (piece.size() < pieceSize && song + 1 < library.songs) continue;
     stream.write(piece.data(), static_cast<std::streamsize>(piece.size()));
     piece.clear();

@@ -16,15 +16,20 @@ struct Library {
   std::size_t folders = 1;
   Order order = Order::grouped;
 
-  std::size_t artists() const { return (songs + songsOfArtist - 1) / songsOfArtist; }
+  // The songs of those who have twenty each; all others are the large artist's.
+  std::size_t smallSongs() const { return (songs / 10 * 9 + songsOfArtist - 1) / songsOfArtist * songsOfArtist; }
+  std::size_t smallArtists() const { return smallSongs() / songsOfArtist; }
+  // Who has a tenth of all songs; the last one, and not one without a name.
+  std::size_t largeArtist() const { return smallArtists() + (smallArtists() % 64 == 63 ? 1 : 0); }
   // Numbers count from 0.
   std::size_t artistOf(std::size_t song) const {
-    return order == Order::grouped ? song / songsOfArtist : song % artists();
+    if (order == Order::grouped) return song < smallSongs() ? song / songsOfArtist : largeArtist();
+    return song % 10 == 9 || smallArtists() == 0 ? largeArtist() : (song - song / 10) % smallArtists();
   }
   std::size_t folderOf(std::size_t song) const { return song * folders / songs; }
 };
 
-// An artist's name: most in plain letters, some with accents.
+// An artist's name: most in plain letters, some with accents. One in 64, where artist % 64 is 63, shows as no name.
 std::string artistName(std::size_t artist);
 
 // A song's file name: "artist - title.mp3" mostly, "artist - album - title.mp3", for one artist in 64 "title.mp3"; the
@@ -40,7 +45,9 @@ std::string folderPath(std::size_t folder);
 void makeTree(const Library& library, const std::string& root);
 
 // Writes the catalogue of a library, without the library: of one that is a part of a larger one at `root`, so that
-// paths are equally long however few songs there are. Throws std::system_error.
+// paths are equally long however few songs there are. Only the last song can be made there by anyone: it stands in the
+// catalogue's own folder, as `lastSongPath` tells. Throws std::system_error.
 void makeCatalogue(const Library& library, const std::string& root, const std::string& file);
+std::string lastSongPath(const Library& library, const std::string& folder);
 
 }  // namespace plimo::bench

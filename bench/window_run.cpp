@@ -1,0 +1,74 @@
+// plimo-bench-window: the longest turn of the real window's message loop in each command, one line a command.
+#include <QApplication>
+#include <clocale>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <string>
+
+#include "platform/posix/posix_files.h"
+#include "window_commands.h"
+#include "window_work.h"
+
+namespace {
+
+using namespace plimo::bench;
+
+constexpr const char* usage =
+    "usage: plimo-bench-window lists SONGS FOLDER\n"
+    "       plimo-bench-window files SONGS BYTES FOLDER\n"
+    "\n"
+    "lists gives every command with a catalogue of SONGS songs; files scans SONGS real songs, copies them where they\n"
+    "have BYTES bytes, and deletes them. FOLDER is an empty one. Prints for each command its name, the longest turn "
+    "of\n"
+    "the message loop (seconds by the wall, of the processor), the longest time between two paintings of the panel "
+    "that\n"
+    "shows how far it is, how often that was painted, and whether the command has done what it is for.\n";
+
+void tell(const Gap& gap, double betweenPaintings, std::size_t paintings) {
+  std::printf("%s\t%.6f\t%.6f\t%.6f\t%zu\t%s\n", gap.command.c_str(), gap.longest.wall, gap.longest.processor,
+              betweenPaintings, paintings, gap.done ? "done" : "not done");
+}
+
+void lists(std::size_t songs, const std::string& folder) {
+  Library library;
+  library.songs = songs;
+  library.folders = songs / songsOfArtist;
+  prepareFolder(library, folder);
+  plimo::PosixFiles files(std::vector<plimo::DriveRoot>{{'M', plimo::DriveType::fixed, "/srv"}});
+  const auto gaps = playWindow(files, [&](Stage& stage) { giveCommands(stage, library, folder); });
+  for (const Gap& gap : gaps) tell(gap, 0, 0);
+}
+
+void work(std::size_t songs, std::size_t bytes, const std::string& folder) {
+  prepareWork(songs, folder, bytes);
+  plimo::PosixFiles files(std::vector<plimo::DriveRoot>{{'M', plimo::DriveType::fixed, musicFolder(folder)}});
+  std::vector<Progress> told;
+  playWindow(files, [&](Stage& stage) { told = giveWork(stage, songs, folder, bytes > 0); });
+  for (const Progress& one : told) tell(one.gap, one.seconds, one.paintings);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  QApplication application(count, arguments);
+  std::setlocale(LC_NUMERIC, "C");  // libmpv reads and writes numbers
+  const std::vector<std::string> words(arguments + 1, arguments + count);
+  const bool toLists = words.size() == 3 && words[0] == "lists";
+  if (!toLists && (words.size() != 4 || words[0] != "files")) {
+    std::fputs(usage, stderr);
+    return 2;
+  }
+  try {
+    const std::size_t songs = std::stoul(words[1]);
+    const std::string folder = std::filesystem::canonical(words.back());
+    if (toLists) {
+      lists(songs, folder);
+    } else {
+      work(songs, std::stoul(words[2]), folder);
+    }
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "plimo-bench-window: %s\n", failure.what());
+    return 1;
+  }
+}
