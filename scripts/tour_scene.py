@@ -9,7 +9,7 @@ import time
 import screen
 import songs
 from screen import Failure, wait
-from window import Program
+from window import SLOW_DISK, Program
 
 FINAL = [" First Snow", " Letters Home", " Morning Light"]
 FIRST_SETTINGS = (b'0\r\n#FALSE#\r\n#TRUE#\r\n"C:"\r\n0\r\n0\r\n'
@@ -37,8 +37,8 @@ class Scene:
         songs.make_library(str(self.collection))
         songs.write_song(str(self.stick / "Wanderer - Milestone.mp3"))
         songs.write_song(str(self.stick / "Wanderer - Crossroads.mp3"))
-        self.program = Program(str(binary), "--folder", str(self.data), "--drive", f"C={self.collection}", "--drive",
-                               f"D={self.stick}:removable")
+        self.program = Program(*SLOW_DISK, str(binary), "--folder", str(self.data), "--drive", f"C={self.collection}",
+                               "--drive", f"D={self.stick}:removable")
 
     def picture(self, name):
         self.number += 1
@@ -218,6 +218,7 @@ class Scene:
 
     def copy(self):
         p = self.program
+        songs.enlarge(str(self.collection / "Singles" / "Kestrel - Gliding.Mp3"), 25)
         p.tick("Artists", "KESTREL")
         wait(lambda: "Gliding" in "".join(self.rows("Scratch playlist")), "the songs")
         p.click_row("Scratch playlist", "Gliding")
@@ -233,8 +234,16 @@ class Scene:
         wait(lambda: p.list("Folder to copy to").rows() and p.list("Folder to copy to").rows()[0] == str(self.stick),
              "the other drive's folders")
         self.picture("copying")
-        p.press("Start Copying")
-        wait(lambda: (self.stick / "Kestrel - Gliding.Mp3").exists(), "the copy")
+        button = p.find("Start Copying", "push button")
+        screen.click(button.centre())
+        panel = wait(lambda: p.at_work("Copying"), "the panel that tells how far it is")
+        same(button.name, "Please Wait", "the button")
+        self.picture("please-wait")
+        must(panel.name.startswith("Copying. File 1 of 1  ·  "), f"the panel says {panel.name!r}")
+        copy = self.stick / "Kestrel - Gliding.Mp3"
+        must(not copy.exists(), "the copy is seen before it is whole")
+        wait(copy.exists, "the copy")
+        same(copy.stat().st_size, 25 << 20, "bytes of the copy")
         p.gone("Copy Files to ..", "panel")
 
     def information(self):
@@ -254,6 +263,50 @@ class Scene:
         must("8)  Plimo! also allows drag and drop on the final playlist." in p.box_text(), "the keys are not explained")
         self.picture("hotkeys")
         p.answer()
+
+    def from_menu(self, row, item):
+        self.program.click_row("Scratch playlist", row, button=3)
+        screen.click(self.program.pop_up()[item].centre())
+
+    def box(self, text, name, button):
+        """A box that must say this: its picture, and the answer."""
+        seen = self.program.box_text()
+        must(text in seen, f"the box says {seen!r}, not {text!r}")
+        self.picture(name)
+        self.program.answer(button)
+
+    def scanned_again(self, artist):
+        wait(lambda: self.rows("Scratch playlist") == [] and self.rows("Artists"), "the lists after the scan")
+        same(self.file("plimo.kvx"), songs.expected_catalogue(str(self.collection)), "plimo.kvx")
+        self.program.tick("Artists", artist)
+        wait(lambda: self.rows("Scratch playlist"), f"songs of {artist}")
+
+    def rename(self):
+        p = self.program
+        self.from_menu("Gliding", "Rename")
+        p.find("Rename", "dialog")
+        screen.write("Kestrel - Soaring")
+        self.picture("rename")
+        screen.key("Return")
+        self.box("incorporate the changes (RECOMMENDED)?", "renamed", "Yes")
+        must((self.collection / "Singles" / "Kestrel - Soaring.mp3").exists(), "the song has not its new name")
+        self.scanned_again("KESTREL")
+
+    def delete(self):
+        self.from_menu("Soaring", "Delete Selected")
+        self.box("say goodbye to the selected files!", "delete", "Yes")
+        self.box("Do you want to re-scan your hard drive", "deleted", "Yes")
+        must(not (self.collection / "Singles" / "Kestrel - Soaring.mp3").exists(), "the song is still there")
+        self.scanned_again("KESTREL")
+        same(self.rows("Scratch playlist"), [" Thermal", " Windhover"], "songs")
+        (self.collection / "Albums" / "Kestrel" / "Kestrel - Thermal.mp3").unlink()
+        self.from_menu("Thermal", "Delete Selected")
+        self.program.answer("Yes")
+        self.box("could not be deleted", "delete-failed", "OK")
+        self.program.answer("No")
+        self.program.click_row("Scratch playlist", "Windhover")
+        screen.key("space")
+        self.final_is([" Windhover"])
 
     def help_panels(self):
         p = self.program
@@ -323,7 +376,7 @@ def play(binary, out):
         with scene.program:
             for step in (scene.splash, scene.first_run, scene.pick_songs, scene.save, scene.clear_and_open, scene.play,
                          scene.compact, scene.other_drives, scene.copy, scene.information, scene.hotkeys,
-                         scene.preferences, scene.colours, scene.help_panels, scene.leave):
+                         scene.rename, scene.delete, scene.preferences, scene.colours, scene.help_panels, scene.leave):
                 try:
                     step()
                 except Failure as failure:

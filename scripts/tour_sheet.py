@@ -5,11 +5,11 @@ import subprocess
 import tempfile
 import time
 
-PANELS = ["first-run", "main", "strips", "menu", "box", "drive-selection", "copy", "preferences", "colours", "welcome",
-          "credits", "compact"]
+PANELS = ["first-run", "main", "strips", "menu", "box", "information", "drive-selection", "copy", "please-wait",
+          "rename", "question", "failure", "offer", "preferences", "colours", "welcome", "credits", "compact"]
 SCREENS = ["1024x768", "1920x1080"]
 SCALES = [1, 2]
-AT_ONCE = 2  # programs, each on a screen of its own
+AT_ONCE = 3  # programs, each on a screen of its own
 
 # What a desktop with a dark scheme tells its programs: a colour scheme in the settings of the KDE desktop, which the
 # toolkit reads by itself.
@@ -34,7 +34,7 @@ def take(binary, out, scale=1, dark=False, for_documents=False):
     read."""
     import screen
     import songs
-    from window import Program, wait
+    from window import SLOW_DISK, Program, wait
 
     with tempfile.TemporaryDirectory(prefix="plimo-sheet-") as folder:
         home = pathlib.Path(folder)
@@ -44,23 +44,31 @@ def take(binary, out, scale=1, dark=False, for_documents=False):
             os.remove(os.path.join(os.fsencode(library), b"Singles", songs.NO_TEXT))
         for title in songs.PLAYED:
             songs.write_song(str(library / "Albums" / "Anna Berg" / f"Anna Berg - {title}.mp3"), 205)
+        songs.enlarge(str(library / "Albums" / "Anna Berg" / "Anna Berg - The Long Way Round.mp3"), 60)
         (home / "stick").mkdir()
         environment = {}
         if dark:
             (home / "kdeglobals").write_text(DARK)
             environment = {"XDG_CONFIG_HOME": folder, "XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"}
-        program = Program(str(binary), "--folder", str(home / "data"), "--drive", f"C={library}", "--drive",
-                          f"D={home / 'stick'}:removable", scale=scale, environment=environment)
-        with program as p:
+        command = [str(binary), "--folder", str(home / "data"), "--drive", f"C={library}", "--drive",
+                   f"D={home / 'stick'}:removable"]
+
+        def picture(name, settle=0.3):
+            time.sleep(settle)
+            screen.picture(str(out / f"{name}.png"))
+
+        def from_menu(p, row, item):
+            place = p.list("Scratch playlist").row(row)
+            place.act(1)
+            screen.click(place.inside(30), 3)
+            screen.click(p.pop_up()[item].centre())
+
+        with Program(*command, scale=scale, environment=environment) as p:
 
             def press(name, role="push button"):
                 """As an assistive tool presses it: wherever it is."""
                 wait(lambda: p.things(name, role, showing=False), f'"{name}"')
                 p.things(name, role, showing=False)[0].act()
-
-            def picture(name):
-                time.sleep(0.4)
-                screen.picture(str(out / f"{name}.png"))
 
             p.find("A Warm Welcome to Plimo!", "panel")
             picture("first-run")
@@ -71,11 +79,13 @@ def take(binary, out, scale=1, dark=False, for_documents=False):
             for row in (0, 1, 4, 8, 11):
                 p.list("Artists").child(row).act()
             p.list("Artists").child(0).act(1)
+            scratch = p.list("Scratch playlist")
+            add = p.things("Add to playlist", "push button", showing=False)[0]
             for row in (0, 7, 14, 2, 19, 8, 5, 17, 10, 13):
-                p.list("Scratch playlist").child(row).act()
-                p.things("Add to playlist", "push button", showing=False)[0].act()
-                wait(lambda: not p.list("Scratch playlist").selected(), "the song to be added")
-            p.list("Scratch playlist").child(1).act()
+                scratch.child(row).act()
+                add.act()
+                wait(lambda: not scratch.child(row).has("selected"), "the song to be added")
+            scratch.child(1).act()
             press("Play all songs on the final playlist")
             p.find("Pause", "push button")
             wait(lambda: p.find("Place in the song", "slider").has("enabled"), "the song")
@@ -102,12 +112,29 @@ def take(binary, out, scale=1, dark=False, for_documents=False):
             p.find("Drive Selection", "panel")
             next(b for b in p.things("Cancel", "push button")).act()
             p.gone("Drive Selection", "panel")
-            screen.click(p.list("Scratch playlist").row("First Snow").inside(30), 3)
-            screen.click(p.pop_up()["Copy Selected files to .."].centre())
+            from_menu(p, "Paper Boats", "Information")
+            p.box_text()
+            picture("information")
+            p.answer()
+            from_menu(p, "Paper Boats", "Copy Selected files to ..")
             p.find("Copy Files to ..", "panel")
             picture("copy")
             p.things("Cancel", "push button")[0].act()
             p.gone("Copy Files to ..", "panel")
+            from_menu(p, "Paper Boats", "Rename")
+            p.find("Rename", "dialog")
+            picture("rename")
+            screen.key("Escape")
+            p.gone("Rename", "dialog")
+            (library / "Albums" / "Anna Berg" / "Anna Berg - Paper Boats.mp3").unlink()
+            from_menu(p, "Paper Boats", "Delete Selected")
+            p.box_text()
+            picture("question")
+            p.answer("Yes")
+            picture("failure")
+            p.answer()
+            picture("offer")
+            p.answer("No")
             p.choose("View", "Compact")
             p.gone("Artists", "list")
             time.sleep(0.8)
@@ -135,6 +162,16 @@ def take(binary, out, scale=1, dark=False, for_documents=False):
             p.choose("Help", "What's Plimo! all about")
             p.find("A Warm Welcome to Plimo!", "panel")
             picture("welcome")
+
+        with Program(*SLOW_DISK, *command, scale=scale, environment=environment) as p:
+            wait(lambda: p.sees("Artists", "list") and p.list("Artists").count() > 20, "the artists", 20)
+            p.list("Artists").child(0).act()
+            wait(lambda: p.list("Scratch playlist").count() > 4, "songs")
+            from_menu(p, "The Long Way Round", "Copy Selected files to ..")
+            screen.click(p.find("Start Copying", "push button").centre())
+            wait(lambda: p.at_work("Copying"), "the panel that tells how far it is")
+            picture("please-wait", 0)
+            p.process.kill()
     return 0
 
 

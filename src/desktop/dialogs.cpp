@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,7 +15,10 @@ namespace plimo {
 
 namespace {
 
-constexpr int widestText = 640;  // pixels, in a window of the designed size
+// Pixels, on a screen that has room for the designed window.
+constexpr int widestText = 640;
+constexpr int inputWidth = 480;
+constexpr int air = 20;  // between a box's edges and what is in it
 
 QString title() { return QString::fromUtf8(programName); }
 
@@ -29,9 +33,26 @@ class Box : public QMessageBox {
     if (auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
       label->setWordWrap(true);
       label->setMinimumWidth(
-          std::min(scaled(widestText),
+          std::min(scaledForBoxes(widestText),
                    label->fontMetrics().boundingRect(QRect(0, 0, 4000, 4000), 0, this->text()).width() + spacing()));
     }
+    giveAir();
+  }
+
+ private:
+  void giveAir() {
+    auto* grid = qobject_cast<QGridLayout*>(layout());
+    if (grid == nullptr) return;
+    const int edge = scaledForBoxes(air);
+    grid->setContentsMargins(edge, edge, edge, edge);
+    grid->setVerticalSpacing(edge / 2);
+    // The toolkit indents a text that has no picture beside it; it is to stand in line with the rest.
+    QLayoutItem* first = grid->itemAtPosition(0, 0);
+    if (icon() == NoIcon && first != nullptr && first->spacerItem() != nullptr) {
+      first->spacerItem()->changeSize(0, 0);
+      grid->setHorizontalSpacing(0);
+    }
+    grid->invalidate();
   }
 };
 
@@ -82,8 +103,11 @@ std::string DesktopDialogs::input(const std::string& boxTitle, const std::string
   box.setLabelText(qstring(prompt));
   const QString shown = nativeName(proposed);
   box.setTextValue(shown);
-  constexpr int width = 480;
-  box.resize(width, box.sizeHint().height());
+  static_cast<void>(box.sizeHint());  // the toolkit lays it out when it is asked for its size
+  const int edge = scaledForBoxes(air);
+  box.layout()->setContentsMargins(edge, edge, edge, edge);
+  box.layout()->setSpacing(edge / 2);
+  box.setFixedSize(scaledForBoxes(inputWidth), box.sizeHint().height());
   if (box.exec() != QDialog::Accepted) return {};
   // A name left as it was keeps its bytes, whatever could be shown of them.
   return box.textValue() == shown ? proposed : nativeBytes(box.textValue());

@@ -224,6 +224,8 @@ double windowScale() { return scales().window; }
 
 int scaled(int pixels) { return std::max(1, static_cast<int>(std::lround(pixels * windowScale()))); }
 
+int scaledForBoxes(int pixels) { return std::max(1, static_cast<int>(std::lround(pixels * scales().screen))); }
+
 QString scaledSheet(QString sheet) { return withPixels(std::move(sheet), windowScale()); }
 
 QString windowSheet() { return windowScale() == scales().screen ? QString() : scaledSheet(sheetOf(current())); }

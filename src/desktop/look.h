@@ -44,6 +44,8 @@ void setWindowSize(QSize size);
 double windowScale();
 // Pixels in a window of the designed size, in the window as it is; never less than 1.
 int scaled(int pixels);
+// The same for menus and boxes, which follow the screen and not the window.
+int scaledForBoxes(int pixels);
 // A style sheet with its sizes in pixels scaled likewise.
 QString scaledSheet(QString sheet);
 // The application's style sheet for what stands on the window; empty where it is right as it is.

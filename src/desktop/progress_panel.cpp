@@ -20,9 +20,15 @@ ProgressPanel::ProgressPanel(QWidget* window) : QWidget(window), cancel_(new QPu
   hide();
 }
 
+int ProgressPanel::textHeight() const {
+  return QFontMetrics(titleFont()).height() + spacing() + 2 * (QFontMetrics(font()).height() + spacing() / 2) + 2 +
+         scaled(6);
+}
+
 QRect ProgressPanel::card() const {
   const int wanted = scaled(460);
-  const int height = scaled(150);
+  const int button = cancel_->isHidden() ? 0 : 2 * spacing() + cancel_->sizeHint().height();
+  const int height = textHeight() + button + 4 * spacing();
   QRect place(0, 0, std::min(wanted, width() - 2 * spacing()), std::min(height, this->height() - 2 * spacing()));
   place.moveCenter(rect().center());
   return place;

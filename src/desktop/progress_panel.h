@@ -27,6 +27,7 @@ class ProgressPanel : public QWidget {
 
  private:
   QRect card() const;
+  int textHeight() const;  // title, two lines and the bar
 
   QPushButton* cancel_;
   QString title_;

@@ -7,6 +7,7 @@ import screen
 import songs
 from cases import check, current, equal
 from screen import wait
+from window import SLOW_DISK
 
 ALDER = [" Ash", " Birch", " Cedar", " Damson", " Elm"]
 DELETE_SELECTED = "You are gonna have to say goodbye to the selected files! You sure ??"
@@ -17,10 +18,6 @@ NO_SCAN = ("You have chosen not to scan any drive in 'Preferences'. Please choos
            "incorporate the changes")
 NEW_NAME = ("Please enter the new name for this file (without the extension) \r\n"
             "EXISTING FILES WILL BE OVERWRITTEN SO DON'T BLAME ME LATER!")
-
-# Starts a program on a disk so slow that a song's copy or deletion can be watched: each step of either is held up.
-SLOW_DISK = ["strace", "-D", "-f", "-qq", "-o", "/dev/null", "-e", "trace=copy_file_range,?unlink,unlinkat",
-             "-e", "inject=copy_file_range:delay_exit=60000", "-e", "inject=?unlink,unlinkat:delay_exit=100000"]
 
 
 def _scratch(world, *before, scan=False):
@@ -297,19 +294,10 @@ def a_copy_that_is_cancelled_copies_nothing(world):
 # --- On a slow disk ---
 
 
-def _large_song(world, title, megabytes):
-    """A song that is mostly a hole, with something in each megabyte that would be missed."""
-    with open(_song(world, title), "r+b") as song:
-        for number in range(megabytes):
-            song.seek((number << 20) + (1 << 19))
-            song.write(b"megabyte %d" % number)
-        song.truncate(megabytes << 20)
-
-
 def _begin_a_long_copy(world, megabytes):
     """The program in the midst of copying a small and a large song. Its button, and its panel."""
     p = _scratch(world, *SLOW_DISK)
-    _large_song(world, "Birch", megabytes)
+    songs.enlarge(str(_song(world, "Birch")), megabytes)
     p.click_row("Scratch playlist", "Ash")
     screen.key("shift+Down")
     _to_the_stick(p, world)

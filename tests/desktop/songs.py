@@ -15,6 +15,15 @@ def write_song(path, seconds=1.0):
         song.write(FRAME * max(4, round(seconds / FRAME_SECONDS)))
 
 
+def enlarge(path, megabytes):
+    """Makes a song so large, mostly by a hole, with something in each megabyte that would be missed."""
+    with open(path, "r+b") as song:
+        for number in range(megabytes):
+            song.seek((number << 20) + (1 << 19))
+            song.write(b"megabyte %d" % number)
+        song.truncate(megabytes << 20)
+
+
 PLAIN = {
     "Anna Berg": "Morning Light,First Snow,Letters Home,Paper Boats,The Long Way Round,Under the Lime Trees",
     "Blue Harbour": "Night Ferry,Salt,Lighthouse,Two Tides,Anchor Song",

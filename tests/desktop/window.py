@@ -18,6 +18,13 @@ from screen import Failure, wait  # noqa: E402
 LEAVES = {"push button", "check box", "radio button", "label", "slider", "list", "list item", "text"}
 
 
+# Words before a program that put it on a slow disk: each step of a copy (a megabyte) and each deletion is held up, so
+# that both can be watched.
+SLOW_DISK = ["strace", "-D", "-f", "--seccomp-bpf", "-qq", "-o", "/dev/null",
+             "-e", "trace=copy_file_range,?unlink,unlinkat", "-e", "inject=copy_file_range:delay_exit=60000",
+             "-e", "inject=?unlink,unlinkat:delay_exit=100000"]
+
+
 class Thing:
     """Something on the screen. What it says of itself is asked anew each time."""
 
@@ -205,7 +212,8 @@ class Program:
         tree = self.tree()
         for i in range(tree.get_child_count() if tree else 0):
             window = tree.get_child_at_index(i)
-            last = window.get_child_at_index(window.get_child_count() - 1) if window.get_child_count() else None
+            children = window.get_child_count()
+            last = window.get_child_at_index(children - 1) if children else None
             if last is not None and word in (last.get_name() or ""):
                 return Thing(last, self.scale)
         return None
