@@ -9,7 +9,7 @@ namespace plimo {
 
 [[noreturn]] void fail(ErrorNumber number, std::string_view path);
 
-// Full disks and used-up quotas are 61; everything else is `otherwise`.
+// Full disks and used-up quotas are 61, names that the disk cannot hold 52; everything else is `otherwise`.
 ErrorNumber writeFailure(int error, ErrorNumber otherwise);
 
 // True for an error that says that nothing stands at a path.

@@ -106,7 +106,7 @@ CopyResult copyContent(Copy& copy) {
 std::unique_ptr<FileReplacement> PosixFiles::replaceFile(std::string_view path, Force force) {
   WriteTarget target;
   if (!findWriteTarget(path, target)) {
-    fail(errno == ENOTDIR ? missingFolder(path) : ErrorNumber::pathFileAccess, path);
+    fail(errno == ENOTDIR ? missingFolder(path) : writeFailure(errno, ErrorNumber::pathFileAccess), path);
   }
   if (target.exists && !S_ISREG(target.status.st_mode)) fail(ErrorNumber::pathFileAccess, path);
   if (target.exists && force == Force::no && isReadOnly(target.path, target.status)) {
@@ -145,7 +145,7 @@ void PosixFiles::copyFile(std::string_view from, std::string_view to, bool overw
 
   WriteTarget target;
   if (!findWriteTarget(to, target)) {
-    fail(errno == ENOTDIR ? ErrorNumber::pathNotFound : ErrorNumber::permissionDenied, to);
+    fail(errno == ENOTDIR ? ErrorNumber::pathNotFound : writeFailure(errno, ErrorNumber::permissionDenied), to);
   }
   if (target.exists && !S_ISREG(target.status.st_mode)) fail(ErrorNumber::permissionDenied, to);
   if (target.exists && !overwrite) fail(ErrorNumber::fileExists, to);

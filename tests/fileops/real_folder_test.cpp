@@ -1,0 +1,344 @@
+// Deleting, renaming and copying by the whole program, without a window, in a folder of the real disk.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "app/test_program.h"
+#include "platform/posix/posix_files.h"
+#include "platform/temporary_folder.h"
+#include "platform/test_machines.h"
+
+namespace plimo {
+namespace {
+
+namespace fs = std::filesystem;
+using Files = std::vector<std::string>;
+
+// The program, started in the folder `home` on the disk; its songs may be anywhere.
+class RealProgram {
+ public:
+  RealProgram(FileSystemObject& files, const std::string& home)
+      : launcher_(files), program_(Platform{files, player_, dialogs, launcher_, pump_}), home_(home) {
+    writeFile(home_ + "/plimo.ini",
+              "0\r\n#TRUE#\r\n#FALSE#\r\n\"\"\r\n0\r\n0\r\n65535\r\n4194304\r\n65535\r\n4194304\r\n65535\r\n"
+              "\"4194304\"\r\n");
+  }
+
+  // Puts the songs into the catalogue and into the scratch playlist, where all are selected and the first is current.
+  void startWith(const Files& songs) {
+    std::string catalogue;
+    Files rows;
+    for (const std::string& path : songs) {
+      const SongName name = splitFileName(std::string_view(path).substr(path.rfind('/') + 1));
+      appendRecord(catalogue, {path, name.artist, name.second, name.title});
+      rows.emplace_back(displayName(name.title).value());
+    }
+    writeFile(home_ + "/plimo.kvx", catalogue);
+    const fs::path before = fs::current_path();
+    fs::current_path(home_);
+    program_.start();
+    fs::current_path(before);
+    std::vector<std::size_t> all(rows.size());
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+      form().List1.add(rows[row]);
+      all[row] = row;
+    }
+    form().List1.userSelect(all);
+    form().List1.setCurrent(0);
+  }
+
+  void rename(const std::string& name) {
+    dialogs.inputText = name;
+    form().rename.userClick();
+  }
+  void copyTo(const std::string& folder) {
+    form().cop.userClick();
+    form().Dir2.userPick(folder);
+    form().Command6.userClick();
+  }
+  void deleteSelected() {
+    dialogs.yesses = 1;  // sure, and no scan
+    form().ds.userClick();
+  }
+
+  Form1& form() { return program_.form1(); }
+
+  TestDialogs dialogs;
+
+ private:
+  MemoryPlayer player_;
+  MemoryLauncher launcher_;
+  QuietPump pump_;
+  Program program_;
+  std::string home_;
+};
+
+class RealFolder : public testing::Test {
+ protected:
+  RealFolder() : files_(std::vector<DriveRoot>{{'C', DriveType::fixed, folder_.path()}}), program_(files_, home()) {
+    makeFolders(music());
+    makeFolders(out());
+  }
+
+  std::string home() const { return folder_ / "home"; }
+  std::string music() const { return folder_ / "music"; }
+  std::string out() const { return folder_ / "out"; }
+
+  // A song that holds its own name.
+  std::string song(const std::string& name) {
+    std::string path = music() + "/" + name;
+    writeFile(path, name);
+    return path;
+  }
+
+  static Files namesIn(const std::string& folder) {
+    Files names;
+    for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+  static std::string content(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  }
+  static void expectReport(RealProgram& program, const std::string& start) {
+    ASSERT_EQ(program.dialogs.reports.size(), 1U);
+    EXPECT_EQ(program.dialogs.reports[0].substr(0, start.size()), start);
+  }
+
+  OrdinaryUser user_;
+  TemporaryFolder folder_;
+  PosixFiles files_;
+  RealProgram program_;
+};
+
+struct OddName {
+  const char* is;
+  std::string name;
+};
+
+const OddName oddNames[] = {
+    {"NoText", "caf\xE9 \xFF - danse \xFE.mp3"},
+    {"Quotes", R"(The "Quiet" Ones - Say "Hello".mp3)"},
+    {"Commas", "Marlow, Reed & Sons - Rain, Rain,.mp3"},
+    {"LongestName", "A - " + std::string(247, 'x') + ".mp3"},
+    {"LineBreak", "A - two\r\nlines.mp3"},
+    {"OtherMachinesSeparators", "A - b\\c:d*?|<>.mp3"},
+    {"Blanks", "  A -   b  .mp3"},
+    {"LeadingDash", "-rf *.mp3"},
+    {"Hidden", ".A - b.mp3"},
+};
+
+class OddlyNamed : public RealFolder, public testing::WithParamInterface<OddName> {
+ protected:
+  OddlyNamed() {
+    path_ = song(GetParam().name);
+    program_.startWith({path_, song("B - other.mp3")});
+  }
+
+  std::string path_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Song, OddlyNamed, testing::ValuesIn(oddNames),
+                         [](const auto& odd) { return std::string(odd.param.is); });
+
+TEST_P(OddlyNamed, IsDeleted) {
+  const std::size_t first[] = {0};
+  program_.form().List1.userSelect(first);
+  program_.deleteSelected();
+  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_EQ(namesIn(music()), Files{"B - other.mp3"});
+}
+
+TEST_P(OddlyNamed, IsRenamed) {
+  program_.rename("New");
+  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_EQ(namesIn(music()), (Files{"B - other.mp3", "New.mp3"}));
+  EXPECT_EQ(content(music() + "/New.mp3"), GetParam().name);
+}
+
+TEST_P(OddlyNamed, IsTheNameOfARenamedSong) {
+  program_.form().List1.setCurrent(1);
+  fs::remove(path_);
+  program_.rename(GetParam().name.substr(0, GetParam().name.size() - 4));
+  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_EQ(namesIn(music()), Files{GetParam().name});
+  EXPECT_EQ(content(path_), "B - other.mp3");
+}
+
+TEST_P(OddlyNamed, IsCopied) {
+  program_.copyTo(out());
+  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_EQ(namesIn(out()), namesIn(music()));
+  EXPECT_EQ(content(out() + "/" + GetParam().name), GetParam().name);
+}
+
+TEST_F(RealFolder, ARenamedAndACopiedSongKeepTheirTimeAndPermissions) {
+  const std::string path = song("A - b.mp3");
+  changeMode(path, 0640);
+  const timespec times[] = {{1000000000, 5}, {1100000000, 7}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+  program_.startWith({path});
+  program_.copyTo(out());
+  program_.rename("New");
+  for (const std::string& kept : {out() + "/A - b.mp3", music() + "/New.mp3"}) {
+    struct stat status {};
+    ASSERT_EQ(::stat(kept.c_str(), &status), 0) << kept;
+    EXPECT_EQ(status.st_mtim.tv_sec, 1100000000);
+    EXPECT_EQ(status.st_mtim.tv_nsec, 7);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+  }
+}
+
+TEST_F(RealFolder, ASongKeepsItsNameWhenItIsRenamedToItself) {
+  program_.startWith({song("A - b.mp3")});
+  program_.rename("A - b");
+  expectReport(program_, "Run-time error '70'");
+  EXPECT_EQ(content(music() + "/A - b.mp3"), "A - b.mp3");
+  EXPECT_EQ(program_.form().List1.count(), 1U);
+}
+
+TEST_F(RealFolder, AnotherCaseIsAnotherName) {
+  program_.startWith({song("A - b.MP3")});
+  program_.rename("a - B");
+  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_EQ(namesIn(music()), Files{"a - B.mp3"});
+}
+
+TEST_F(RealFolder, ASongIsNotRenamedOntoAnotherNameOfItself) {
+  const std::string path = song("A - b.mp3");
+  fs::create_hard_link(path, music() + "/twin.mp3");
+  fs::create_symlink("A - b.mp3", music() + "/link.mp3");
+  program_.startWith({path});
+  for (const char* name : {"twin", "link"}) {
+    program_.rename(name);
+    expectReport(program_, "Run-time error '70'");
+    program_.dialogs.reports.clear();
+    EXPECT_EQ(content(path), "A - b.mp3");
+  }
+}
+
+TEST_F(RealFolder, ANameThatTheDiskCannotHoldIsReported) {
+  program_.startWith({song("A - b.mp3")});
+  for (const std::string& name : {std::string("sub/b"), std::string("/b"), std::string("b/"), std::string(252, 'x')}) {
+    program_.rename(name);
+    expectReport(program_, "Run-time error '52'");
+    program_.dialogs.reports.clear();
+    EXPECT_EQ(namesIn(music()), Files{"A - b.mp3"});
+    EXPECT_EQ(program_.form().List1.count(), 1U);
+  }
+  program_.rename(std::string(251, 'x'));
+  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_EQ(namesIn(music()), Files{std::string(251, 'x') + ".mp3"});
+}
+
+TEST_F(RealFolder, AFolderIsNeverReplacedByASong) {
+  makeFolders(music() + "/New.mp3");
+  makeFolders(out() + "/A - b.mp3");
+  program_.startWith({song("A - b.mp3"), song("A - c.mp3")});
+  program_.copyTo(out());
+  EXPECT_EQ(namesIn(out()), (Files{"A - b.mp3", "A - c.mp3"}));
+  EXPECT_TRUE(fs::is_directory(out() + "/A - b.mp3"));
+  program_.rename("New");
+  expectReport(program_, "Run-time error '70'");
+  EXPECT_EQ(content(music() + "/A - b.mp3"), "A - b.mp3");
+  EXPECT_TRUE(fs::is_directory(music() + "/New.mp3"));
+}
+
+TEST_F(RealFolder, AReadOnlySongIsNotDeletedAndStaysBesideItsRenamedCopy) {
+  const std::string path = song("A - b.mp3");
+  changeMode(path, 0444);
+  program_.startWith({path, song("A - c.mp3")});
+  program_.deleteSelected();
+  EXPECT_EQ(program_.dialogs.messages, Files{"The File(s) could not be deleted due to some mysterical problem!"});
+  EXPECT_EQ(namesIn(music()), (Files{"A - b.mp3", "A - c.mp3"}));
+  program_.rename("New");
+  expectReport(program_, "Run-time error '70'");
+  EXPECT_EQ(namesIn(music()), (Files{"A - b.mp3", "A - c.mp3", "New.mp3"}));
+  EXPECT_EQ(content(music() + "/New.mp3"), "A - b.mp3");
+}
+
+TEST_F(RealFolder, ASongThatIsGoneIsReportedOrPassedOver) {
+  const Files songs{song("A - b.mp3"), song("A - c.mp3"), song("A - d.mp3")};
+  program_.startWith(songs);
+  fs::remove(songs[1]);
+  program_.copyTo(out());
+  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_EQ(namesIn(out()), (Files{"A - b.mp3", "A - d.mp3"}));
+  program_.deleteSelected();
+  EXPECT_EQ(program_.dialogs.messages.size(), 1U);
+  EXPECT_EQ(namesIn(music()), Files{"A - d.mp3"});
+  program_.rename("New");
+  expectReport(program_, "Run-time error '53'");
+  EXPECT_EQ(namesIn(music()), Files{"A - d.mp3"});
+}
+
+// While it lives, no file may grow beyond so many bytes: to the program, a full disk.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : before_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &usual_);
+    const rlimit small{bytes, usual_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+  ~FileSizeLimit() {
+    ::setrlimit(RLIMIT_FSIZE, &usual_);
+    std::signal(SIGXFSZ, before_);
+  }
+
+ private:
+  rlimit usual_{};
+  void (*before_)(int);
+};
+
+TEST_F(RealFolder, WhatFindsNoRoomIsNotThereAtAllAndTheSongStays) {
+  const std::string large(100000, 'x');
+  const std::string path = song("A - large.mp3");
+  writeFile(path, large);
+  program_.startWith({path, song("A - small.mp3")});
+  {
+    const FileSizeLimit limit(50000);
+    program_.copyTo(out());
+    EXPECT_FALSE(program_.dialogs.toldAnything()) << "the other songs are copied all the same";
+    program_.rename("New");
+  }
+  EXPECT_EQ(namesIn(out()), Files{"A - small.mp3"});
+  expectReport(program_, "Run-time error '61'");
+  EXPECT_EQ(namesIn(music()), (Files{"A - large.mp3", "A - small.mp3"}));
+  EXPECT_EQ(content(path), large);
+}
+
+TEST(RealFullDisk, ASongIsNeitherRenamedNorLost) {
+  PosixMachine machine;
+  std::string failure;
+  const bool shown = machine.onFullDisk(
+      [&](FileSystemObject& files, const std::string& folder) -> std::string {
+        fs::rename(folder + "/filler", folder + "/A - b.mp3");
+        const std::uint64_t size = files.fileSize(folder + "/A - b.mp3");
+        const std::string home = machine.root() + "/home";
+        makeFolders(home);
+        RealProgram program(files, home);
+        program.startWith({folder + "/A - b.mp3"});
+        program.rename("New");
+        if (program.dialogs.reports.empty()) return "nothing is reported";
+        if (!program.dialogs.reports[0].starts_with("Run-time error '61'")) return program.dialogs.reports[0];
+        if (files.contents(folder).files != Files{"A - b.mp3", "old"}) return "there are other files";
+        return files.fileSize(folder + "/A - b.mp3") == size ? "" : "the song is another";
+      },
+      failure);
+  if (!shown) GTEST_SKIP() << "no small disk can be made here";
+  EXPECT_EQ(failure, "");
+}
+
+}  // namespace
+}  // namespace plimo
