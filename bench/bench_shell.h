@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "app/program.h"
@@ -18,10 +19,13 @@ class Answers : public Dialogs {
  public:
   std::vector<bool> questions;  // taken from the front; none left: no
   std::string file;             // what the file dialogs give
+  std::string text;             // what is typed into a box, once
 
   void message(const std::string&) override {}
   bool question(const std::string&) override;
-  std::string input(const std::string&, const std::string&, const std::string&) override { return {}; }
+  std::string input(const std::string&, const std::string&, const std::string&) override {
+    return std::exchange(text, {});
+  }
   std::optional<std::string> openFile(const FileDialog&) override { return file; }
   std::optional<std::string> saveFile(const FileDialog&) override { return file; }
   [[noreturn]] void report(const RuntimeError& error) override;

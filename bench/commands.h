@@ -6,13 +6,15 @@
 #include <string>
 
 #include "bench_shell.h"
+#include "library.h"
 
 namespace plimo::bench {
 
-// The program with a catalogue of so many songs, 20 to an artist.
+// The program with a catalogue of so many songs, in its folder.
 struct Scene {
   BenchProgram& program;
   std::size_t songs;
+  Library library() const { return {songs, songs / songsOfArtist, Order::grouped}; }
   // The rows of a playlist that is opened, saved or played: a tenth of the songs, drawn from all over the catalogue.
   std::size_t playlistRows() const { return songs / 10; }
 };
@@ -25,6 +27,8 @@ struct Command {
 };
 
 std::span<const Command> commands();
+// What the last floor has come to: asking for it keeps the compiler from leaving its loop out.
+std::size_t lastTold();
 // Null for no such command.
 const Command* findCommand(const std::string& name);
 

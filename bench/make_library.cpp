@@ -12,8 +12,8 @@ constexpr const char* usage =
     "usage: plimo-bench-library tree ROOT SONGS FOLDERS [grouped|scattered]\n"
     "       plimo-bench-library catalogue FILE SONGS FOLDERS [grouped|scattered]\n"
     "\n"
-    "tree makes empty MP3 files in folders; catalogue writes the catalogue of such a library. An artist has 20 songs;\n"
-    "they stand together (grouped, the default) or as far apart as they can.\n";
+    "tree makes empty MP3 files in folders; catalogue writes the catalogue of such a library. An artist has 20 songs,\n"
+    "and one a tenth of all; they stand together (grouped, the default) or as far apart as they can.\n";
 
 int make(const std::vector<std::string>& words) {
   using plimo::bench::Library;

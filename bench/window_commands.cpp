@@ -1,7 +1,10 @@
 #include "window_commands.h"
 
+#include <QCoreApplication>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 
 #include "base/text.h"
 #include "bench_shell.h"
@@ -52,7 +55,7 @@ class Script {
     stage_.give(
         "untick all artists", [this] { hands_.click("Command14"); },
         [this] { return scratch().empty() && artistList().selectedCount() == 0; });
-    selectAll("tick all artists again");
+    listAll();
   }
 
   // By its handle, which is not to be seen while the strip is open.
@@ -74,12 +77,18 @@ class Script {
         command, [this] { hands_.click("Command13"); }, [this] { return scratch().count() == library_.songs; });
   }
 
-  void selectHalf(const std::string& command) {
+  // The same without being watched, for what comes next.
+  void listAll() {
+    openStrip("Picture1");
+    hands_.click("Command13");
+    if (!hands_.until([this] { return scratch().count() == library_.songs; })) throw std::runtime_error("no songs");
+  }
+
+  std::size_t half() { return library_.songs / 2; }
+
+  void selectHalf() {
     hands_.clickRow("List1", 0);
-    const std::size_t middle = scratch().count() / 2 - 1;
-    stage_.give(
-        command, [this, middle] { hands_.clickRow("List1", middle, Qt::ShiftModifier); },
-        [this, middle] { return scratch().selectedCount() == middle + 1; });
+    hands_.clickRow("List1", half() - 1, Qt::ShiftModifier);
   }
 
   void scratchPlaylist() {
@@ -90,12 +99,15 @@ class Script {
     stage_.give(
         "scroll to the end", [this] { hands_.press("List1", Qt::Key_End); },
         [this] { return scratch().current() == scratch().count() - 1; });
-    selectHalf("select half of the songs");
+    hands_.clickRow("List1", 0);
+    stage_.give(
+        "select half of the songs", [this] { hands_.clickRow("List1", half() - 1, Qt::ShiftModifier); },
+        [this] { return scratch().selectedCount() == half(); });
     openStrip("Picture2");
     stage_.give(
         "add half of the songs", [this] { hands_.click("Command1"); },
         [this] { return final().count() == library_.songs / 2; });
-    selectHalf("select half of the songs again");
+    selectHalf();
     openStrip("Picture2");
     stage_.give(
         "remove half of the songs", [this] { hands_.click("Command2"); },
@@ -105,7 +117,7 @@ class Script {
         "clear the scratch playlist", [this] { hands_.click("Command9"); }, [this] { return scratch().empty(); });
     openStrip("Picture1");
     hands_.click("Command14");
-    selectAll("tick all artists a third time");
+    listAll();
     openStrip("Picture3");
     stage_.give(
         "clear the final playlist", [this] { hands_.click("Command11"); }, [this] { return final().empty(); });
@@ -170,7 +182,7 @@ class Script {
   void songFiles() {
     openStrip("Picture1");
     hands_.click("Command14");
-    selectAll("tick all artists a fourth time");
+    listAll();
     const std::string file = lastSongPath(library_, folder_);
     std::ofstream(file) << "a song";
     hands_.clickRow("List1", lastSong());
@@ -181,7 +193,7 @@ class Script {
         [this, file] { return exists(folder_ + "/renamed.mp3") && !exists(file); });
     openStrip("Picture1");
     hands_.click("Command14");
-    selectAll("tick all artists a fifth time");
+    listAll();
     std::ofstream(file) << "a song";
     hands_.clickRow("List1", lastSong());
     hands_.answer(QMessageBox::Yes);
@@ -210,6 +222,35 @@ void prepareFolder(const Library& library, const std::string& folder) {
 
 void giveCommands(Stage& stage, const Library& library, const std::string& folder) {
   Script(stage, library, folder).play();
+}
+
+std::vector<double> scrollByPages(Stage& stage, const Library& library, std::size_t pages) {
+  Hands& hands = stage.hands;
+  const auto scratchFull = [&] { return stage.form().List1.count() == library.songs; };
+  stage.give(
+      "start", [] {}, [&] { return hands.shows("List2"); });
+  hands.click("Picture1");
+  hands.click("Command13");
+  if (!hands.until(scratchFull)) throw std::runtime_error("not all songs are listed");
+  hands.clickRow("List1", 0);
+  const QWidget* painted = hands.list("List1").viewport();
+  std::vector<double> times;
+  for (std::size_t page = 0; page < pages; ++page) {
+    hands.pause(5);
+    bool shown = false;
+    stage.watch.painting = [&](const QWidget& widget) { shown = shown || &widget == painted; };
+    const auto began = std::chrono::steady_clock::now();
+    hands.press("List1", Qt::Key_PageDown);
+    std::chrono::duration<double> passed{};
+    do {
+      QCoreApplication::processEvents();  // it comes back with the page painted and handed on
+      passed = std::chrono::steady_clock::now() - began;
+      if (passed > std::chrono::seconds(10)) throw std::runtime_error("no page is painted");
+    } while (!shown);
+    times.push_back(passed.count());
+  }
+  stage.watch.painting = nullptr;
+  return times;
 }
 
 }  // namespace plimo::bench

@@ -16,4 +16,7 @@ void prepareFolder(const Library& library, const std::string& folder);
 // Commands that show no progress, in the folder prepared.
 void giveCommands(Stage& stage, const Library& library, const std::string& folder);
 
+// Scrolls all songs by so many pages: the seconds from each key to the painted page.
+std::vector<double> scrollByPages(Stage& stage, const Library& library, std::size_t pages);
+
 }  // namespace plimo::bench
