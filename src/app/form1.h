@@ -107,6 +107,7 @@ class Form1 : public Form, public Form1Controls {
   void save2_Click();
   void untickArtists();
   void fillFromPlaylist(std::span<const std::string_view> paths);  // as they stand in the file
+  std::vector<std::size_t> rowsOfArtists();
 
   // --- Shuffle and sort, and which final list shows: playlists/form1_order.cpp ---
   void Shuffle_Click();

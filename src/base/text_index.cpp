@@ -84,16 +84,31 @@ void TextIndex::find(std::span<const std::string_view> texts, std::span<std::uin
   }
 }
 
-std::uint32_t TextIndex::add(std::string_view text) {
-  const std::uint64_t hashed = hash(text);
-  const std::uint32_t found = find(text, hashed);
-  if (found != none) return found;
+void TextIndex::add(std::span<const std::string_view> texts, std::span<std::uint32_t> numbers) {
+  constexpr std::size_t most = 64;
+  for (; texts.size() > most; texts = texts.subspan(most), numbers = numbers.subspan(most)) {
+    add(texts.first(most), numbers.first(most));
+  }
+  std::array<std::uint64_t, most> hashes;
+  std::array<Slot, most> slots;  // as they stand before the first of these texts
+  for (std::size_t i = 0; i < texts.size(); ++i) hashes[i] = hash(texts[i]);
+  for (std::size_t i = 0; i < texts.size(); ++i) slots[i] = slots_[firstPlace(hashes[i])];
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const bool likely = slots[i].number != none && slots[i].tag == hashes[i] >> 32;
+    numbers[i] = likely && texts_[slots[i].number] == texts[i] ? slots[i].number : add(texts[i], hashes[i]);
+  }
+}
+
+std::uint32_t TextIndex::add(std::string_view text, std::uint64_t hash) {
   if ((texts_.size() + 1) * 2 > slots_.size()) grow();
   const std::size_t mask = slots_.size() - 1;
-  std::size_t place = hashed & mask;
-  while (slots_[place].number != none) place = (place + 1) & mask;
+  const auto tag = static_cast<std::uint32_t>(hash >> 32);
+  std::size_t place = hash & mask;
+  for (; slots_[place].number != none; place = (place + 1) & mask) {
+    if (slots_[place].tag == tag && texts_[slots_[place].number] == text) return slots_[place].number;
+  }
   const auto number = static_cast<std::uint32_t>(texts_.size());
-  slots_[place] = {static_cast<std::uint32_t>(hashed >> 32), number};
+  slots_[place] = {tag, number};
   texts_.push_back(text);
   return number;
 }

@@ -22,13 +22,16 @@ class TextIndex {
   // for the memory overlap.
   void find(std::span<const std::string_view> texts, std::span<std::uint32_t> numbers) const;
   // Adds the text where it is new; its number either way.
-  std::uint32_t add(std::string_view text);
+  std::uint32_t add(std::string_view text) { return add(text, hash(text)); }
+  // The same for many texts, one after the other, into as many numbers: quicker for the same reason.
+  void add(std::span<const std::string_view> texts, std::span<std::uint32_t> numbers);
   std::size_t size() const { return texts_.size(); }
   std::string_view text(std::uint32_t number) const { return texts_[number]; }
 
  private:
   static std::uint64_t hash(std::string_view text);
   std::uint32_t find(std::string_view text, std::uint64_t hash) const;
+  std::uint32_t add(std::string_view text, std::uint64_t hash);
   // The table's place where to look first for a text with this hash.
   std::size_t firstPlace(std::uint64_t hash) const { return hash & (slots_.size() - 1); }
   void grow();

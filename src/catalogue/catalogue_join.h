@@ -73,7 +73,7 @@ class CatalogueJoin {
                 KeyOf keyOf, ValueOf valueOf)
       : groupOfKey_(keys.size()) {
     TextIndex index(keys.size());
-    for (std::size_t i = 0; i < keys.size(); ++i) groupOfKey_[i] = index.add(keys[i]);
+    index.add(keys, groupOfKey_);
     const auto look = [&](Matches& found, std::span<const CatalogueRecord> records) {
       found.wanted.clear();
       for (const CatalogueRecord& record : records) found.wanted.add(sourceOf(record), keyOf);

@@ -24,11 +24,24 @@ std::optional<std::size_t> ListBox::firstSelected() const {
   return static_cast<std::size_t>(found - rows_.begin());
 }
 
+// Most rows are told apart by their lengths, without a look at their texts.
+inline bool ListBox::reads(std::size_t row, std::string_view wanted) const {
+  return rows_[row].length == wanted.size() && text(row) == wanted;
+}
+
 std::optional<std::size_t> ListBox::find(std::string_view wanted) const {
   for (std::size_t row = 0; row < rows_.size(); ++row) {
-    if (text(row) == wanted) return row;
+    if (reads(row, wanted)) return row;
   }
   return std::nullopt;
+}
+
+std::vector<std::size_t> ListBox::findAll(std::string_view wanted) const {
+  std::vector<std::size_t> found;
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    if (reads(row, wanted)) found.push_back(row);
+  }
+  return found;
 }
 
 ListBox::Row ListBox::store(std::string_view text) {
@@ -102,15 +115,18 @@ void ListBox::assign(const ListBox& other) {
 }
 
 void ListBox::assign(const ListBox& other, std::span<const std::size_t> positions) {
-  forgetRows();
-  rows_.clear();
-  rows_.reserve(positions.size());
+  std::vector<Row> rows;
+  if (&other != this) rows.swap(rows_);  // memory that is there already
+  rows.clear();
+  rows.reserve(positions.size());
   std::size_t used = 0;
   for (const std::size_t position : positions) {
     const Row& row = other.rows_[position];
     used += row.length;
-    rows_.push_back({row.offset, row.length, 0});
+    rows.push_back({row.offset, row.length, 0});
   }
+  forgetRows();
+  rows_ = std::move(rows);
   texts_ = other.texts_;
   unused_ = texts_.size() - used;
   compactStore();
@@ -164,40 +180,37 @@ void ListBox::remove(std::size_t row) {
   compactStore();
 }
 
-void ListBox::removeFlagged(const std::vector<bool>& removed) {
-  const std::size_t before = rows_.size();
-  std::size_t kept = 0;
-  std::size_t place = current_ ? *current_ : removedText_ ? removedPlace_ : 0;
-  const std::size_t watched = place;
-  for (std::size_t row = 0; row < before; ++row) {
-    if (!removed[row]) {
-      rows_[kept++] = rows_[row];
-      continue;
-    }
-    unused_ += rows_[row].length;
-    selectedCount_ -= rows_[row].selected;
-    if (row < watched) --place;
-    if (current_ && *current_ == row) {
-      removedText_ = text(row);
-      current_.reset();
-    }
+void ListBox::removeAll(std::span<const std::size_t> rows) {
+  if (rows.empty()) return;
+  const std::size_t watched = current_ ? *current_ : removedText_ ? removedPlace_ : 0;
+  const auto above = std::lower_bound(rows.begin(), rows.end(), watched);
+  if (current_ && above != rows.end() && *above == watched) {
+    removedText_ = text(watched);
+    current_.reset();
   }
-  if (kept == before) return;
-  if (current_) {
-    current_ = place;
-  } else {
-    removedPlace_ = place;
+  const std::size_t place = watched - static_cast<std::size_t>(above - rows.begin());
+  (current_ ? *current_ : removedPlace_) = place;
+
+  const auto at = [this](std::size_t row) { return rows_.begin() + static_cast<std::ptrdiff_t>(row); };
+  auto kept = at(rows.front());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    unused_ += rows_[rows[i]].length;
+    selectedCount_ -= rows_[rows[i]].selected;
+    kept = std::copy(at(rows[i] + 1), i + 1 < rows.size() ? at(rows[i + 1]) : rows_.end(), kept);
   }
-  rows_.resize(kept);
+  rows_.erase(kept, rows_.end());
   changes_.reset = changes_.selection = changes_.current = true;
   compactStore();
 }
 
 void ListBox::removeSelected() {
   if (selectedCount_ == 0) return;
-  std::vector<bool> removed(rows_.size());
-  for (std::size_t row = 0; row < rows_.size(); ++row) removed[row] = selected(row);
-  removeFlagged(removed);
+  std::vector<std::size_t> removed;
+  removed.reserve(selectedCount_);
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    if (selected(row)) removed.push_back(row);
+  }
+  removeAll(removed);
 }
 
 bool ListBox::setState(std::size_t row, bool selected) {
@@ -229,7 +242,7 @@ void ListBox::setSelectedQuietly(std::span<const std::size_t> rows, bool selecte
 
 void ListBox::selectText(std::string_view wanted) {
   for (std::size_t row = 0; row < rows_.size(); ++row) {
-    if (text(row) == wanted) setState(row, true);
+    if (reads(row, wanted)) setState(row, true);
   }
 }
 

@@ -48,6 +48,8 @@ class ListBox : public Control {
   std::optional<std::size_t> firstSelected() const;
   // The first row with this text.
   std::optional<std::size_t> find(std::string_view text) const;
+  // Every row with this text, in order.
+  std::vector<std::size_t> findAll(std::string_view text) const;
 
   void clear();
   void add(std::string_view text);
@@ -59,11 +61,11 @@ class ListBox : public Control {
   void addAll(const ListBox& other);
   // Makes this list's rows those of `other`, unselected; no row is current.
   void assign(const ListBox& other);
-  // The same with its rows at the given positions only, in that order.
+  // The same with its rows at the given positions only, in that order. `other` may be this list.
   void assign(const ListBox& other, std::span<const std::size_t> positions);
   void remove(std::size_t row);
-  // Removes every row whose flag is set, in one pass. `removed` has one flag a row.
-  void removeFlagged(const std::vector<bool>& removed);
+  // Removes the rows at these places, which rise, in one pass.
+  void removeAll(std::span<const std::size_t> rows);
   void removeSelected();
 
   // In a check-box list a changed row becomes current and its tick is raised; setting a state again does nothing.
@@ -138,6 +140,7 @@ class ListBox : public Control {
     bool top = false;
   };
 
+  bool reads(std::size_t row, std::string_view wanted) const;
   Row store(std::string_view text);
   void sortRows();
   void forgetRows();

@@ -110,7 +110,7 @@ void DesktopPump::copied(const CopyProgress& progress) {
   }
   if (!due() || panel_ == nullptr) return;
   const double ofFile =
-      progress.size > 0 ? static_cast<double>(progress.bytes) / static_cast<double>(progress.size) : 1;
+      progress.size > 0 ? static_cast<double>(progress.bytes) / static_cast<double>(progress.size) : 0;
   const double done = static_cast<double>(progress.file > 0 ? progress.file - 1 : 0) + ofFile;
   panel_->tell(
       qstring(progress.name),

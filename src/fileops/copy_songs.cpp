@@ -19,6 +19,9 @@ void copySongs(FileSystemObject& files, EventPump& pump, const std::string& cata
   for (std::size_t name = 0; name < order.names.size(); ++name) {
     for (const std::string_view path : found.of(name)) {
       ++progress.file;
+      progress.name = files.fileName(path);
+      progress.bytes = progress.size = 0;
+      panel.copied(progress);  // whatever becomes of it: many files that are not copied take their time, too
       if (!files.fileExists(path)) {
         if (progress.file == 1) throw RuntimeError(ErrorNumber::fileNotFound, std::string(path));
         continue;
@@ -27,7 +30,6 @@ void copySongs(FileSystemObject& files, EventPump& pump, const std::string& cata
         if (progress.file == 1) throw RuntimeError(ErrorNumber::pathNotFound, folder);
         continue;
       }
-      progress.name = files.fileName(path);
       const std::string target = files.join(folder, progress.name);
       if (files.fileExists(target)) {
         present(progress.name);

@@ -69,7 +69,7 @@ void appendSongs(FileSystemObject& files, const std::string& catalogue, std::spa
 void removeSongs(FileSystemObject& files, const std::string& catalogue, std::string_view artist, ListBox& songs) {
   const Names names(files, catalogue, std::span(&artist, 1),
                     [](std::string_view title) { return std::optional(before(title, '.')); });
-  songs.removeFlagged(rowsRemovedByWalks(rowTexts(songs), names.of(0)));
+  songs.removeAll(removedByWalks(rowTexts(songs), names.of(0)));
 }
 
 }  // namespace plimo

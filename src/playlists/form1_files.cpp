@@ -113,32 +113,34 @@ void Form1::fillFromPlaylist(std::span<const std::string_view> paths) {
       });
 
   ListBox& list = finalList();
-  TextIndex artistRows(List2.count());
-  std::vector<std::size_t> rowOfNumber;
-  for (std::size_t row = 0; row < List2.count(); ++row) {
-    if (artistRows.add(List2.text(row)) == rowOfNumber.size()) rowOfNumber.push_back(row);
-  }
-  std::vector<std::size_t> toTick;
   std::string key;
   for (std::size_t item = 0; item < paths.size(); ++item) {
     for (const Song& song : songs.of(item)) {
       artistKey(song.artist, key);
       List3.add(key);
-      const std::uint32_t number = artistRows.find(key);
-      if (number != TextIndex::none) toTick.push_back(rowOfNumber[number]);
       if (const auto name = displayName(song.title)) list.add(*name);
     }
     // A broken end is met at the end of the first item's reading, with its songs already listed.
     if (catalogue.broken()) throw RuntimeError(*catalogue.broken());
   }
-  // An artist once, where it comes first.
+  tickArtists(rowsOfArtists());
+}
+
+// The rows of the artists in List3, each where it comes first. No artist has two rows.
+std::vector<std::size_t> Form1::rowsOfArtists() {
+  TextIndex index(List2.count());
+  std::vector<std::uint32_t> rows(List2.count());
+  index.add(rowTexts(List2), rows);
+  std::vector<std::uint32_t> wanted(List3.count());
+  index.find(rowTexts(List3), wanted);
   std::vector<bool> seen(List2.count());
-  std::erase_if(toTick, [&seen](std::size_t row) {
-    const bool again = seen[row];
+  std::vector<std::size_t> found;
+  for (const std::uint32_t row : wanted) {
+    if (row == TextIndex::none || seen[row]) continue;
     seen[row] = true;
-    return again;
-  });
-  tickArtists(toTick);
+    found.push_back(row);
+  }
+  return found;
 }
 
 void Form1::Command4_Click() {

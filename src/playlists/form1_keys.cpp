@@ -1,6 +1,5 @@
 // What the song lists do at single keys, and their pop-up menus.
 #include "app/form1.h"
-#include "playlists/artist_songs.h"
 #include "playlists/row_rules.h"
 
 namespace plimo {
@@ -16,7 +15,7 @@ void selectCurrentSong(ListBox& list) {
 }
 
 void removeCurrentSong(ListBox& list) {
-  if (list.current()) list.removeFlagged(rowsRemovedByWalk(rowTexts(list), list.currentText()));
+  if (list.current()) list.removeAll(removedByWalk(list.findAll(list.currentText())));
 }
 
 }  // namespace
@@ -114,14 +113,13 @@ void Form1::finalListKey(ListBox& list, char KeyAscii) {
 void Form1::drop() {
   List6.clearSelection();
   if (pickedup.empty() || !List6.current()) return;
-  const std::string target = List6.currentText();
-  std::optional<std::size_t> song = List6.find(pickedup);
-  List3.assign(List6);
-  if (!song) {  // picked up, and removed since
-    song = List3.count();
-    List3.add(pickedup);
+  const std::vector<std::size_t> targets = List6.findAll(List6.currentText());
+  std::vector<std::size_t> songs = List6.findAll(pickedup);
+  if (songs.empty()) {  // picked up, and removed since
+    songs.push_back(List6.count());
+    List6.add(pickedup);
   }
-  List6.assign(List3, dropped(rowTexts(List3), *song, target));
+  List6.assign(List6, dropped(List6.count(), songs, targets));
   List3.clear();
   List6.setCurrent(List6.find(pickedup));
   pickedup.clear();

@@ -1,5 +1,6 @@
 #include "playlists/row_rules.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <numeric>
 
@@ -7,19 +8,20 @@
 
 namespace plimo {
 
-std::vector<bool> rowsRemovedByWalk(std::span<const std::string_view> rows, std::string_view text) {
-  std::vector<bool> removed(rows.size());
-  for (std::size_t row = 0; row < rows.size(); ++row) {
-    if (rows[row] != text) continue;
-    removed[row] = true;
-    ++row;  // what moves up is not looked at
+std::vector<std::size_t> removedByWalk(std::span<const std::size_t> places) {
+  std::vector<std::size_t> removed;
+  for (const std::size_t place : places) {
+    const bool movesUp = !removed.empty() && removed.back() + 1 == place;  // and is not looked at
+    if (!movesUp) removed.push_back(place);
   }
   return removed;
 }
 
-std::vector<bool> rowsRemovedByWalks(std::span<const std::string_view> rows, std::span<const std::string_view> names) {
+std::vector<std::size_t> removedByWalks(std::span<const std::string_view> rows,
+                                        std::span<const std::string_view> names) {
   TextIndex index(names.size());
-  for (const std::string_view name : names) index.add(name);
+  std::vector<std::uint32_t> numbers(names.size());
+  index.add(names, numbers);
   std::vector<std::vector<std::size_t>> places(index.size());  // where each name still stands, in order
   for (std::size_t row = 0; row < rows.size(); ++row) {
     const std::uint32_t name = index.find(rows[row]);
@@ -32,9 +34,9 @@ std::vector<bool> rowsRemovedByWalks(std::span<const std::string_view> rows, std
   std::iota(next.begin(), next.end(), std::size_t{1});
   for (std::size_t row = 0; row <= end; ++row) previous[row] = row == 0 ? end : row - 1;
 
-  std::vector<bool> removed(rows.size());
-  for (const std::string_view name : names) {
-    std::vector<std::size_t>& standing = places[index.find(name)];
+  std::vector<std::size_t> removed;
+  for (const std::uint32_t number : numbers) {
+    std::vector<std::size_t>& standing = places[number];
     std::size_t kept = 0;
     std::size_t passedOver = end;
     for (const std::size_t row : standing) {
@@ -42,22 +44,33 @@ std::vector<bool> rowsRemovedByWalks(std::span<const std::string_view> rows, std
         standing[kept++] = row;
         continue;
       }
-      removed[row] = true;
+      removed.push_back(row);
       passedOver = next[row];
       if (previous[row] != end) next[previous[row]] = next[row];
       previous[next[row]] = previous[row];
     }
     standing.resize(kept);
   }
+  std::sort(removed.begin(), removed.end());
   return removed;
 }
 
-std::vector<std::size_t> dropped(std::span<const std::string_view> rows, std::size_t song, std::string_view target) {
+std::vector<std::size_t> dropped(std::size_t count, std::span<const std::size_t> songs,
+                                 std::span<const std::size_t> targets) {
   std::vector<std::size_t> places;
-  places.reserve(rows.size() + 1);
-  for (std::size_t row = 0; row < rows.size(); ++row) {
-    if (rows[row] != rows[song]) places.push_back(row);
-    if (rows[row] == target) places.push_back(song);
+  places.reserve(count + targets.size());
+  auto song = songs.begin();
+  auto target = targets.begin();
+  for (std::size_t row = 0; row < count; ++row) {
+    if (song != songs.end() && *song == row) {
+      ++song;
+    } else {
+      places.push_back(row);
+    }
+    if (target != targets.end() && *target == row) {
+      places.push_back(songs.front());
+      ++target;
+    }
   }
   return places;
 }

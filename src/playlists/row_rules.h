@@ -8,16 +8,18 @@
 
 namespace plimo {
 
-// The rows that a walk by a running index removes: each row that equals the text goes, and the row that moves up into
-// its place is passed over. One flag a row.
-std::vector<bool> rowsRemovedByWalk(std::span<const std::string_view> rows, std::string_view text);
+// The rows that a walk by a running index removes, by their places, where the rows at these places (in rising order)
+// equal the text: each of them goes, and the row that moves up into its place is passed over.
+std::vector<std::size_t> removedByWalk(std::span<const std::size_t> places);
 
-// The same walk once for each of the names, one after the other. One flag a row.
-std::vector<bool> rowsRemovedByWalks(std::span<const std::string_view> rows, std::span<const std::string_view> names);
+// The rows that are gone when the same walk is done for each of the names, one after the other; in rising order.
+std::vector<std::size_t> removedByWalks(std::span<const std::string_view> rows,
+                                        std::span<const std::string_view> names);
 
-// The rows, by their places, after a song of the list has been dropped on the target: the song leaves every place where
-// it stands, and stands again behind every row that equals the target.
-std::vector<std::size_t> dropped(std::span<const std::string_view> rows, std::size_t song, std::string_view target);
+// So many rows, by their places, after a song has been dropped on a target: it leaves every place where it stands, of
+// which there is one at least, and stands again behind every target. Both in rising order.
+std::vector<std::size_t> dropped(std::size_t count, std::span<const std::size_t> songs,
+                                 std::span<const std::size_t> targets);
 
 // The order in which a shuffle deals the rows: first the even places, then the odd ones.
 std::vector<std::size_t> dealt(std::size_t count);

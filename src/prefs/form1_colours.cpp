@@ -1,4 +1,6 @@
 // The colour editor, and the way back from it and from the settings panel to the lists.
+#include <algorithm>
+
 #include "app/form1.h"
 #include "app/settings_file.h"
 #include "prefs/colour_scheme.h"
@@ -26,13 +28,17 @@ constexpr std::string_view finalSample[] = {"   ", "This is the Final Playlist"}
 
 // Removes the last row with each of the texts.
 void removeSample(ListBox& list, std::span<const std::string_view> sample) {
-  std::vector<bool> removed(list.count());
+  std::vector<std::size_t> removed;
+  const auto counted = [&removed](std::size_t row) {
+    return std::find(removed.begin(), removed.end(), row) != removed.end();
+  };
   for (const std::string_view text : sample) {
     std::size_t row = list.count();
-    while (row > 0 && (removed[row - 1] || list.text(row - 1) != text)) --row;
-    if (row > 0) removed[row - 1] = true;
+    while (row > 0 && (list.text(row - 1) != text || counted(row - 1))) --row;
+    if (row > 0) removed.push_back(row - 1);
   }
-  list.removeFlagged(removed);
+  std::sort(removed.begin(), removed.end());
+  list.removeAll(removed);
 }
 
 void showEditor(Form1& form, bool shown) {

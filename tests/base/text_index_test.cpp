@@ -48,5 +48,18 @@ TEST(TextIndex, FindsManyTextsAtOnceAsItFindsEachOne) {
   EXPECT_EQ(numbers[701], TextIndex::none);
 }
 
+TEST(TextIndex, AddsManyTextsAtOnceAsItAddsEachOne) {
+  std::deque<std::string> texts;
+  std::vector<std::string_view> views;
+  for (int i = 0; i < 3000; ++i) views.push_back(texts.emplace_back(std::to_string(i * 7919 % 1100)));
+  TextIndex oneByOne;
+  TextIndex atOnce;
+  std::vector<std::uint32_t> numbers(views.size());
+  atOnce.add(views, numbers);
+  for (std::size_t i = 0; i < views.size(); ++i) ASSERT_EQ(numbers[i], oneByOne.add(views[i])) << views[i];
+  EXPECT_EQ(atOnce.size(), 1100U);
+  EXPECT_EQ(atOnce.find("1099"), oneByOne.find("1099"));
+}
+
 }  // namespace
 }  // namespace plimo

@@ -75,7 +75,7 @@ TEST(ListBox, TheCurrentRowFollowsItsTextWhenRowsAboveItGo) {
   window.songs.setCurrent(2);
   window.songs.remove(0);
   EXPECT_EQ(window.songs.currentText(), "c");
-  window.songs.removeFlagged({true, false, false});
+  window.songs.removeAll(std::vector<std::size_t>{0});
   EXPECT_EQ(window.songs.currentText(), "c");
   EXPECT_EQ(window.songs.current(), 0U);
 }
@@ -92,7 +92,7 @@ TEST(ListBox, ARemovedCurrentRowsTextStaysCurrentUntilTheHandlerEnds) {
   });
   EXPECT_EQ(window.songs.currentText(), "c");
   window.songs.setCurrent(1);
-  window.dispatcher.run([&] { window.songs.removeFlagged({false, true}); });
+  window.dispatcher.run([&] { window.songs.removeAll(std::vector<std::size_t>{1}); });
   EXPECT_EQ(window.songs.currentText(), "c");
   window.dispatcher.run([&] { window.songs.remove(0); });
   EXPECT_EQ(window.songs.current(), std::nullopt);
@@ -109,13 +109,13 @@ TEST(ListBox, RemovingManyRowsAtOnceIsTheSameAsOneByOne) {
       reference.songs.setCurrent(current);
       window.songs.setSelected(3, true);
       reference.songs.setSelected(3, true);
-      std::vector<bool> removed(6);
-      for (std::size_t row = 0; row < 6; ++row) removed[row] = (flags >> row & 1U) != 0;
-      window.dispatcher.run([&] { window.songs.removeFlagged(removed); });
+      std::vector<std::size_t> removed;
+      for (std::size_t row = 0; row < 6; ++row) {
+        if ((flags >> row & 1U) != 0) removed.push_back(row);
+      }
+      window.dispatcher.run([&] { window.songs.removeAll(removed); });
       reference.dispatcher.run([&] {
-        for (std::size_t row = 6; row-- > 0;) {
-          if (removed[row]) reference.songs.remove(row);
-        }
+        for (std::size_t i = removed.size(); i-- > 0;) reference.songs.remove(removed[i]);
       });
       EXPECT_EQ(rows(window.songs), rows(reference.songs));
       EXPECT_EQ(window.songs.current(), reference.songs.current()) << flags << " " << current;
@@ -228,6 +228,15 @@ TEST(ListBox, AListFilledFromAnotherGoesItsOwnWay) {
   copy.addAll(window.songs);
   window.songs.clear();
   EXPECT_EQ(rows(copy), (Texts{"a", "b", "c", "d", "b", "c", "e"}));
+}
+
+TEST(ListBox, AListCanBePutInAnotherOrder) {
+  Window window;
+  window.fill(window.songs, {"a", "b", "c"});
+  Follower follower(window.songs);
+  window.dispatcher.run([&] { window.songs.assign(window.songs, std::vector<std::size_t>{2, 0, 2}); });
+  EXPECT_EQ(rows(window.songs), (Texts{"c", "a", "c"}));
+  EXPECT_EQ(follower.seen, rows(window.songs));
 }
 
 TEST(ListBox, AListFilledFromPlacesOfAnotherHoldsNoMoreThanThese) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <numeric>
 #include <random>
 #include <string>
@@ -20,17 +22,25 @@ void walk(std::vector<std::string_view>& rows, std::string_view text) {
   }
 }
 
-Texts kept(const Texts& rows, const std::vector<bool>& removed) {
+std::vector<std::size_t> placesOf(const Texts& rows, std::string_view text) {
+  std::vector<std::size_t> places;
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    if (rows[row] == text) places.push_back(row);
+  }
+  return places;
+}
+
+Texts kept(const Texts& rows, const std::vector<std::size_t>& removed) {
   Texts left;
   for (std::size_t row = 0; row < rows.size(); ++row) {
-    if (!removed[row]) left.push_back(rows[row]);
+    if (std::find(removed.begin(), removed.end(), row) == removed.end()) left.push_back(rows[row]);
   }
   return left;
 }
 
-TEST(RemovalByWalk, PassesOverTheRowThatMovesUp) {
-  EXPECT_EQ(kept({"a", "a", "b", "a"}, rowsRemovedByWalk(Texts{"a", "a", "b", "a"}, "a")), (Texts{"a", "b"}));
-}
+Texts afterWalk(const Texts& rows, std::string_view text) { return kept(rows, removedByWalk(placesOf(rows, text))); }
+
+TEST(RemovalByWalk, PassesOverTheRowThatMovesUp) { EXPECT_EQ(afterWalk({"a", "a", "b", "a"}, "a"), (Texts{"a", "b"})); }
 
 // Calls `check` with every list of so many rows at most that are a, b or c.
 template <class Check>
@@ -50,11 +60,11 @@ TEST(RemovalByWalk, IsTheSameAsRowByRowForAllSmallLists) {
   forAllSmallLists(7, [](const Texts& rows) {
     Texts expected = rows;
     walk(expected, "a");
-    ASSERT_EQ(kept(rows, rowsRemovedByWalk(rows, "a")), expected);
+    ASSERT_EQ(afterWalk(rows, "a"), expected);
     for (const Texts& names : {Texts{"a", "a"}, Texts{"b", "a", "b"}, Texts{"c", "a", "a", "d", "b", "a"}}) {
       expected = rows;
       for (const std::string_view name : names) walk(expected, name);
-      ASSERT_EQ(kept(rows, rowsRemovedByWalks(rows, names)), expected);
+      ASSERT_EQ(kept(rows, removedByWalks(rows, names)), expected);
     }
   });
 }
@@ -69,13 +79,15 @@ TEST(RemovalByWalk, IsTheSameAsRowByRowForLongLists) {
     for (int i = 0; i < 40; ++i) names.push_back(rows[random() % rows.size()]);
     Texts expected = rows;
     for (const std::string_view name : names) walk(expected, name);
-    ASSERT_EQ(kept(rows, rowsRemovedByWalks(rows, names)), expected);
+    ASSERT_EQ(kept(rows, removedByWalks(rows, names)), expected);
   }
 }
 
 Texts afterDrop(const Texts& rows, std::size_t song, std::string_view target) {
   Texts texts;
-  for (const std::size_t place : dropped(rows, song, target)) texts.push_back(rows[place]);
+  for (const std::size_t place : dropped(rows.size(), placesOf(rows, rows[song]), placesOf(rows, target))) {
+    texts.push_back(rows[place]);
+  }
   return texts;
 }
 
