@@ -110,6 +110,7 @@ void lastSongThere(Scene& scene) {
 // What the floors work on, made anew by each preparation.
 std::string bytes;
 std::vector<std::size_t> order;
+std::vector<std::uint64_t> numbers;
 std::size_t told = 0;
 
 void allBytes(Scene& scene) {
@@ -124,6 +125,17 @@ void anyOrder(Scene& scene) {
   order.resize(scene.program.form().List1.count());
   std::iota(order.begin(), order.end(), std::size_t{0});
   std::shuffle(order.begin(), order.end(), std::mt19937(1));
+}
+
+void firstBytes(Scene& scene) {
+  scratchFull(scene);
+  const ListBox& list = scene.program.form().List1;
+  numbers.assign(list.count(), 0);
+  for (std::size_t row = 0; row < list.count(); ++row) {
+    for (const char byte : list.text(row).substr(0, 8)) {
+      numbers[row] = numbers[row] << 8 | static_cast<unsigned char>(byte);
+    }
+  }
 }
 
 // Eight at a time, as the least that reading can be.
@@ -206,6 +218,8 @@ const Command table[] = {
        told = 0;
        for (const std::size_t row : order) told += static_cast<unsigned char>(list.text(row).front());
      }},
+    {"order", "(floor) the first eight bytes of all songs' names put in order as numbers", firstBytes,
+     [](Scene&) { std::sort(numbers.begin(), numbers.end()); }},
     {"append", "(floor) all songs appended one by one to an empty list",
      [](Scene& s) {
        scratchFull(s);
