@@ -70,19 +70,21 @@ void ListBox::add(std::string_view text) {
   changedRows(rows_.size() - 1, 1, 0);
 }
 
-void ListBox::makeRoom(std::size_t rows, std::size_t bytes) {
+// At least half as much again, so that many small steps do not copy all rows each time.
+void ListBox::makeRoom(std::size_t rows) {
   const std::size_t needed = rows_.size() + rows;
   if (needed > rows_.capacity()) rows_.reserve(std::max(needed, rows_.capacity() + rows_.capacity() / 2));
-  texts_.makeRoom(bytes);
 }
 
 void ListBox::addAll(std::span<const std::string_view> texts) {
   if (texts.empty()) return;
   const std::size_t old = rows_.size();
-  std::size_t bytes = 0;
-  for (const std::string_view text : texts) bytes += text.size();
-  makeRoom(texts.size(), bytes);
-  for (const std::string_view text : texts) rows_.push_back(store(text));
+  std::size_t offset = texts_.append(texts);
+  makeRoom(texts.size());
+  for (const std::string_view text : texts) {
+    rows_.push_back({offset, static_cast<std::uint32_t>(text.size()) & 0x7FFFFFFFU, 0});
+    offset += text.size();
+  }
   if (order_ == Order::sorted) {
     sortRows();
   } else {
@@ -96,7 +98,7 @@ void ListBox::addAll(const ListBox& other) {
   if (old == 0) {
     replaceRows(other);
   } else {
-    makeRoom(other.rows_.size(), other.texts_.size());
+    makeRoom(other.rows_.size());
     const std::size_t shift = texts_.append(other.texts_);
     unused_ += other.unused_;
     for (const Row& row : other.rows_) rows_.push_back({row.offset + shift, row.length, 0});

@@ -53,8 +53,6 @@ class ListBox : public Control {
 
   void clear();
   void add(std::string_view text);
-  // Makes room for so many more rows with so many bytes of text in all, which are about to be added.
-  void makeRoom(std::size_t rows, std::size_t bytes);
   // The same as add for each, but in one pass in a sorted list too. The texts must not be this list's own.
   void addAll(std::span<const std::string_view> texts);
   // All of the other list's rows, unselected.
@@ -142,6 +140,7 @@ class ListBox : public Control {
 
   bool reads(std::size_t row, std::string_view wanted) const;
   Row store(std::string_view text);
+  void makeRoom(std::size_t rows);
   void sortRows();
   void forgetRows();
   void replaceRows(const ListBox& other);

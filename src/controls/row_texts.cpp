@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <future>
 #include <new>
+#include <numeric>
 
 namespace plimo {
 
@@ -14,6 +16,32 @@ std::size_t RowTexts::append(std::string_view text) {
   const std::size_t offset = bytes_->size;
   if (!text.empty()) std::memcpy(bytes_->data.get() + offset, text.data(), text.size());
   bytes_->size += text.size();
+  return offset;
+}
+
+std::size_t RowTexts::append(std::span<const std::string_view> texts) {
+  // Texts from all over the memory are waited for, one by one: two threads wait for half as long.
+  constexpr std::size_t worthTwoThreads = 32768;
+  const auto sizeOf = [](std::span<const std::string_view> some) {
+    return std::accumulate(some.begin(), some.end(), std::size_t{0},
+                           [](std::size_t bytes, std::string_view text) { return bytes + text.size(); });
+  };
+  const std::span<const std::string_view> first =
+      texts.first(texts.size() < worthTwoThreads ? texts.size() : texts.size() / 2);
+  const std::span<const std::string_view> second = texts.subspan(first.size());
+  const std::size_t firstSize = sizeOf(first);
+  const std::size_t bytes = firstSize + sizeOf(second);
+  makeRoom(bytes);
+  const auto copy = [](std::span<const std::string_view> some, char* to) {
+    for (const std::string_view text : some) to = std::copy(text.begin(), text.end(), to);
+  };
+  const std::size_t offset = bytes_->size;
+  char* const begin = bytes_->data.get() + offset;
+  std::future<void> other;
+  if (!second.empty()) other = std::async(std::launch::async, [&] { copy(second, begin + firstSize); });
+  copy(first, begin);
+  if (other.valid()) other.get();
+  bytes_->size += bytes;
   return offset;
 }
 

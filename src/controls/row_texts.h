@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <string_view>
 
 namespace plimo {
@@ -17,6 +18,8 @@ class RowTexts {
 
   // Where the text begins from now on.
   std::size_t append(std::string_view text);
+  // The same for many texts, one behind the other.
+  std::size_t append(std::span<const std::string_view> texts);
   // All of the other's texts; what is to be added to their offsets from now on.
   std::size_t append(const RowTexts& other);
   // Makes room for so many more bytes: at least half as much again, so that many small steps do not move all bytes each

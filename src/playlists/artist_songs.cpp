@@ -54,16 +54,14 @@ std::vector<std::string_view> rowTexts(const ListBox& list) {
 void appendSongs(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> artists,
                  ListBox& songs) {
   const Names names(files, catalogue, artists, displayName);
-  std::size_t rows = 0;
-  std::size_t bytes = 0;
+  std::size_t count = 0;
+  for (std::size_t artist = 0; artist < artists.size(); ++artist) count += names.of(artist).size();
+  std::vector<std::string_view> rows;
+  rows.reserve(count);
   for (std::size_t artist = 0; artist < artists.size(); ++artist) {
-    for (const std::string_view name : names.of(artist)) bytes += name.size();
-    rows += names.of(artist).size();
+    rows.insert(rows.end(), names.of(artist).begin(), names.of(artist).end());
   }
-  songs.makeRoom(rows, bytes);
-  for (std::size_t artist = 0; artist < artists.size(); ++artist) {
-    for (const std::string_view name : names.of(artist)) songs.add(name);
-  }
+  songs.addAll(rows);
 }
 
 void removeSongs(FileSystemObject& files, const std::string& catalogue, std::string_view artist, ListBox& songs) {

@@ -209,6 +209,19 @@ TEST(ListBox, TheStoreDoesNotKeepWhatWasRemoved) {
   EXPECT_LT(window.songs.memory(), full);
 }
 
+TEST(ListBox, ManyTextsAddedAtOnceAreAddedInTheirOrder) {
+  Window window;
+  Texts texts;
+  for (int i = 0; i < 50000; ++i)
+    texts.push_back(std::string(static_cast<std::size_t>(i % 5), 'x') + std::to_string(i));
+  window.songs.add("first");
+  window.songs.addAll(std::vector<std::string_view>(texts.begin(), texts.end()));
+  window.songs.add("last");
+  texts.insert(texts.begin(), "first");
+  texts.emplace_back("last");
+  EXPECT_TRUE(rows(window.songs) == texts);
+}
+
 TEST(ListBox, AListFilledFromAnotherGoesItsOwnWay) {
   Window window;
   ListBox copy{window.form, "copy", ListBox::Style::multiSelection};
