@@ -1,11 +1,11 @@
 // plimo-bench-run: one measurement in a process of its own, told on one line.
 #include <cstdio>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "bench_shell.h"
 #include "commands.h"
+#include "own_memory.h"
 #include "stopwatch.h"
 
 namespace {
@@ -30,23 +30,11 @@ constexpr const char* usage =
     "artist "
     "list, the scratch and the final list.\n";
 
-// A line of /proc/self/status, in KiB.
-long status(const std::string& name) {
-  std::ifstream lines("/proc/self/status");
-  for (std::string word; lines >> word;) {
-    long value = 0;
-    if (word == name + ":" && lines >> value) return value;
-  }
-  return 0;
-}
-
-// What was held at most is counted from here on.
-void forgetPeak() { std::ofstream("/proc/self/clear_refs") << "5"; }
-
 void tell(const Lap& lap, BenchProgram& program) {
   plimo::Form1& form = program.form();
-  std::printf("%.6f %.6f %ld %ld %zu %zu %zu\n", lap.wall, lap.processor, status("VmRSS"), status("VmHWM"),
-              form.List2.count(), form.List1.count(), form.finalList().count());
+  const plimo::bench::OwnMemory memory = plimo::bench::ownMemory();
+  std::printf("%.6f %.6f %ld %ld %zu %zu %zu\n", lap.wall, lap.processor, memory.now, memory.most, form.List2.count(),
+              form.List1.count(), form.finalList().count());
 }
 
 void measure(const Command& command, std::size_t songs) {
@@ -54,7 +42,7 @@ void measure(const Command& command, std::size_t songs) {
   BenchProgram program({});
   Scene scene{program, songs};
   command.prepare(scene);
-  forgetPeak();
+  plimo::bench::forgetMost();
   const Stopwatch watch;
   command.act(scene);
   tell(watch.lap(), program);

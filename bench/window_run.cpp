@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "own_memory.h"
 #include "platform/posix/posix_files.h"
 #include "window_commands.h"
 #include "window_work.h"
@@ -26,7 +27,9 @@ constexpr const char* usage =
     "of\n"
     "the message loop (seconds by the wall, of the processor), the longest time between two paintings of the panel "
     "that\n"
-    "shows how far it is, and how often that was painted. scroll prints the seconds from a key to the painted page.\n";
+    "shows how far it is, and how often that was painted. scroll prints the seconds from a key to the painted page, "
+    "and at last what the process\n"
+    "holds in memory with all songs listed, and at most (KiB).\n";
 
 void tell(const Gap& gap, double betweenPaintings, std::size_t paintings) {
   if (!gap.done) throw std::runtime_error(gap.command + ": nothing came of it");
@@ -50,8 +53,14 @@ void scroll(std::size_t songs, const std::string& folder) {
   prepareFolder(library, folder);
   plimo::PosixFiles files({plimo::DriveRoot{'M', plimo::DriveType::fixed, "/srv"}});
   std::vector<double> times;
-  playWindow(files, [&](Stage& stage) { times = scrollByPages(stage, library, pages); });
+  OwnMemory memory;
+  forgetMost();
+  playWindow(files, [&](Stage& stage) {
+    times = scrollByPages(stage, library, pages);
+    memory = ownMemory();
+  });
   for (const double time : times) std::printf("%.6f\n", time);
+  std::printf("%ld %ld\n", memory.now, memory.most);
 }
 
 void work(std::size_t songs, std::size_t bytes, const std::string& folder) {
