@@ -7,9 +7,9 @@
 #include <deque>
 #include <span>
 #include <string>
-#include <thread>
 #include <utility>
 
+#include "base/at_once.h"
 #include "base/eight_bytes.h"
 #include "base/text.h"
 
@@ -142,14 +142,6 @@ class FoldedSort {
 
 constexpr std::size_t worthTwoThreads = 32768;
 
-// Does something with 0 and with 1, at the same time.
-template <class Work>
-void both(Work work) {
-  std::thread other([&work] { work(std::size_t{1}); });
-  work(std::size_t{0});
-  other.join();
-}
-
 // A word that about half of the entries' words are below.
 std::uint64_t middleWord(std::span<const Entry> entries) {
   std::array<std::uint64_t, 65> sample;
@@ -166,7 +158,7 @@ void sortInTwo(std::span<std::string_view> texts, std::vector<Entry>& entries) {
     return std::array{std::span(whole).first(half), std::span(whole).subspan(half)};
   };
   const auto given = halves(entries, entries.size() / 2);
-  both([&](std::size_t part) { sorts[part].readWords(given[part], 0); });
+  atOnce([&] { sorts[0].readWords(given[0], 0); }, [&] { sorts[1].readWords(given[1], 0); });
 
   const auto below = [middle = middleWord(entries)](const Entry& entry) { return entry.word < middle; };
   std::vector<Entry> parted(entries.size());
@@ -176,7 +168,7 @@ void sortInTwo(std::span<std::string_view> texts, std::vector<Entry>& entries) {
   entries.swap(parted);
   const auto wanted = halves(entries, lower);
   const auto spare = halves(parted, lower);
-  both([&](std::size_t part) { sorts[part].sort(wanted[part], spare[part], 0); });
+  atOnce([&] { sorts[0].sort(wanted[0], spare[0], 0); }, [&] { sorts[1].sort(wanted[1], spare[1], 0); });
 }
 
 }  // namespace

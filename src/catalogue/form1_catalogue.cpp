@@ -1,9 +1,9 @@
 // The catalogue written from the songs found, and the artist list read from it.
 #include <algorithm>
-#include <future>
 #include <memory>
 
 #include "app/form1.h"
+#include "base/at_once.h"
 #include "catalogue/artist_set.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/song_name.h"
@@ -35,17 +35,18 @@ void Form1::process() {
   showListFrames(false);
   const auto file = platform.files.replaceFile(ownFile(catalogueName), Force::yes);
   std::string piece;
-  std::string next;  // put together by a second thread meanwhile
+  std::string next;
   for (std::size_t row = 0; row < List3.count(); row += 2 * recordsInPiece) {
-    std::future<void> second;
-    if (row + recordsInPiece < List3.count()) {
-      second = std::async(std::launch::async, [&] { putTogether(next, platform.files, List3, row + recordsInPiece); });
+    const auto write = [&] {
+      putTogether(piece, platform.files, List3, row);
+      file->write(piece);
+    };
+    if (row + recordsInPiece >= List3.count()) {
+      write();
+    } else {
+      atOnce(write, [&] { putTogether(next, platform.files, List3, row + recordsInPiece); });
+      file->write(next);
     }
-    putTogether(piece, platform.files, List3, row);
-    file->write(piece);
-    if (!second.valid()) break;
-    second.get();
-    file->write(next);
   }
   file->commit();
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <future>
 #include <memory>
 #include <optional>
 #include <span>
@@ -10,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/at_once.h"
 #include "base/errors.h"
 #include "catalogue/batch_reader.h"
 #include "platform/file_system_object.h"
@@ -50,16 +50,13 @@ class OpenCatalogue {
     std::vector<Part> parts(middle < size() ? 2 : 1);
     BatchReader first(*view_, path_, 0);
     BatchReader second(*view_, path_, middle);
-    std::future<void> other;
-    if (parts.size() == 2) {
-      other = std::async(std::launch::async, [&] { fill(second, size(), parts[1]); });
+    if (parts.size() == 1) {
+      fill(first, size(), parts[0]);
+    } else {
+      atOnce([&] { fill(first, middle, parts[0]); }, [&] { fill(second, size(), parts[1]); });
     }
-    fill(first, middle, parts[0]);
     const bool met = parts.size() == 2 && first.position() == middle;
-    if (met) {
-      other.get();
-    } else if (parts.size() == 2) {  // no record begins there after all
-      other.wait();
+    if (parts.size() == 2 && !met) {  // no record begins there after all
       parts.pop_back();
       fill(first, size(), parts[0]);
     }

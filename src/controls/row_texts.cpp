@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <future>
 #include <new>
 #include <numeric>
+
+#include "base/at_once.h"
 
 namespace plimo {
 
@@ -37,10 +38,11 @@ std::size_t RowTexts::append(std::span<const std::string_view> texts) {
   };
   const std::size_t offset = bytes_->size;
   char* const begin = bytes_->data.get() + offset;
-  std::future<void> other;
-  if (!second.empty()) other = std::async(std::launch::async, [&] { copy(second, begin + firstSize); });
-  copy(first, begin);
-  if (other.valid()) other.get();
+  if (second.empty()) {
+    copy(first, begin);
+  } else {
+    atOnce([&] { copy(first, begin); }, [&] { copy(second, begin + firstSize); });
+  }
   bytes_->size += bytes;
   return offset;
 }

@@ -1,0 +1,38 @@
+#include "base/at_once.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <latch>
+#include <stdexcept>
+#include <thread>
+
+namespace plimo {
+namespace {
+
+TEST(AtOnce, BothAreUnderWayAtTheSameTime) {
+  std::latch both(2);  // neither gets past it alone
+  std::thread::id second;
+  atOnce([&both] { both.arrive_and_wait(); },
+         [&] {
+           both.arrive_and_wait();
+           second = std::this_thread::get_id();
+         });
+  EXPECT_NE(second, std::this_thread::get_id());
+  EXPECT_NE(second, std::thread::id());
+}
+
+TEST(AtOnce, WhatEitherThrowsIsThrownOnWhenBothAreDone) {
+  bool done = false;
+  EXPECT_THROW(atOnce([] { throw std::runtime_error("first"); },
+                      [&done] {
+                        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+                        done = true;
+                      }),
+               std::runtime_error);
+  EXPECT_TRUE(done);
+  EXPECT_THROW(atOnce([] {}, [] { throw std::logic_error("second"); }), std::logic_error);
+}
+
+}  // namespace
+}  // namespace plimo
