@@ -57,7 +57,7 @@ class Form1 : public Form, public Form1Controls {
 
   // --- Scans: catalogue/form1_scan.cpp ---
   void scandrives();
-  void findsubfolder(std::string_view folder);
+  bool findsubfolder(std::string_view folder);  // false: the user has ended the scan
   void Scan_Click();
   void sodf_Click();
   void Command17_Click();
@@ -245,7 +245,6 @@ class Form1 : public Form, public Form1Controls {
   bool onlysort = false;           // the last Accept chose not to scan
   bool settingscancelled = false;  // the preferences were cancelled
   bool otherdrives = false;        // the next scan walks the drives selected in List7
-  bool scancancelled = false;      // the user ended the last scan
   bool resizing = false;           // Form_Resize does nothing
   int invalidpath = 0;             // -1: the last Accept did not find Winamp
   // The lists' colours as read from the settings: text and background of List2, List1, List4.

@@ -52,16 +52,14 @@ void Form1::scandrives() {
     }
   }
   const ScanPanel panel(platform.pump);
-  scancancelled = false;
   for (const std::string& root : roots) {
-    findsubfolder(root);
-    if (scancancelled) break;
+    if (!findsubfolder(root)) break;
   }
 }
 
-void Form1::findsubfolder(std::string_view folder) {
+bool Form1::findsubfolder(std::string_view folder) {
   std::string inside;
-  const bool whole = platform.files.walk(
+  return platform.files.walk(
       folder, searchedLevels, isSongFile,
       [&](std::string_view song) {
         List3.add(song);
@@ -71,7 +69,6 @@ void Form1::findsubfolder(std::string_view folder) {
         inside = entered;
         return platform.pump.scanned(List3.count(), inside);
       });
-  if (!whole) scancancelled = true;
 }
 
 void Form1::Scan_Click() {

@@ -1,9 +1,8 @@
-#include <QKeyEvent>
 #include <QPainter>
-#include <QPushButton>
 
 #include "desktop/binder.h"
 #include "desktop/look.h"
+#include "desktop/pressable.h"
 
 namespace plimo {
 
@@ -12,9 +11,9 @@ namespace {
 // Designed in this colour, a button wears the window's look; any other colour is its own.
 constexpr Colour plain = 0xFFFFFF;
 
-class ButtonWidget : public QAbstractButton {
+class ButtonWidget : public Pressable {
  public:
-  explicit ButtonWidget(QWidget* parent) : QAbstractButton(parent) {
+  explicit ButtonWidget(QWidget* parent) : Pressable(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
   }
@@ -49,14 +48,6 @@ class ButtonWidget : public QAbstractButton {
     if (isDown()) textPlace.translate(0, 1);
     paintCaption(painter, textPlace, text(), Qt::AlignCenter);
     if (hasFocus()) paintRing(painter, rect(), radius());
-  }
-
-  void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-      click();
-    } else {
-      QAbstractButton::keyPressEvent(event);
-    }
   }
 
  private:

@@ -1,17 +1,16 @@
-#include <QAbstractButton>
-#include <QKeyEvent>
 #include <QPainter>
 
 #include "desktop/binder.h"
 #include "desktop/look.h"
+#include "desktop/pressable.h"
 
 namespace plimo {
 
 namespace {
 
-class PictureWidget : public QAbstractButton {
+class PictureWidget : public Pressable {
  public:
-  PictureWidget(bool stretched, QWidget* parent) : QAbstractButton(parent), stretched_(stretched) {
+  PictureWidget(bool stretched, QWidget* parent) : Pressable(parent), stretched_(stretched) {
     setFocusPolicy(stretched ? Qt::NoFocus : Qt::TabFocus);
     if (!stretched) setCursor(Qt::PointingHandCursor);
     setAttribute(Qt::WA_Hover);
@@ -33,14 +32,6 @@ class PictureWidget : public QAbstractButton {
     const QRectF taken = paintArt(painter, art_, place, stretched_ ? Qt::IgnoreAspectRatio : Qt::KeepAspectRatio);
     painter.setOpacity(1);
     if (hasFocus()) paintRing(painter, taken.adjusted(-2, -2, 2, 2), taken.height() / 2 + 2);
-  }
-
-  void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-      click();
-    } else {
-      QAbstractButton::keyPressEvent(event);
-    }
   }
 
  private:
