@@ -24,12 +24,12 @@ std::size_t rowOf(Scene& scene, std::size_t artist) {
 
 // The row of an artist in the middle of the catalogue, who has 20 songs.
 std::size_t someArtist(Scene& scene) {
-  std::size_t artist = scene.library().smallArtists() / 2;
+  std::size_t artist = scene.songLibrary().smallArtists() / 2;
   if (artist % 64 == 63) --artist;  // a nameless one
   return rowOf(scene, artist);
 }
 
-std::size_t largeArtist(Scene& scene) { return rowOf(scene, scene.library().largeArtist()); }
+std::size_t largeArtist(Scene& scene) { return rowOf(scene, scene.songLibrary().largeArtist()); }
 
 // No list holds a row, no artist is ticked.
 void empty(Scene& scene) {
@@ -100,7 +100,7 @@ void saved(Scene& scene) {
 // All songs in the scratch playlist; the last one of the catalogue has a file, and is the one pointed at.
 void lastSongThere(Scene& scene) {
   scratchFull(scene);
-  const Library library = scene.library();
+  const Library library = scene.songLibrary();
   std::ofstream(lastSongPath(library, scene.program.form().defdir)) << "a song";
   ListBox& list = scene.program.form().List1;
   const SongName name = splitFileName(songFileName(library, library.songs - 1));

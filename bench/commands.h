@@ -14,7 +14,7 @@ namespace plimo::bench {
 struct Scene {
   BenchProgram& program;
   std::size_t songs;
-  Library library() const { return {songs, songs / songsOfArtist, Order::grouped}; }
+  Library songLibrary() const { return {songs, songs / songsOfArtist, Order::grouped}; }
   // The rows of a playlist that is opened, saved or played: a tenth of the songs, drawn from all over the catalogue.
   std::size_t playlistRows() const { return songs / 10; }
 };
