@@ -17,7 +17,8 @@ namespace plimo {
 
 namespace {
 
-constexpr std::size_t wordSize = 8;  // bytes that are compared at once
+constexpr std::size_t wordSize = 8;       // bytes that are compared at once
+constexpr std::size_t deepEnough = 1024;  // bytes behind which texts that still agree are compared as a whole
 
 // What is sorted, and all that sorting moves.
 struct Entry {
@@ -81,6 +82,12 @@ class FoldedSort {
       entries = {std::find_if(entries.begin(), entries.end(), goesOn), entries.end()};
     }
     if (entries.size() < 2) return;
+    if (depth >= deepEnough) {
+      std::stable_sort(entries.begin(), entries.end(), [this](const Entry& left, const Entry& right) {
+        return compareFolded(texts_[left.place], texts_[right.place]) < 0;
+      });
+      return;
+    }
     readWords(entries, depth + wordSize);
     sort(entries, spare, depth + wordSize);
   }

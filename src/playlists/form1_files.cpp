@@ -126,19 +126,23 @@ void Form1::fillFromPlaylist(std::span<const std::string_view> paths) {
   tickArtists(rowsOfArtists());
 }
 
-// The rows of the artists in List3, each where it comes first. No artist has two rows.
+// The rows of the artists in List3, each where it comes first.
 std::vector<std::size_t> Form1::rowsOfArtists() {
   TextIndex index(List2.count());
-  std::vector<std::uint32_t> rows(List2.count());
-  index.add(rowTexts(List2), rows);
+  std::vector<std::uint32_t> numbers(List2.count());
+  index.add(rowTexts(List2), numbers);
+  std::vector<std::size_t> rowOf;  // of each number
+  for (std::size_t row = 0; row < numbers.size(); ++row) {
+    if (numbers[row] == rowOf.size()) rowOf.push_back(row);
+  }
   std::vector<std::uint32_t> wanted(List3.count());
   index.find(rowTexts(List3), wanted);
-  std::vector<bool> seen(List2.count());
+  std::vector<bool> seen(rowOf.size());
   std::vector<std::size_t> found;
-  for (const std::uint32_t row : wanted) {
-    if (row == TextIndex::none || seen[row]) continue;
-    seen[row] = true;
-    found.push_back(row);
+  for (const std::uint32_t number : wanted) {
+    if (number == TextIndex::none || seen[number]) continue;
+    seen[number] = true;
+    found.push_back(rowOf[number]);
   }
   return found;
 }

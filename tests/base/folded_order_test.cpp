@@ -79,5 +79,12 @@ TEST(FoldedOrder, ManyEqualTextsStayAsTheyStand) {
   EXPECT_EQ(foldedOrder(texts), places);
 }
 
+TEST(FoldedOrder, TextsThatAgreeForAMillionBytesAreOrderedToo) {
+  const std::string longText(4'000'000, 'x');
+  const std::vector<std::string> owned = {longText + "b", longText, longText + "A", longText + "\xC3\x84", longText};
+  const std::vector<std::string_view> texts(owned.begin(), owned.end());
+  EXPECT_EQ(foldedOrder(texts), (std::vector<std::uint32_t>{1, 4, 2, 0, 3}));
+}
+
 }  // namespace
 }  // namespace plimo
