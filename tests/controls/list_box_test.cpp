@@ -243,6 +243,19 @@ TEST(ListBox, AListFilledFromAnotherGoesItsOwnWay) {
   EXPECT_EQ(rows(copy), (Texts{"a", "b", "c", "d", "b", "c", "e"}));
 }
 
+TEST(ListBox, WhatOneOfTwoListsAddsDoesNotTouchTheOther) {
+  Window window;
+  ListBox copy{window.form, "copy", ListBox::Style::multiSelection};
+  window.fill(window.songs, {"a", "b"});
+  copy.assign(window.songs);
+  const std::string_view text = window.songs.text(0);
+  const std::size_t held = window.songs.memory();
+  for (int i = 0; i < 10000; ++i) copy.add("another song");
+  EXPECT_EQ(window.songs.text(0).data(), text.data());
+  EXPECT_EQ(text, "a");
+  EXPECT_EQ(window.songs.memory(), held);
+}
+
 TEST(ListBox, AListCanBePutInAnotherOrder) {
   Window window;
   window.fill(window.songs, {"a", "b", "c"});
