@@ -2,7 +2,10 @@
 #pragma once
 
 #include <future>
+#include <optional>
 #include <system_error>
+#include <type_traits>
+#include <utility>
 
 namespace plimo {
 
@@ -20,6 +23,16 @@ void atOnce(First first, Second second) {
   }
   first();  // should it throw, the other one is waited for
   other.get();
+}
+
+// What both make. Each makes its own where the other one does not write: two things that stand close together in the
+// memory would be torn back and forth between two processors.
+template <class First, class Second>
+auto madeAtOnce(First first, Second second) {
+  std::optional<std::invoke_result_t<First>> one;
+  std::optional<std::invoke_result_t<Second>> other;
+  atOnce([&] { one = first(); }, [&] { other = second(); });
+  return std::pair(std::move(*one), std::move(*other));
 }
 
 }  // namespace plimo

@@ -10,6 +10,9 @@ inline constexpr std::uint64_t highBits = everyByte * 0x80;
 
 inline bool allAscii(std::uint64_t eight) { return (eight & highBits) == 0; }
 
+// 0 where none of the bytes is a zero.
+inline std::uint64_t zeroBytes(std::uint64_t eight) { return (eight - everyByte) & ~eight & highBits; }
+
 // Eight bytes of plain ASCII with A to Z replaced by a to z. A sum's high bit tells of each byte whether it has reached
 // the letter.
 inline std::uint64_t lowered(std::uint64_t eight) {

@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
-#include <cstring>
-#include <deque>
+#include <bit>
+#include <memory>
+#include <numeric>
 #include <span>
 #include <string>
+#include <tuple>
 #include <utility>
 
 #include "base/at_once.h"
@@ -17,182 +18,242 @@ namespace plimo {
 
 namespace {
 
-constexpr std::size_t wordSize = 8;       // bytes that are compared at once
-constexpr std::size_t deepEnough = 1024;  // bytes behind which texts that still agree are compared as a whole
+using TextAt = std::function<std::string_view(std::size_t)>;
+
+constexpr std::size_t wordSize = sizeof(std::uint64_t);
 
 // What is sorted, and all that sorting moves.
 struct Entry {
   std::uint64_t word;  // eight bytes, the first one highest; zeros behind the text's end
+  std::uint32_t next;  // where the text's next word stands
   std::uint32_t place;
-  bool folded;  // a folded copy stands for the text already
 };
 
-std::uint64_t load(const char* bytes) {
+// A text's last word is the one that ends with a zero.
+inline bool isLast(std::uint64_t word) { return (word & 0xFF) == 0; }
+
+inline std::uint64_t wordAt(const char* bytes) {
   const auto byte = [bytes](int i) { return std::uint64_t{static_cast<unsigned char>(bytes[i])}; };
   // Written out, because then it becomes one load.
   return byte(0) << 56 | byte(1) << 48 | byte(2) << 40 | byte(3) << 32 | byte(4) << 24 | byte(5) << 16 | byte(6) << 8 |
          byte(7);
 }
 
-// Eight bytes of a text from `depth` on, which is not behind its end.
-std::uint64_t wordAt(std::string_view text, std::size_t depth) {
-  const std::size_t rest = text.size() - depth;
-  if (rest >= wordSize) return load(text.data() + depth);
+// The bytes of a text behind its last whole word.
+inline std::uint64_t lastWord(std::string_view text) {
+  const std::size_t rest = text.size() % wordSize;
   if (rest == 0) return 0;
-  if (text.size() >= wordSize) return load(text.data() + text.size() - wordSize) << (8 * (wordSize - rest));
+  if (text.size() >= wordSize) return wordAt(text.data() + text.size() - wordSize) << (8 * (wordSize - rest));
   std::uint64_t word = 0;
-  for (const char byte : text.substr(depth)) word = word << 8 | static_cast<unsigned char>(byte);
+  for (const char byte : text) word = word << 8 | static_cast<unsigned char>(byte);
   return word << (8 * (wordSize - rest));
 }
 
-// Sorts entries eight bytes at a time: those that agree are told apart by the next eight. Nothing is folded before it
-// is looked at, and a text is copied only where its folding is not that of plain ASCII.
-class FoldedSort {
+// Texts folded into words, which stand one behind the other.
+class FoldedWords {
  public:
-  // A folded copy, good as long as this object, takes its text's place in `texts`.
-  explicit FoldedSort(std::span<std::string_view> texts) : texts_(texts) {}
-
-  // The entries' words from `depth` on; up to there their texts agree.
-  void readWords(std::span<Entry> entries, std::size_t depth) {
-    for (Entry& entry : entries) entry.word = foldedWord(entry, depth);
+  FoldedWords() = default;
+  // Those of the texts from `first` on, as many as there are entries; each entry gets its text's first one.
+  FoldedWords(const TextAt& textAt, std::size_t first, std::span<Entry> entries) {
+    words_.reserve(entries.size() * 3);
+    // Those that are not plain ASCII come later: nothing tells the processor beforehand which they are, and each wrong
+    // guess of its costs as much as a text.
+    std::vector<std::uint32_t> others(entries.size() + 1);
+    std::size_t otherCount = 0;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+      const auto place = static_cast<std::uint32_t>(first + i);
+      const bool ascii = takeWords(textAt(place), place, entries[i], lowered);
+      others[otherCount] = static_cast<std::uint32_t>(i);
+      otherCount += ascii ? 0 : 1;
+    }
+    std::string folded;
+    for (const std::uint32_t i : std::span(others).first(otherCount)) {
+      folded.clear();
+      appendFolded(folded, textAt(first + i));
+      takeWords(folded, static_cast<std::uint32_t>(first + i), entries[i], [](std::uint64_t word) { return word; });
+    }
   }
 
-  // Sorts entries that stand as their texts were given and hold their words from `depth` on. There is spare room for as
-  // many.
-  void sort(std::span<Entry> entries, std::span<Entry> spare, std::size_t depth) {
-    sortByWord(entries, spare);
-    for (std::size_t first = 0; first < entries.size();) {
-      std::size_t last = first + 1;
-      while (last < entries.size() && entries[last].word == entries[first].word) ++last;
-      if (last - first > 1) sortAgreeing(entries.subspan(first, last - first), spare, depth);
-      first = last;
+  std::uint64_t operator[](std::size_t at) const { return words_[at]; }
+  // True where a text holds a zero: its words do not tell where it ends then.
+  bool ambiguous() const { return ambiguous_; }
+
+ private:
+  // True where all of the text is plain ASCII: only then what `fold` made of its words counts.
+  template <class Fold>
+  bool takeWords(std::string_view text, std::uint32_t place, Entry& entry, Fold fold) {
+    const std::uint64_t last = lastWord(text);
+    std::uint64_t zeros = zeroBytes(last | ~std::uint64_t{0} >> 8 * (text.size() % wordSize));
+    std::uint64_t all = last;
+    entry.next = static_cast<std::uint32_t>(words_.size());
+    entry.place = place;
+    entry.word = fold(text.size() < wordSize ? last : wordAt(text.data()));
+    for (std::size_t at = 0; text.size() - at >= wordSize; at += wordSize) {
+      const std::uint64_t word = wordAt(text.data() + at);
+      zeros |= zeroBytes(word);
+      all |= word;
+      if (at > 0) words_.push_back(fold(word));
     }
+    if (text.size() >= wordSize) words_.push_back(fold(last));
+    ambiguous_ = ambiguous_ || zeros != 0;
+    return allAscii(all);
+  }
+
+  std::vector<std::uint64_t> words_;
+  bool ambiguous_ = false;
+};
+
+// Puts entries in order by their texts' words, and those that agree in all of them by their places.
+class WordSort {
+ public:
+  // `words` holds those of the texts before the place `middle`, and those of the others. The spare room is for as many
+  // entries as are sorted.
+  WordSort(std::span<const FoldedWords, 2> words, std::size_t middle, std::span<Entry> spare)
+      : words_(words), middle_(middle), spare_(spare) {}
+
+  bool less(const Entry& left, const Entry& right) const {
+    if (left.word != right.word) return left.word < right.word;
+    bool ended = isLast(left.word);
+    for (std::uint32_t i = 0; !ended; ++i) {
+      const std::uint64_t ours = word(left, left.next + i);
+      const std::uint64_t theirs = word(right, right.next + i);
+      if (ours != theirs) return ours < theirs;
+      ended = isLast(ours);
+    }
+    return left.place < right.place;
+  }
+
+  // The entries stand by their places, and hold their texts' first words.
+  void sort(std::span<Entry> entries) {
+    constexpr std::size_t few = 16;
+    constexpr std::size_t many = 4096;
+    while (entries.size() > few) {
+      std::uint64_t differing = 0;  // the bits in which the words are not all the same
+      for (const Entry& entry : entries) differing |= entry.word ^ entries.front().word;
+      if (differing != 0) {
+        entries =
+            entries.size() > many ? sortAllButMost<11>(entries, differing) : sortAllButMost<8>(entries, differing);
+      } else if (!isLast(entries.front().word)) {
+        for (Entry& entry : entries) entry.word = word(entry, entry.next++);
+      } else {
+        return;  // the same texts
+      }
+    }
+    sortFew(entries);
   }
 
  private:
-  // The same for texts with one word: those that end in it come first, the shorter before the longer.
-  void sortAgreeing(std::span<Entry> entries, std::span<Entry> spare, std::size_t depth) {
-    const auto rest = [this, depth](const Entry& entry) {
-      return std::min(texts_[entry.place].size() - depth, wordSize + 1);
-    };
-    const auto goesOn = [rest](const Entry& entry) { return rest(entry) > wordSize; };
-    if (!std::all_of(entries.begin(), entries.end(), goesOn)) {
-      std::stable_sort(entries.begin(), entries.end(),
-                       [rest](const Entry& left, const Entry& right) { return rest(left) < rest(right); });
-      entries = {std::find_if(entries.begin(), entries.end(), goesOn), entries.end()};
-    }
-    if (entries.size() < 2) return;
-    if (depth >= deepEnough) {
-      std::stable_sort(entries.begin(), entries.end(), [this](const Entry& left, const Entry& right) {
-        return compareFolded(texts_[left.place], texts_[right.place]) < 0;
-      });
-      return;
-    }
-    readWords(entries, depth + wordSize);
-    sort(entries, spare, depth + wordSize);
-  }
+  std::uint64_t word(const Entry& entry, std::size_t at) const { return words_[entry.place < middle_ ? 0 : 1][at]; }
 
-  std::uint64_t foldedWord(Entry& entry, std::size_t depth) {
-    std::string_view& text = texts_[entry.place];
-    const std::uint64_t word = wordAt(text, depth);
-    if (entry.folded) return word;
-    if (allAscii(word)) return lowered(word);
-    // Folding changes nothing before the first letter beyond ASCII, so that what was compared so far holds.
-    text = copies_.emplace_back(foldCase(text));
-    entry.folded = true;
-    return wordAt(text, depth);
-  }
-
-  // By counting, from the lowest bits to the highest, or by comparing where that is quicker; equal words stay as they
-  // stand.
-  void sortByWord(std::span<Entry> entries, std::span<Entry> spare) {
-    constexpr std::size_t worthCounting = 30;    // entries to a byte that has to be counted
-    constexpr std::size_t worthTwoBytes = 8192;  // entries from which on two bytes are counted at once
-    std::uint64_t differing = 0;                 // the bits in which the words are not all the same
-    for (const Entry& entry : entries) differing |= entry.word ^ entries.front().word;
-    std::size_t bytes = 0;
-    for (int shift = 0; shift < 64; shift += 8) bytes += (differing >> shift & 0xFF) != 0 ? 1 : 0;
-    if (entries.size() < worthCounting * bytes) {
-      std::sort(entries.begin(), entries.end(), [](const Entry& left, const Entry& right) {
-        return left.word != right.word ? left.word < right.word : left.place < right.place;
-      });
-    } else if (entries.size() < worthTwoBytes) {
-      sortByCounting<8>(entries, spare, differing);
-    } else {
-      sortByCounting<16>(entries, spare, differing);
+  void sortFew(std::span<Entry> entries) const {
+    for (std::size_t i = 1; i < entries.size(); ++i) {
+      const Entry entry = entries[i];
+      std::size_t to = i;
+      for (; to > 0 && less(entry, entries[to - 1]); --to) entries[to] = entries[to - 1];
+      entries[to] = entry;
     }
   }
 
+  // Parts the entries by the highest bits in which they differ, and sorts each part but the largest one. That one is
+  // left to the caller, so that calls never go deep.
   template <int bits>
-  void sortByCounting(std::span<Entry> entries, std::span<Entry> spare, std::uint64_t differing) {
+  std::span<Entry> sortAllButMost(std::span<Entry> entries, std::uint64_t differing) {
     constexpr std::uint64_t mask = (std::uint64_t{1} << bits) - 1;
-    starts_.resize(mask + 1);
-    std::span<Entry> from = entries;
-    std::span<Entry> to = spare.first(entries.size());
-    for (int shift = 0; shift < 64; shift += bits) {
-      if ((differing >> shift & mask) == 0) continue;
-      const auto digit = [shift](const Entry& entry) { return entry.word >> shift & mask; };
-      std::fill(starts_.begin(), starts_.end(), 0U);
-      for (const Entry& entry : from) ++starts_[digit(entry)];
-      std::uint32_t start = 0;
-      for (std::uint32_t& count : starts_) start += std::exchange(count, start);
-      for (const Entry& entry : from) to[starts_[digit(entry)]++] = entry;
-      std::swap(from, to);
+    const int shift = std::max(static_cast<int>(std::bit_width(differing)) - bits, 0);
+    const auto digit = [shift](const Entry& entry) { return entry.word >> shift & mask; };
+    std::array<std::uint32_t, mask + 1> ends{};  // of each part; their beginnings while the entries are moved
+    for (const Entry& entry : entries) ++ends[digit(entry)];
+    std::exclusive_scan(ends.begin(), ends.end(), ends.begin(), 0U);
+    for (const Entry& entry : entries) spare_[ends[digit(entry)]++] = entry;
+    std::copy_n(spare_.begin(), entries.size(), entries.begin());
+
+    std::span<Entry> most;
+    std::size_t begin = 0;
+    for (const std::uint32_t end : ends) {
+      std::span<Entry> part = entries.subspan(begin, end - begin);
+      begin = end;
+      if (part.size() > most.size()) std::swap(part, most);
+      if (part.size() > 1) sort(part);
     }
-    if (from.data() != entries.data()) std::copy(from.begin(), from.end(), entries.begin());
+    return most;
   }
 
-  std::span<std::string_view> texts_;
-  std::deque<std::string> copies_;
-  std::vector<std::uint32_t> starts_;  // of the entries with each digit, where they are going to stand
+  std::span<const FoldedWords, 2> words_;
+  std::size_t middle_;
+  std::span<Entry> spare_;
 };
 
-constexpr std::size_t worthTwoThreads = 32768;
-
-// A word that about half of the entries' words are below.
-std::uint64_t middleWord(std::span<const Entry> entries) {
-  std::array<std::uint64_t, 65> sample;
-  for (std::size_t i = 0; i < sample.size(); ++i) sample[i] = entries[entries.size() / sample.size() * i].word;
+// A few of the entries, put in order, have it in their middle.
+Entry middleOf(std::span<const Entry> entries, const WordSort& order) {
+  std::array<Entry, 65> sample;
+  for (std::size_t i = 0; i < sample.size(); ++i) sample[i] = entries[entries.size() / sample.size() * i];
   auto* const middle = sample.begin() + sample.size() / 2;
-  std::nth_element(sample.begin(), middle, sample.end());
+  std::nth_element(sample.begin(), middle, sample.end(),
+                   [&order](const Entry& left, const Entry& right) { return order.less(left, right); });
   return *middle;
 }
 
-// Sorts on two threads: one takes the texts below a word in the middle, the other one the rest.
-void sortInTwo(std::span<std::string_view> texts, std::vector<Entry>& entries) {
-  std::array<FoldedSort, 2> sorts = {FoldedSort(texts), FoldedSort(texts)};
-  const auto halves = [](std::vector<Entry>& whole, std::size_t half) {
-    return std::array{std::span(whole).first(half), std::span(whole).subspan(half)};
-  };
-  const auto given = halves(entries, entries.size() / 2);
-  atOnce([&] { sorts[0].readWords(given[0], 0); }, [&] { sorts[1].readWords(given[1], 0); });
+// Copies the entries that are wanted; how many they are. There must be room for one more.
+template <class Wanted>
+std::size_t pick(std::span<const Entry> entries, Entry* to, Wanted wanted) {
+  std::size_t count = 0;
+  for (const Entry& entry : entries) {
+    to[count] = entry;  // in any case: quicker than to guess
+    count += wanted(entry) ? 1 : 0;
+  }
+  return count;
+}
 
-  const auto below = [middle = middleWord(entries)](const Entry& entry) { return entry.word < middle; };
-  std::vector<Entry> parted(entries.size());
-  const auto lower = static_cast<std::size_t>(std::count_if(entries.begin(), entries.end(), below));
-  std::partition_copy(entries.begin(), entries.end(), parted.begin(),
-                      parted.begin() + static_cast<std::ptrdiff_t>(lower), below);
-  entries.swap(parted);
-  const auto wanted = halves(entries, lower);
-  const auto spare = halves(parted, lower);
-  atOnce([&] { sorts[0].sort(wanted[0], spare[0], 0); }, [&] { sorts[1].sort(wanted[1], spare[1], 0); });
+std::vector<std::uint32_t> orderByComparing(std::size_t count, const TextAt& textAt) {
+  std::vector<std::uint32_t> order(count);
+  std::iota(order.begin(), order.end(), 0U);
+  std::stable_sort(order.begin(), order.end(), [&textAt](std::uint32_t left, std::uint32_t right) {
+    return compareFolded(textAt(left), textAt(right)) < 0;
+  });
+  return order;
 }
 
 }  // namespace
 
-std::vector<std::uint32_t> foldedOrder(std::vector<std::string_view> texts) {
-  std::vector<Entry> entries(texts.size());
-  for (std::size_t place = 0; place < texts.size(); ++place) entries[place].place = static_cast<std::uint32_t>(place);
-  if (texts.size() < worthTwoThreads) {
-    std::vector<Entry> spare(texts.size());
-    FoldedSort sort(texts);
-    sort.readWords(entries, 0);
-    sort.sort(entries, spare, 0);
+std::vector<std::uint32_t> foldedOrder(std::size_t count, const TextAt& textAt) {
+  constexpr std::size_t worthTwoThreads = 32768;
+  const std::size_t middle = count < worthTwoThreads ? count : count / 2;
+  const auto room = [count] { return std::make_unique_for_overwrite<Entry[]>(count + 1); };
+
+  const auto given = room();
+  const std::span<Entry> entries(given.get(), count);
+  const auto read = [&](std::size_t first, std::size_t last) {
+    return FoldedWords(textAt, first, entries.subspan(first, last - first));
+  };
+  std::array<FoldedWords, 2> words;
+  if (middle == count) {
+    words[0] = read(0, count);
   } else {
-    sortInTwo(texts, entries);
+    std::tie(words[0], words[1]) = madeAtOnce([&] { return read(0, middle); }, [&] { return read(middle, count); });
   }
-  std::vector<std::uint32_t> order(texts.size());
-  for (std::size_t i = 0; i < order.size(); ++i) order[i] = entries[i].place;
+  if (words[0].ambiguous() || words[1].ambiguous()) return orderByComparing(count, textAt);
+
+  std::vector<std::uint32_t> order(count);
+  const auto sort = [&](std::span<Entry> some, std::span<Entry> spare, std::size_t first) {
+    WordSort(words, middle, spare).sort(some);
+    for (std::size_t i = 0; i < some.size(); ++i) order[first + i] = some[i].place;
+  };
+  const auto low = room();
+  if (middle == count) {
+    sort(entries, std::span(low.get(), count), 0);
+    return order;
+  }
+  // One thread takes the texts before one in the middle of the order, the other one the rest.
+  const auto high = room();
+  const WordSort unsorted(words, middle, {});
+  const Entry divider = middleOf(entries, unsorted);
+  const auto below = [&](const Entry& entry) { return unsorted.less(entry, divider); };
+  const auto notBelow = [&](const Entry& entry) { return !unsorted.less(entry, divider); };
+  std::size_t lowCount = 0;
+  std::size_t highCount = 0;
+  atOnce([&] { lowCount = pick(entries, low.get(), below); }, [&] { highCount = pick(entries, high.get(), notBelow); });
+  atOnce([&] { sort(std::span(low.get(), lowCount), entries.first(lowCount), 0); },
+         [&] { sort(std::span(high.get(), highCount), entries.subspan(lowCount), lowCount); });
   return order;
 }
 

@@ -1,6 +1,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
@@ -74,8 +75,7 @@ constexpr FoldRange foldRanges[] = {
     // clang-format on
 };
 
-char32_t foldLetter(char32_t letter) {
-  if (letter < 0x80) return letter >= U'A' && letter <= U'Z' ? letter + 32 : letter;
+constexpr char32_t foldByRange(char32_t letter) {
   const auto* range = std::upper_bound(std::begin(foldRanges), std::end(foldRanges), letter,
                                        [](char32_t value, const FoldRange& r) { return value < r.first; });
   if (range == std::begin(foldRanges)) return letter;
@@ -83,6 +83,19 @@ char32_t foldLetter(char32_t letter) {
   if (letter > range->last || (letter - range->first) % range->stride != 0) return letter;
   return static_cast<char32_t>(static_cast<std::int32_t>(letter) + range->distance);
 }
+
+// The letters of one or two bytes, which most names are made of, at their places.
+constexpr std::size_t shortLetters = 0x800;
+constexpr auto shortFolds = [] {
+  std::array<char16_t, shortLetters> folds{};
+  for (char32_t letter = 0; letter < folds.size(); ++letter) {
+    const bool large = letter >= U'A' && letter <= U'Z';
+    folds[letter] = static_cast<char16_t>(large ? letter + 32 : foldByRange(letter));
+  }
+  return folds;
+}();
+
+char32_t foldLetter(char32_t letter) { return letter < shortLetters ? shortFolds[letter] : foldByRange(letter); }
 
 // The length of the valid UTF-8 sequence at the text's start, with its code point; 0 where there is none.
 std::size_t decode(std::string_view text, char32_t& letter) {
@@ -107,11 +120,12 @@ std::size_t decode(std::string_view text, char32_t& letter) {
   return overlong || surrogate || letter > 0x10FFFF ? 0 : length;
 }
 
-void appendEncoded(std::string& target, char32_t letter) {
-  const auto put = [&](char32_t bits) { target += static_cast<char>(static_cast<unsigned char>(bits)); };
+// Writes the letter's bytes; where they end.
+char* encode(char* to, char32_t letter) {
+  const auto put = [&to](char32_t bits) { *to++ = static_cast<char>(static_cast<unsigned char>(bits)); };
   if (letter < 0x80) {
     put(letter);
-  } else if (letter < 0x800) {
+  } else if (letter < shortLetters) {
     put(0xC0 | (letter >> 6));
     put(0x80 | (letter & 0x3F));
   } else if (letter < 0x10000) {
@@ -124,9 +138,9 @@ void appendEncoded(std::string& target, char32_t letter) {
     put(0x80 | ((letter >> 6) & 0x3F));
     put(0x80 | (letter & 0x3F));
   }
+  return to;
 }
 
-char lowerLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 char upperLetter(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
 
 }  // namespace
@@ -167,28 +181,24 @@ void appendFolded(std::string& target, std::string_view text) {
     eight = lowered(eight);
     std::memcpy(target.data() + before + folded, &eight, sizeof eight);
   }
-  target.resize(before + folded);
   text.remove_prefix(folded);
-
-  const auto notAscii = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
+  // What is left grows by half at most: two bytes become three.
+  target.resize(before + folded + text.size() + text.size() / 2);
+  char* end = target.data() + before + folded;
   while (!text.empty()) {
-    const auto run = static_cast<std::size_t>(std::find_if(text.begin(), text.end(), notAscii) - text.begin());
-    const std::size_t start = target.size();
-    target.append(text, 0, run);
-    std::transform(target.begin() + static_cast<std::ptrdiff_t>(start), target.end(),
-                   target.begin() + static_cast<std::ptrdiff_t>(start), lowerLetter);
-    text.remove_prefix(run);
-    if (text.empty()) return;
-    char32_t letter = 0;
-    const std::size_t length = decode(text, letter);
-    if (length == 0) {
-      target += text.front();
-      text.remove_prefix(1);
+    char32_t letter = static_cast<unsigned char>(text.front());
+    std::size_t length = 1;
+    if (letter < 0x80) {
+      *end++ = static_cast<char>(shortFolds[letter]);
+    } else if ((length = decode(text, letter)) > 0) {
+      end = encode(end, foldLetter(letter));
     } else {
-      appendEncoded(target, foldLetter(letter));
-      text.remove_prefix(length);
+      *end++ = text.front();
+      length = 1;
     }
+    text.remove_prefix(length);
   }
+  target.resize(static_cast<std::size_t>(end - target.data()));
 }
 
 int compareFolded(std::string_view left, std::string_view right) {

@@ -13,6 +13,10 @@ namespace plimo {
 // Copies of texts, close together and never moved: they stay good as long as the arena.
 class TextArena {
  public:
+  TextArena() = default;
+  TextArena(TextArena&&) = default;
+  TextArena& operator=(TextArena&&) = default;
+
   std::string_view keep(std::string_view text) {
     if (text.empty()) return {};
     if (text.size() > left_) {

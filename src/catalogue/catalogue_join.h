@@ -61,13 +61,13 @@ class KeyBatch {
 
 // For each of a list of keys, in order and with repetitions, the values of the records that match it, in record order:
 // the same as reading the whole catalogue once for each key.
-template <class Value>
+template <class Value, class Arena = TextArena>
 class CatalogueJoin {
  public:
   // `sourceOf(record)` gives the text that a record's key is made from, or nothing where it can match none;
   // `keyOf(source, scratch)` makes the key, in `scratch` where it is not the source itself; `valueOf(record, texts)`
-  // gives the value of a record that matches, with its texts kept in `texts`. All three are called by several threads.
-  // Throws as OpenCatalogue::gather does.
+  // gives the value of a record that matches, with its texts kept in the arena `texts`. All three are called by several
+  // threads. Throws as OpenCatalogue::gather does.
   template <class SourceOf, class KeyOf, class ValueOf>
   CatalogueJoin(OpenCatalogue& catalogue, std::span<const std::string_view> keys, BrokenEnd end, SourceOf sourceOf,
                 KeyOf keyOf, ValueOf valueOf)
@@ -114,7 +114,7 @@ class CatalogueJoin {
     }
 
     KeyBatch wanted;
-    TextArena texts;
+    Arena texts;
     std::vector<std::vector<Match>> blocks;  // so that many matches need no copying while they grow
     std::size_t count = 0;
   };
@@ -129,18 +129,29 @@ class CatalogueJoin {
       }
     };
     starts_.resize(groups + 1);
-    forEach([this](const Match& match) { ++starts_[match.group + 1]; });
+    bool inOrder = true;  // as where the keys were taken from the catalogue, and none stands twice in it
+    std::uint32_t last = 0;
+    forEach([&](const Match& match) {
+      ++starts_[match.group + 1];
+      inOrder = inOrder && match.group >= last;
+      last = match.group;
+    });
     for (std::size_t group = 1; group <= groups; ++group) starts_[group] += starts_[group - 1];
-    values_.resize(starts_.back());
-    std::vector<std::size_t> next = starts_;
-    forEach([this, &next](const Match& match) { values_[next[match.group]++] = match.value; });
+    if (inOrder) {
+      values_.reserve(starts_.back());
+      forEach([this](const Match& match) { values_.push_back(match.value); });
+    } else {
+      values_.resize(starts_.back());
+      std::vector<std::size_t> next = starts_;
+      forEach([this, &next](const Match& match) { values_[next[match.group]++] = match.value; });
+    }
     for (Matches& matches : found) texts_.push_back(std::move(matches.texts));
   }
 
   std::vector<std::uint32_t> groupOfKey_;
   std::vector<std::size_t> starts_;
   std::vector<Value> values_;
-  std::vector<TextArena> texts_;
+  std::vector<Arena> texts_;
 };
 
 }  // namespace plimo

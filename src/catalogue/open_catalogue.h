@@ -7,6 +7,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "base/at_once.h"
@@ -43,25 +45,37 @@ class OpenCatalogue {
   // off and that fails; where it is ignored, `broken` tells of it.
   template <class Part, class Each>
   std::vector<Part> gather(BrokenEnd end, Each each) {
-    const auto fill = [&each](BatchReader& reader, std::size_t to, Part& part) {
-      for (auto batch = reader.next(to); !batch.empty(); batch = reader.next(to)) each(part, batch);
+    struct Stretch {
+      BatchReader reader;
+      Part part{};
+    };
+    const auto readOn = [&each](Stretch& stretch, std::size_t to) {
+      for (auto batch = stretch.reader.next(to); !batch.empty(); batch = stretch.reader.next(to)) {
+        each(stretch.part, batch);
+      }
+    };
+    const auto read = [&](std::size_t from, std::size_t to) {
+      auto stretch = std::make_unique<Stretch>(Stretch{BatchReader(*view_, path_, from)});
+      readOn(*stretch, to);
+      return stretch;
     };
     const std::size_t middle = size() < worthTwoReaders ? size() : likelyMiddle(view_->bytes());
-    std::vector<Part> parts(middle < size() ? 2 : 1);
-    BatchReader first(*view_, path_, 0);
-    BatchReader second(*view_, path_, middle);
-    if (parts.size() == 1) {
-      fill(first, size(), parts[0]);
+    std::unique_ptr<Stretch> first;
+    std::unique_ptr<Stretch> second;
+    if (middle == size()) {
+      first = read(0, size());
     } else {
-      atOnce([&] { fill(first, middle, parts[0]); }, [&] { fill(second, size(), parts[1]); });
+      std::tie(first, second) = madeAtOnce([&] { return read(0, middle); }, [&] { return read(middle, size()); });
     }
-    const bool met = parts.size() == 2 && first.position() == middle;
-    if (parts.size() == 2 && !met) {  // no record begins there after all
-      parts.pop_back();
-      fill(first, size(), parts[0]);
+    if (second && first->reader.position() != middle) {  // no record begins there after all
+      second.reset();
+      readOn(*first, size());
     }
-    broken_ = (met ? second : first).broken();
+    broken_ = (second ? second : first)->reader.broken();
     if (broken_ && end == BrokenEnd::fails) throw RuntimeError(*broken_);
+    std::vector<Part> parts;
+    parts.push_back(std::move(first->part));
+    if (second) parts.push_back(std::move(second->part));
     return parts;
   }
 

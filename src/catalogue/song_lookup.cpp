@@ -9,7 +9,7 @@ SongPaths::SongPaths(FileSystemObject& files, const std::string& catalogue, std:
   OpenCatalogue open(files, catalogue);
   join_.emplace(
       open, names, BrokenEnd::fails, [](const CatalogueRecord& record) { return displayName(record.title); },
-      [](const CatalogueRecord& record, TextArena& texts) { return texts.keep(record.path); });
+      [](const CatalogueRecord& record, PathArena& texts) { return texts.keep(record.path); });
 }
 
 std::optional<std::string> firstPath(FileSystemObject& files, const std::string& catalogue, std::string_view name) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "catalogue/catalogue_join.h"
+#include "catalogue/path_arena.h"
 #include "platform/file_system_object.h"
 
 namespace plimo {
@@ -22,12 +23,10 @@ class SongPaths {
   SongPaths(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> names);
 
   // The paths for the name at this place in the list, in record order; good as long as this object.
-  std::span<const std::string_view> of(std::size_t name) const {
-    return join_ ? join_->of(name) : std::span<const std::string_view>();
-  }
+  std::span<const KeptPath> of(std::size_t name) const { return join_ ? join_->of(name) : std::span<const KeptPath>(); }
 
  private:
-  std::optional<CatalogueJoin<std::string_view>> join_;
+  std::optional<CatalogueJoin<KeptPath, PathArena>> join_;
 };
 
 // The path of the first record that matches the name; reads no further. Throws as SongPaths does.

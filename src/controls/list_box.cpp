@@ -153,9 +153,7 @@ void ListBox::replaceRows(const ListBox& other) {
 }
 
 void ListBox::sortRows() {
-  std::vector<std::string_view> texts(rows_.size());
-  for (std::size_t row = 0; row < texts.size(); ++row) texts[row] = text(row);
-  const std::vector<std::uint32_t> order = foldedOrder(std::move(texts));
+  const std::vector<std::uint32_t> order = foldedOrder(rows_.size(), [this](std::size_t row) { return text(row); });
   const std::vector<Row> unsorted = std::exchange(rows_, {});
   rows_.reserve(unsorted.size());
   for (const std::uint32_t place : order) rows_.push_back(unsorted[place]);

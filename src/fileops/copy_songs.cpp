@@ -17,13 +17,14 @@ void copySongs(FileSystemObject& files, EventPump& pump, const std::string& cata
 
   WorkPanel panel(pump);
   for (std::size_t name = 0; name < order.names.size(); ++name) {
-    for (const std::string_view path : found.of(name)) {
+    for (const KeptPath& kept : found.of(name)) {
+      const std::string path = kept.text();
       ++progress.file;
       progress.name = files.fileName(path);
       progress.bytes = progress.size = 0;
       panel.copied(progress);  // whatever becomes of it: many files that are not copied take their time, too
       if (!files.fileExists(path)) {
-        if (progress.file == 1) throw RuntimeError(ErrorNumber::fileNotFound, std::string(path));
+        if (progress.file == 1) throw RuntimeError(ErrorNumber::fileNotFound, path);
         continue;
       }
       if (!files.folderExists(folder)) {

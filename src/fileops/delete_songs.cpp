@@ -14,9 +14,9 @@ void deleteSongs(FileSystemObject& files, EventPump& pump, const std::string& ca
   WorkPanel panel(pump);
   std::size_t done = 0;
   for (std::size_t name = 0; name < names.size(); ++name) {
-    for (const std::string_view path : found.of(name)) {
+    for (const KeptPath& path : found.of(name)) {
       panel.deleted(++done, all);
-      files.deleteFile(path, Force::no);
+      files.deleteFile(path.text(), Force::no);
     }
     if (found.brokenEnd()) throw *found.brokenEnd();
   }

@@ -9,6 +9,6 @@ MatchingFiles::MatchingFiles(FileSystemObject& files, const std::string& catalog
     : open_(files, catalogue),
       join_(
           open_, names, BrokenEnd::ignored, [](const CatalogueRecord& record) { return displayName(record.title); },
-          [](const CatalogueRecord& record, TextArena& texts) { return texts.keep(record.path); }) {}
+          [](const CatalogueRecord& record, PathArena& texts) { return texts.keep(record.path); }) {}
 
 }  // namespace plimo

@@ -8,6 +8,7 @@
 
 #include "base/errors.h"
 #include "catalogue/catalogue_join.h"
+#include "catalogue/path_arena.h"
 #include "platform/file_system_object.h"
 
 namespace plimo {
@@ -19,14 +20,14 @@ class MatchingFiles {
 
   // The paths of all records that match the name at this place in the list, in record order; good as long as this
   // object.
-  std::span<const std::string_view> of(std::size_t name) const { return join_.of(name); }
+  std::span<const KeptPath> of(std::size_t name) const { return join_.of(name); }
 
   // Where the catalogue's last record breaks off: the failure that a walk meets behind the first song's files.
   const std::optional<RuntimeError>& brokenEnd() const { return open_.broken(); }
 
  private:
   OpenCatalogue open_;
-  CatalogueJoin<std::string_view> join_;
+  CatalogueJoin<KeptPath, PathArena> join_;
 };
 
 }  // namespace plimo

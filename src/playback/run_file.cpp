@@ -9,12 +9,7 @@ void writeRun(FileSystemObject& files, const std::string& playlist, const std::s
               std::span<const std::string_view> names) {
   const auto replacement = files.replaceFile(playlist, Force::no);
   const SongPaths paths(files, catalogue, names);
-  std::string content;
-  for (std::size_t name = 0; name < names.size(); ++name) {
-    for (const std::string_view path : paths.of(name)) appendPath(content, path);
-  }
-  replacement->write(content);
-  replacement->commit();
+  writePlaylist(*replacement, paths, names.size());
 }
 
 }  // namespace plimo

@@ -18,9 +18,6 @@ namespace {
 // What the dialogs open with, and what they give back when they are cancelled.
 constexpr const char* anyPlaylist = "*.m3u";
 
-// A playlist goes to the disk in pieces of about this many bytes.
-constexpr std::size_t pieceSize = std::size_t{1} << 20;
-
 bool namesPlaylist(std::string_view name) {
   return name.size() >= 3 && upperAscii(name.substr(name.size() - 3)) == "M3U";
 }
@@ -38,19 +35,6 @@ struct Song {
   std::string_view artist;
   std::string_view title;
 };
-
-void writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t rows) {
-  std::string piece;
-  for (std::size_t row = 0; row < rows; ++row) {
-    for (const std::string_view path : paths.of(row)) appendPath(piece, path);
-    if (piece.size() >= pieceSize) {
-      file.write(piece);
-      piece.clear();
-    }
-  }
-  file.write(piece);
-  file.commit();
-}
 
 // Whatever ends an opening or a saving leaves the strips folded and the play picture in sight.
 class PanelsAtEnd {

@@ -4,8 +4,11 @@
 
 #include <chrono>
 #include <latch>
+#include <memory>
 #include <stdexcept>
+#include <string>
 #include <thread>
+#include <vector>
 
 namespace plimo {
 namespace {
@@ -32,6 +35,17 @@ TEST(AtOnce, WhatEitherThrowsIsThrownOnWhenBothAreDone) {
                std::runtime_error);
   EXPECT_TRUE(done);
   EXPECT_THROW(atOnce([] {}, [] { throw std::logic_error("second"); }), std::logic_error);
+}
+
+TEST(MadeAtOnce, GivesWhatEachMakes) {
+  const auto [text, number] = madeAtOnce([] { return std::make_unique<std::string>("made"); },
+                                         [] {
+                                           return std::vector<int>{1, 2};
+                                         });
+  EXPECT_EQ(*text, "made");
+  EXPECT_EQ(number, (std::vector<int>{1, 2}));
+  const auto fails = [] { return madeAtOnce([] { return 1; }, []() -> int { throw std::logic_error("second"); }); };
+  EXPECT_THROW(fails(), std::logic_error);
 }
 
 }  // namespace

@@ -13,6 +13,10 @@
 namespace plimo {
 namespace {
 
+std::vector<std::uint32_t> orderOf(const std::vector<std::string_view>& texts) {
+  return foldedOrder(texts.size(), [&texts](std::size_t place) { return texts[place]; });
+}
+
 // As the description says it, slowly.
 std::vector<std::uint32_t> expectedOrder(const std::vector<std::string_view>& texts) {
   std::vector<std::uint32_t> places(texts.size());
@@ -33,18 +37,18 @@ TEST(FoldedOrder, IsAlphabeticalWithoutRegardToCase) {
                                                "\xC3\xBC"
                                                "bel",
                                                "zeta"};
-  EXPECT_EQ(foldedOrder(texts), (std::vector<std::uint32_t>{3, 1, 2, 0, 6, 5, 4}));
+  EXPECT_EQ(orderOf(texts), (std::vector<std::uint32_t>{3, 1, 2, 0, 6, 5, 4}));
 }
 
 TEST(FoldedOrder, TextsThatAreTheSameButForCaseStayAsTheyStand) {
   const std::vector<std::string_view> texts = {"abba abba abba", "b", "ABBA abba abba", "Abba Abba Abba", "abba abba"};
-  EXPECT_EQ(foldedOrder(texts), (std::vector<std::uint32_t>{4, 0, 2, 3, 1}));
+  EXPECT_EQ(orderOf(texts), (std::vector<std::uint32_t>{4, 0, 2, 3, 1}));
 }
 
 TEST(FoldedOrder, ATextComesBeforeALongerOneThatBeginsLikeIt) {
   using namespace std::string_view_literals;
   const std::vector<std::string_view> texts = {"abcdefgh\0"sv, "abcdefghi", "abcdefgh", "abc\0"sv, "abc", "abc\0\0"sv};
-  EXPECT_EQ(foldedOrder(texts), (std::vector<std::uint32_t>{4, 3, 5, 2, 0, 1}));
+  EXPECT_EQ(orderOf(texts), (std::vector<std::uint32_t>{4, 3, 5, 2, 0, 1}));
 }
 
 // Few letters and all lengths, so that many agree for long, some wholly, and runs are longer than any shortcut.
@@ -68,7 +72,7 @@ TEST(FoldedOrder, AgreesWithComparingHoweverManyTextsThereAre) {
   for (const std::size_t count : {1U, 2U, 300U, 6000U, 40000U}) {
     const std::vector<std::string> owned = manyTexts(count);
     const std::vector<std::string_view> texts(owned.begin(), owned.end());
-    EXPECT_EQ(foldedOrder(texts), expectedOrder(texts)) << count;
+    EXPECT_EQ(orderOf(texts), expectedOrder(texts)) << count;
   }
 }
 
@@ -76,14 +80,21 @@ TEST(FoldedOrder, ManyEqualTextsStayAsTheyStand) {
   const std::vector<std::string_view> texts(50000, "the same");
   std::vector<std::uint32_t> places(texts.size());
   std::iota(places.begin(), places.end(), 0U);
-  EXPECT_EQ(foldedOrder(texts), places);
+  EXPECT_EQ(orderOf(texts), places);
+}
+
+TEST(FoldedOrder, AZeroInATextIsAByteLikeAnyOther) {
+  std::vector<std::string> owned = manyTexts(40000);
+  owned.insert(owned.end(), {owned.back() + std::string(1, '\0'), owned.back(), std::string("a\0b", 3)});
+  const std::vector<std::string_view> texts(owned.begin(), owned.end());
+  EXPECT_EQ(orderOf(texts), expectedOrder(texts));
 }
 
 TEST(FoldedOrder, TextsThatAgreeForAMillionBytesAreOrderedToo) {
   const std::string longText(4'000'000, 'x');
   const std::vector<std::string> owned = {longText + "b", longText, longText + "A", longText + "\xC3\x84", longText};
   const std::vector<std::string_view> texts(owned.begin(), owned.end());
-  EXPECT_EQ(foldedOrder(texts), (std::vector<std::uint32_t>{1, 4, 2, 0, 3}));
+  EXPECT_EQ(orderOf(texts), (std::vector<std::uint32_t>{1, 4, 2, 0, 3}));
 }
 
 }  // namespace

@@ -24,6 +24,19 @@ TEST(Text, FoldingKnowsTheLettersOfManyScripts) {
   EXPECT_EQ(foldCase("\xFF\xC3"), "\xFF\xC3");
 }
 
+TEST(Text, FoldedLettersMayTakeMoreBytesOrFewer) {
+  EXPECT_EQ(foldCase("\u023A\u023E"), "\u2C65\u2C66");
+  EXPECT_EQ(foldCase("\u212A\u017F"), "ks");
+  std::string large;
+  std::string small;
+  for (int i = 0; i < 100; ++i) {
+    large += "\u023A";
+    small += "\u2C65";
+  }
+  EXPECT_EQ(foldCase(large), small);
+  EXPECT_EQ(foldCase("ABCDEFGHIJ" + large + "\xC8"), "abcdefghij" + small + "\xC8");
+}
+
 TEST(Text, ComparingIsTheSameAsFoldingBoth) {
   const std::vector<std::string> texts = {"", "a", "A", "ab", "b", "Z", "[", "é", "É", "e", "zz", "\xFF", "aé", "Aé"};
   for (const std::string& left : texts) {

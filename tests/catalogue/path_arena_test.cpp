@@ -1,0 +1,54 @@
+#include "catalogue/path_arena.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace plimo {
+namespace {
+
+TEST(PathArena, GivesEveryPathBackAsItStood) {
+  const std::vector<std::string> paths = {"/m/a.mp3",
+                                          "/m/b.mp3",
+                                          "/m/in/c.mp3",
+                                          "/m/d.mp3",
+                                          "/m/in/e.mp3",
+                                          "/m/",
+                                          "",
+                                          "x.mp3",
+                                          "y.mp3",
+                                          "/",
+                                          "C:\\Music\\a.mp3",
+                                          "C:\\Music\\b.mp3",
+                                          "C:\\c.mp3",
+                                          "",
+                                          "/m/AC\\DC - a.mp3",
+                                          "/m/AC\\DC - b.mp3",
+                                          "/m/AC/c.mp3",
+                                          "/m/\\/d.mp3"};
+  PathArena arena;
+  std::vector<KeptPath> kept;
+  for (const std::string& path : paths) kept.push_back(arena.keep(std::string(path)));
+  const PathArena elsewhere = std::move(arena);
+  std::string all;
+  std::string expected;
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    EXPECT_EQ(kept[i].text(), paths[i]);
+    append(all, kept[i]);
+    expected += paths[i];
+  }
+  EXPECT_EQ(all, expected);
+}
+
+TEST(PathArena, SongsOfOneFolderShareItsText) {
+  PathArena arena;
+  const KeptPath first = arena.keep("/m/in/a.mp3");
+  EXPECT_EQ(arena.keep("/m/in/b.mp3").folder, first.folder);
+  EXPECT_NE(arena.keep("/m/in/deep/c.mp3").folder, first.folder);
+  EXPECT_EQ(*first.folder, "/m/in/");
+}
+
+}  // namespace
+}  // namespace plimo
