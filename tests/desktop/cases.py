@@ -73,6 +73,14 @@ class World:
         return p
 
 
+def content(path):
+    """The file's bytes; nothing where it does not stand there (yet)."""
+    try:
+        return path.read_bytes()
+    except FileNotFoundError:
+        return None
+
+
 def equal(seen, expected, what):
     """Waits until a call gives the expected value."""
     try:

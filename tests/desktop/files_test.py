@@ -5,7 +5,7 @@ import time
 import cases
 import screen
 import songs
-from cases import check, current, equal
+from cases import check, content, current, equal
 from screen import wait
 from window import SLOW_DISK
 
@@ -96,7 +96,7 @@ def after_a_deletion_yes_scans_the_drives(world):
     _asked(p, DELETE_SELECTED, "Yes")
     _asked(p, SCAN_AFTER_DELETING, "Yes")
     equal(lambda: p.list("Scratch playlist").rows(), [], "songs after the scan")
-    equal(lambda: (world.data / "plimo.kvx").read_bytes(), songs.expected_catalogue(str(world.collection)), "plimo.kvx")
+    equal(lambda: content(world.data / "plimo.kvx"), songs.expected_catalogue(str(world.collection)), "plimo.kvx")
     p.tick("Artists", "ALDER")
     equal(lambda: p.list("Scratch playlist").rows(), [" Ash", " Cedar", " Damson", " Elm"], "songs")
 
@@ -169,7 +169,7 @@ def after_a_renaming_yes_scans_the_drives(world):
     _asked(p, SCAN_AFTER_RENAMING, "Yes")
     equal(lambda: p.list("Artists").rows(), ["ALDER", "BEECH", "CYPRESS", "DOGWOOD"], "artists")
     check(p.list("Scratch playlist").rows() == [], "songs stay in the scratch playlist")
-    equal(lambda: (world.data / "plimo.kvx").read_bytes(), songs.expected_catalogue(str(world.collection)), "plimo.kvx")
+    equal(lambda: content(world.data / "plimo.kvx"), songs.expected_catalogue(str(world.collection)), "plimo.kvx")
 
 
 def after_a_renaming_yes_only_loads_the_lists_where_no_drive_is_scanned(world):

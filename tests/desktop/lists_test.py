@@ -4,7 +4,7 @@ import os
 import cases
 import screen
 import songs
-from cases import check, current, equal
+from cases import check, content, current, equal
 from screen import wait
 
 ALDER = [" Ash", " Birch", " Cedar", " Damson", " Elm"]
@@ -153,8 +153,8 @@ def a_double_click_plays_from_that_song_onwards(world):
     p = _final(world)
     p.click_row("Final playlist", "Damson", times=2)
     paths = [world.collection / f"Alder - {title}.mp3" for title in ("Damson", "Elm")]
-    equal(lambda: (world.data / "list.m3u").read_bytes() if (world.data / "list.m3u").exists() else b"",
-          b"".join(os.fsencode(path) + b"\r\n" for path in paths), "list.m3u")
+    lines = b"".join(os.fsencode(path) + b"\r\n" for path in paths)
+    equal(lambda: content(world.data / "list.m3u"), lines, "list.m3u")
     p.find("Place in the song", "slider")
 
 
@@ -202,8 +202,7 @@ def names_that_are_no_text_are_shown_and_kept(world):
     screen.key("space")
     p.press("Play all songs on the final playlist")
     run = world.data / "list.m3u"
-    equal(lambda: run.read_bytes() if run.exists() else b"",
-          os.path.join(os.fsencode(world.collection), name) + b"\r\n", "list.m3u")
+    equal(lambda: content(run), os.path.join(os.fsencode(world.collection), name) + b"\r\n", "list.m3u")
 
 
 if __name__ == "__main__":
