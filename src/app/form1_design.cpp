@@ -244,6 +244,11 @@ void designPanels(Form1& form) {
   put(form.Command18, 368, 348, 108, 36);
   form.Command18.setCaption("Cancel");
   hide(form.Frame2, form.Frame3, form.Frame4, form.Frame5, form.Command19);
+
+  for (CommandButton* button :
+       {&form.Command16, &form.Command00, &form.Command19, &form.credit, &form.Command7, &form.Command18}) {
+    button->setCancels();
+  }
 }
 
 void designMenus(Form1& form) {
@@ -292,9 +297,10 @@ std::vector<DriveList::Entry> allDrives(FileSystemObject& files) {
 
 FolderList::Listing listFolder(FileSystemObject& files, std::string_view folder) {
   FolderList::Listing listing;
-  listing.path = folder;
-  for (std::string& name : files.contents(folder).folders) listing.folders.push_back(files.join(folder, name));
-  listing.ancestors.emplace_back(folder);
+  // As the folder of something in it: without a separator at its end, but for a root.
+  listing.path = files.folderOf(files.join(folder, "anything"));
+  for (std::string& name : files.contents(folder).folders) listing.folders.push_back(files.join(listing.path, name));
+  listing.ancestors.push_back(listing.path);
   while (!files.isRootFolder(listing.ancestors.back())) {
     std::string parent = files.folderOf(listing.ancestors.back());
     if (parent.empty() || parent == listing.ancestors.back()) break;

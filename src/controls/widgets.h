@@ -13,6 +13,13 @@ class CommandButton : public Control {
   CommandButton(Form& form, std::string_view name, Control* container = nullptr)
       : Control(form, ControlKind::commandButton, name, container) {}
   void userClick() override;
+
+  // True for a panel's way out, which the Escape key presses.
+  bool cancels() const { return cancels_; }
+  void setCancels() { cancels_ = true; }
+
+ private:
+  bool cancels_ = false;
 };
 
 class CheckBox : public Control {

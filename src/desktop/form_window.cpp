@@ -150,12 +150,7 @@ void FormWindow::present() {
   } else {
     show();
   }
-  // The keyboard begins at the first list that shows.
-  for (const auto& binder : binders_) {
-    if (binder->control().kind() != ControlKind::listBox || !binder->control().showing()) continue;
-    binder->widget()->setFocus();
-    break;
-  }
+  if (const Binder* list = binderOf(firstList())) list->widget()->setFocus();
 }
 
 void FormWindow::followState() {
@@ -241,6 +236,16 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   if (open()) form_.userClose();
 }
 
+// What has the keyboard had no use for the key.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  CommandButton* button = event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier ? wayOut() : nullptr;
+  if (button == nullptr || !open()) {
+    event->ignore();
+    return;
+  }
+  button->userClick();
+}
+
 void FormWindow::popUp(Menu& menu) {
   QMenu* shown = menus_->popUpOf(menu);
   if (shown == nullptr) return;
@@ -255,11 +260,71 @@ void FormWindow::popUp(Menu& menu) {
   }
 }
 
+Control* FormWindow::stackPanels() {
+  Control* keyboard = nullptr;
+  std::erase_if(panels_, [&](const OpenPanel& panel) {
+    if (panel.binder->control().visible()) return false;
+    keyboard = panel.before != nullptr && panel.before->showing() ? panel.before : firstList();
+    return true;
+  });
+  for (const auto& binder : binders_) {
+    const Control& frame = binder->control();
+    if (frame.kind() != ControlKind::frame || !frame.visible()) continue;
+    const auto isOpen = [&binder](const OpenPanel& panel) { return panel.binder == binder.get(); };
+    if (std::any_of(panels_.begin(), panels_.end(), isOpen)) continue;
+    panels_.push_back({binder.get(), form_.focus()});
+    keyboard = firstIn(frame);
+  }
+  return keyboard;
+}
+
+Control* FormWindow::firstList() const {
+  const auto found = std::find_if(binders_.begin(), binders_.end(), [](const auto& binder) {
+    return binder->control().kind() == ControlKind::listBox && binder->control().showing();
+  });
+  return found == binders_.end() ? nullptr : &(*found)->control();
+}
+
+Control* FormWindow::firstIn(const Control& frame) const {
+  Control* first = nullptr;
+  for (const auto& binder : binders_) {
+    Control& control = binder->control();
+    const QWidget* target = binder->focusTarget();
+    if (control.container() != &frame || !control.visible() || !control.enabled() || target == nullptr) continue;
+    if ((target->focusPolicy() & Qt::TabFocus) == 0) continue;
+    if (first == nullptr || control.place().top < first->place().top) first = &control;
+  }
+  return first;
+}
+
+CommandButton* FormWindow::wayOut() const {
+  if (panels_.empty()) return nullptr;
+  for (const auto& binder : binders_) {
+    Control& control = binder->control();
+    if (control.kind() != ControlKind::commandButton || control.container() != &panels_.back().binder->control()) {
+      continue;
+    }
+    auto& button = static_cast<CommandButton&>(control);
+    if (button.cancels() && button.visible() && button.enabled()) return &button;
+  }
+  return nullptr;
+}
+
+bool FormWindow::covered(const Binder& binder) const {
+  const auto place = std::find_if(panels_.begin(), panels_.end(),
+                                  [&binder](const OpenPanel& panel) { return panel.binder == &binder; });
+  return place != panels_.end() && std::any_of(place + 1, panels_.end(), [&binder](const OpenPanel& later) {
+           return later.binder->widget()->geometry().intersects(binder.widget()->geometry());
+         });
+}
+
 void FormWindow::refresh() {
   applying_ = true;
   const bool onlyPlayer = compact_();
+  Control* const keyboard = stackPanels();
   for (const auto& binder : binders_) {
-    binder->applyVisible(!onlyPlayer || binder->control().kind() == ControlKind::mediaPlayer);
+    const bool inView = !onlyPlayer || binder->control().kind() == ControlKind::mediaPlayer;
+    binder->applyVisible(inView && !covered(*binder));
   }
   if (onlyPlayer && !wasCompact_) {
     if (auto* play = ground_->findChild<QWidget*>(QStringLiteral("playerPlay"))) play->setFocus();
@@ -273,14 +338,21 @@ void FormWindow::refresh() {
     bar_->setVisible(std::any_of(menus.begin(), menus.end(), [](const QAction* menu) { return menu->isVisible(); }));
   }
   Control* wanted = form_.focus();
-  if (const Binder* binder = binderOf(wanted); binder != nullptr && binder->widget()->isVisibleTo(this)) {
-    QWidget* target = binder->focusTarget();
+  const auto inReach = [this](const Control* control) {
+    const Binder* binder = binderOf(control);
+    return binder != nullptr && binder->widget()->isVisibleTo(this);
+  };
+  if (inReach(keyboard)) form_.userFocus(wanted = keyboard);
+  const bool reachable = inReach(wanted);
+  if (reachable) {
+    QWidget* target = binderOf(wanted)->focusTarget();
     if (target != nullptr && !target->isAncestorOf(focusWidget()) && focusWidget() != target) {
       target->setFocus(Qt::OtherFocusReason);
     }
   }
   applying_ = false;
-  if (wanted == nullptr || !wanted->showing()) followFocus(focusWidget());
+  // The compact view leaves the keyboard's place to the large one.
+  if (wanted == nullptr || !wanted->showing() || (!reachable && !onlyPlayer)) followFocus(focusWidget());
 }
 
 void FormWindow::followFocus(QWidget* now) {

@@ -48,6 +48,7 @@ class FormWindow : public QWidget {
   void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -56,6 +57,17 @@ class FormWindow : public QWidget {
   void fitLetters();
   void arrange();
   void reportSize();
+  // Takes note of the panels opened and closed since the last time. What the keyboard goes to because of that: into the
+  // panel opened last, or back to where it was before; null where it stays.
+  Control* stackPanels();
+  // The first list that shows, where the keyboard begins; null where none does.
+  Control* firstList() const;
+  // The control in a panel that the Tab key comes to first; null where it comes to none.
+  Control* firstIn(const Control& frame) const;
+  // The button that closes the panel opened last; null without one.
+  CommandButton* wayOut() const;
+  // True for a panel over which another one has been opened: it waits until that one is closed.
+  bool covered(const Binder& binder) const;
   void applyOuterSize();
   void followFocus(QWidget* now);
   void pointerOver(Control* control);
@@ -70,6 +82,11 @@ class FormWindow : public QWidget {
   std::vector<std::unique_ptr<Binder>> binders_;
   std::unordered_map<const Control*, Binder*> byControl_;
   std::unordered_map<const QWidget*, Control*> byWidget_;
+  struct OpenPanel {
+    const Binder* binder;
+    Control* before;  // had the keyboard when it was opened; null for none
+  };
+  std::vector<OpenPanel> panels_;  // the last one opened last
   std::vector<std::unique_ptr<TimerBinder>> timers_;
   std::unique_ptr<BoundMenus> menus_;
   const Control* pointed_ = nullptr;  // what the pointer is over; null: the bare form

@@ -134,7 +134,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
       if (text.size() == 1 && text[0].unicode() >= ' ' && text[0].unicode() < 127) key = text[0].toLatin1();
     }
   }
-  if (key == 0) {
+  if (key == 0 || (event->key() == Qt::Key_Escape && !model_.keyPress)) {
     event->ignore();
     return;
   }

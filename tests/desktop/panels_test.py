@@ -219,6 +219,77 @@ def a_click_into_a_list_gives_it_the_keyboard(world):
     equal(lambda: current(p.list("Final playlist")), " Birch", "the row with the keyboard")
 
 
+def _has_keyboard(p, name, role):
+    thing = p.sees(name, role)
+    return bool(thing) and thing.has("focused")
+
+
+def _copy_panel(p):
+    p.click_row("Scratch playlist", "Birch")
+    screen.key("v")
+    screen.click(p.pop_up()["Copy Selected files to .."].centre())
+    p.find("Copy Files to ..", "panel")
+
+
+def a_panel_takes_the_keyboard_and_gives_it_back(world):
+    p = world.listening()
+    _copy_panel(p)
+    wait(lambda: _has_keyboard(p, None, "combo box"), "the keyboard in the copy panel")
+    screen.key("Tab", "Tab", "Tab", "Return")
+    p.gone("Copy Files to ..", "panel")
+    wait(lambda: current(p.list("Scratch playlist")) == " Birch", "the keyboard back at the song")
+    p.choose("Function", "Scan other drives for Mp3s")
+    wait(lambda: p.sees("Drives to scan", "list") and p.list("Drives to scan").has("focused"), "the keyboard in the drives")
+    screen.key("Tab", "Tab", "Return")
+    p.gone("Drive Selection", "panel")
+    wait(lambda: current(p.list("Scratch playlist")) == " Birch", "the keyboard back at the song")
+    p.choose("Help", "Credits")
+    wait(lambda: _has_keyboard(p, "Ok!", "push button"), "the keyboard on the only button")
+    screen.key("Return")
+    p.gone("Credits!", "panel")
+
+
+def escape_leaves_a_panel_wherever_in_it_the_keyboard_is(world):
+    p = world.listening()
+    for tabs in range(4):
+        _copy_panel(p)
+        screen.key(*["Tab"] * tabs, "Escape")
+        p.gone("Copy Files to ..", "panel")
+    p.choose("Function", "Scan other drives for Mp3s")
+    wait(lambda: p.sees("Drives to scan", "list") and p.list("Drives to scan").has("focused"), "the keyboard in the drives")
+    screen.key("Escape")
+    p.gone("Drive Selection", "panel")
+    p.choose("Help", "What's Plimo! all about")
+    p.find("A Warm Welcome to Plimo!", "panel")
+    screen.key("Escape")
+    p.gone("A Warm Welcome to Plimo!", "panel")
+    p.choose("Settings", "Preferences")
+    p.answer("Yes")
+    p.find("Settings", "panel")
+    screen.key("Escape")
+    p.gone("Settings", "panel")
+    equal(lambda: p.list("Final playlist").count(), 5, "songs in the final playlist")
+
+
+def a_panel_waits_under_the_one_opened_over_it(world):
+    p = world.listening()
+    _copy_panel(p)
+    p.choose("Function", "Scan other drives for Mp3s")
+    p.find("Drive Selection", "panel")
+    p.gone("Copy Files to ..", "panel")
+    p.choose("Help", "Credits")
+    p.find("Credits!", "panel")
+    p.gone("Drive Selection", "panel")
+    screen.key("Return")
+    p.find("Drive Selection", "panel")
+    check(not p.sees("Copy Files to ..", "panel"), "the panel below shows too early")
+    p.press("Cancel")
+    p.find("Copy Files to ..", "panel")
+    p.press("Cancel")
+    p.gone("Copy Files to ..", "panel")
+    wait(lambda: current(p.list("Scratch playlist")) == " Birch", "the keyboard back at the song")
+
+
 def closing_the_window_ends_the_program(world):
     p = world.settled()
     screen.key("alt+F4")

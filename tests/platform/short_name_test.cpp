@@ -8,9 +8,26 @@
 namespace plimo {
 namespace {
 
-std::string alone(const std::string& name) {
-  return shortNameFor(name, [](std::string_view) { return false; });
-}
+// The names that a folder's entries have.
+class Folder {
+ public:
+  std::string add(const std::string& name) {
+    const std::string given =
+        names_.nameFor(name, [this](std::string_view taken) { return used_.contains(std::string(taken)); });
+    used_.insert(given);
+    return given;
+  }
+  void remove(const std::string& shortName) {
+    used_.erase(shortName);
+    names_.freed(shortName);
+  }
+
+ private:
+  ShortNames names_;
+  std::set<std::string> used_;
+};
+
+std::string alone(const std::string& name) { return Folder().add(name); }
 
 TEST(ShortName, ANameThatFitsIsItsOwnWithItsCase) {
   for (const char* name : {"Winamp.exe", "a.b", "ABCDEFGH.mp3", "Music", "a-b_(1).mp3", "Bj\xC3\xB6rk.mp3", "~1.x"}) {
@@ -32,13 +49,31 @@ TEST(ShortName, AnyOtherGetsSixLettersANumberAndThreeOfTheExtension) {
 }
 
 TEST(ShortName, TheNumberCountsUpPastTheTakenNames) {
-  std::set<std::string> taken;
-  for (int i = 0; i < 12; ++i) {
-    taken.insert(
-        shortNameFor("Dancing Queen.mp3", [&](std::string_view name) { return taken.contains(std::string(name)); }));
-  }
-  EXPECT_TRUE(taken.contains("DANCIN~9.MP3"));
-  EXPECT_TRUE(taken.contains("DANCI~12.MP3"));
+  Folder folder;
+  for (int i = 1; i < 9; ++i) folder.add("Dancing Queen.mp3");
+  EXPECT_EQ(folder.add("Dancing Queen.mp3"), "DANCIN~9.MP3");
+  EXPECT_EQ(folder.add("Dancing Queen.mp3"), "DANCI~10.MP3");
+  EXPECT_EQ(folder.add("Dancing Queen.ogg"), "DANCIN~1.OGG");
+  EXPECT_EQ(folder.add("DANCI~12.MP3"), "DANCI~12.MP3");
+  EXPECT_EQ(folder.add("Dancing King.mp3"), "DANCI~11.MP3");
+  EXPECT_EQ(folder.add("Dancing Fool.mp3"), "DANCI~13.MP3");
+}
+
+TEST(ShortName, AFreedNumberIsTheNextOneGiven) {
+  Folder folder;
+  for (int i = 1; i <= 12; ++i) folder.add("Dancing Queen.mp3");
+  folder.remove("DANCI~11.MP3");
+  folder.remove("DANCIN~4.MP3");
+  EXPECT_EQ(folder.add("Dancing King.mp3"), "DANCIN~4.MP3");
+  EXPECT_EQ(folder.add("Dancing King.mp3"), "DANCI~11.MP3");
+  EXPECT_EQ(folder.add("Dancing King.mp3"), "DANCI~13.MP3");
+}
+
+TEST(ShortName, ALongerNumberMayMeetAnotherBeginningsName) {
+  Folder folder;
+  for (int i = 1; i <= 10; ++i) folder.add("Dancing Queen.mp3");
+  for (int i = 1; i <= 9; ++i) folder.add("Dancito Queen.mp3");
+  EXPECT_EQ(folder.add("Dancito Queen.mp3"), "DANCI~11.MP3");
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "base/text.h"
-#include "platform/memory/short_name.h"
 
 namespace plimo {
 
@@ -19,7 +18,7 @@ MemoryNode* MemoryNode::find(std::string_view name) const {
 
 MemoryNode& MemoryNode::add(Kind kind, std::string_view name) {
   const auto taken = [this](std::string_view candidate) { return find(candidate) != nullptr; };
-  auto child = std::make_unique<MemoryNode>(kind, name, shortNameFor(name, taken));
+  auto child = std::make_unique<MemoryNode>(kind, name, shortNames_.nameFor(name, taken));
   MemoryNode& added = *child;
   byShortName_[foldCase(added.shortName_)] = &added;
   children_[foldCase(name)] = std::move(child);
@@ -27,6 +26,7 @@ MemoryNode& MemoryNode::add(Kind kind, std::string_view name) {
 }
 
 void MemoryNode::remove(const MemoryNode& child) {
+  shortNames_.freed(child.shortName_);
   byShortName_.erase(foldCase(child.shortName_));
   children_.erase(foldCase(child.name_));
 }

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/memory/short_name.h"
+
 namespace plimo {
 
 // What may not be done with a file.
@@ -60,6 +62,7 @@ class MemoryNode {
   std::string shortName_;
   Children children_;
   std::map<std::string, MemoryNode*> byShortName_;  // by folded short name
+  ShortNames shortNames_;
 };
 
 }  // namespace plimo

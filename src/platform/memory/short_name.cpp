@@ -57,18 +57,22 @@ bool fitsShortName(std::string_view name) {
   return fits(parts.stem, 8) && (!parts.dotted || fits(parts.extension, 3));
 }
 
-std::string shortNameFor(std::string_view name, const std::function<bool(std::string_view)>& taken) {
+std::string ShortNames::nameFor(std::string_view name, const std::function<bool(std::string_view)>& taken) {
   if (fitsShortName(name)) return std::string(name);
   const Pieces parts = pieces(name);
   std::string extension = firstAllowed(parts.extension, 3);
   if (!extension.empty()) extension.insert(0, 1, '.');
-  for (unsigned long number = 1;; ++number) {
+  const std::string stem = firstAllowed(parts.stem, 6);
+  for (unsigned long& number = firstFree_.try_emplace(stem + extension, 1).first->second;; ++number) {
     const std::string tail = "~" + std::to_string(number);
-    const std::size_t room = std::min<std::size_t>(6, 8 - std::min<std::size_t>(tail.size(), 8));
-    std::string candidate = firstAllowed(parts.stem, room);
+    std::string candidate = firstAllowed(stem, 8 - std::min<std::size_t>(tail.size(), 8));
     candidate.append(tail).append(extension);
     if (!taken(candidate)) return candidate;
   }
+}
+
+void ShortNames::freed(std::string_view shortName) {
+  if (shortName.find('~') != std::string_view::npos) firstFree_.clear();
 }
 
 }  // namespace plimo
