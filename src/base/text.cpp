@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <iterator>
 
 #include "base/eight_bytes.h"
@@ -227,6 +228,11 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
 }
 
 std::string_view before(std::string_view text, char separator) { return text.substr(0, text.find(separator)); }
+
+bool standsIn(std::string_view bytes, std::string_view text) {
+  const std::less_equal<> notBehind;
+  return notBehind(bytes.data(), text.data()) && notBehind(text.data() + text.size(), bytes.data() + bytes.size());
+}
 
 std::string displayText(std::string_view bytes) {
   std::string text;

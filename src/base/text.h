@@ -29,6 +29,9 @@ std::vector<std::string_view> split(std::string_view text, char separator);
 // The part before the first separator; the whole text where there is none.
 std::string_view before(std::string_view text, char separator);
 
+// True where the text is a part of the bytes, in their place in the memory.
+bool standsIn(std::string_view bytes, std::string_view text);
+
 // The bytes as valid UTF-8: each byte that is not part of a valid sequence becomes U+FFFD.
 std::string displayText(std::string_view bytes);
 

@@ -1,8 +1,8 @@
 #include "catalogue/batch_reader.h"
 
 #include <algorithm>
-#include <functional>
 
+#include "base/text.h"
 #include "catalogue/song_name.h"
 
 namespace plimo {
@@ -42,12 +42,8 @@ void BatchReader::moveWindow() {
 }
 
 void BatchReader::keepTexts(CatalogueRecord& record) {
-  const std::string_view bytes = view_.bytes();
-  const std::less_equal<> notBehind;
   for (std::string_view* text : {&record.path, &record.artist, &record.second, &record.title}) {
-    const bool inFile =
-        notBehind(bytes.data(), text->data()) && notBehind(text->data() + text->size(), bytes.data() + bytes.size());
-    if (!inFile) *text = copies_.emplace_back(*text);
+    if (!standsIn(view_.bytes(), *text)) *text = copies_.emplace_back(*text);
   }
 }
 

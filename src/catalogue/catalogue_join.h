@@ -106,7 +106,7 @@ class CatalogueJoin {
   };
   // In record order.
   struct Matches {
-    static constexpr std::size_t inBlock = 4096;
+    static constexpr std::size_t inBlock = 2048;
 
     void add(const Match& match) {
       if (count++ % inBlock == 0) blocks.emplace_back().reserve(inBlock);

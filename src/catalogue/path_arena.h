@@ -1,7 +1,7 @@
 // Keeps the paths of songs.
 #pragma once
 
-#include <deque>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -9,24 +9,38 @@
 
 namespace plimo {
 
-// A path in two pieces.
-struct KeptPath {
-  const std::string_view* folder;  // with the separator at its end
-  std::string_view name;
+// A path in two pieces, each shorter than 4 GiB.
+class KeptPath {
+ public:
+  KeptPath() = default;
+  KeptPath(std::string_view folder, std::string_view name)
+      : folderText_(folder.data()),
+        nameText_(name.data()),
+        folderSize_(static_cast<std::uint32_t>(folder.size())),
+        nameSize_(static_cast<std::uint32_t>(name.size())) {}
 
-  std::string text() const { return std::string(*folder).append(name); }
+  // With the separator at its end; empty where the path has none.
+  std::string_view folder() const { return {folderText_, folderSize_}; }
+  std::string_view name() const { return {nameText_, nameSize_}; }
+  std::string text() const { return std::string(folder()).append(name()); }
+
+ private:
+  // Lists of these may be long: two views would take a third more.
+  const char* folderText_ = nullptr;
+  const char* nameText_ = nullptr;
+  std::uint32_t folderSize_ = 0;
+  std::uint32_t nameSize_ = 0;
 };
 
-inline void append(std::string& target, const KeptPath& path) { target.append(*path.folder).append(path.name); }
+inline void append(std::string& target, const KeptPath& path) { target.append(path.folder()).append(path.name()); }
 
 // Copies of paths, good as long as the arena. Songs that stand next to one another in a catalogue mostly lie in the
-// same folder, whose text they share: a third of the memory does.
+// same folder: they share its text, most of a path.
 class PathArena {
  public:
   KeptPath keep(std::string_view path) {
-    if (folders_.empty() || !liesIn(folders_.back(), path)) folders_.push_back(texts_.keep(folderOf(path)));
-    const std::string_view& folder = folders_.back();
-    return {&folder, texts_.keep(path.substr(folder.size()))};
+    if (!liesIn(folder_, path)) folder_ = texts_.keep(folderOf(path));
+    return {folder_, texts_.keep(path.substr(folder_.size()))};
   }
 
  private:
@@ -42,7 +56,7 @@ class PathArena {
   }
 
   TextArena texts_;
-  std::deque<std::string_view> folders_;  // they never move
+  std::string_view folder_;  // of the path kept last
 };
 
 }  // namespace plimo

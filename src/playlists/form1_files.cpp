@@ -22,12 +22,14 @@ bool namesPlaylist(std::string_view name) {
   return name.size() >= 3 && upperAscii(name.substr(name.size() - 3)) == "M3U";
 }
 
-// The file's items, kept in `texts`.
-std::vector<std::string_view> readPlaylist(FileSystemObject& files, const std::string& path, TextArena& texts) {
-  const auto view = files.openForReading(path);
-  NotationReader reader(view->bytes(), path);
+// The file's items: most of them lie in it, the others are kept in `texts`.
+std::vector<std::string_view> readPlaylist(const FileView& file, const std::string& path, TextArena& texts) {
+  NotationReader reader(file.bytes(), path);
   std::vector<std::string_view> items;
-  while (!reader.atEnd()) items.push_back(texts.keep(reader.next().text));
+  while (!reader.atEnd()) {
+    const std::string_view text = reader.next().text;
+    items.push_back(standsIn(file.bytes(), text) ? text : texts.keep(text));
+  }
   return items;
 }
 
@@ -72,8 +74,9 @@ void Form1::Command3_Click() {
   List6.clear();
   List1.clear();
   untickArtists();
+  const auto file = platform.files.openForReading(name);
   TextArena texts;
-  fillFromPlaylist(readPlaylist(platform.files, name, texts));
+  fillFromPlaylist(readPlaylist(*file, name, texts));
 }
 
 // With the scratch playlist empty, unticking takes nothing off it.

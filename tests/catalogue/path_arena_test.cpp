@@ -45,9 +45,9 @@ TEST(PathArena, GivesEveryPathBackAsItStood) {
 TEST(PathArena, SongsOfOneFolderShareItsText) {
   PathArena arena;
   const KeptPath first = arena.keep("/m/in/a.mp3");
-  EXPECT_EQ(arena.keep("/m/in/b.mp3").folder, first.folder);
-  EXPECT_NE(arena.keep("/m/in/deep/c.mp3").folder, first.folder);
-  EXPECT_EQ(*first.folder, "/m/in/");
+  EXPECT_EQ(arena.keep("/m/in/b.mp3").folder().data(), first.folder().data());
+  EXPECT_NE(arena.keep("/m/in/deep/c.mp3").folder().data(), first.folder().data());
+  EXPECT_EQ(first.folder(), "/m/in/");
 }
 
 }  // namespace
