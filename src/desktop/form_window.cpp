@@ -267,13 +267,14 @@ Control* FormWindow::stackPanels() {
     keyboard = panel.before != nullptr && panel.before->showing() ? panel.before : firstList();
     return true;
   });
+  int opened = 0;
   for (const auto& binder : binders_) {
     const Control& frame = binder->control();
     if (frame.kind() != ControlKind::frame || !frame.visible()) continue;
     const auto isOpen = [&binder](const OpenPanel& panel) { return panel.binder == binder.get(); };
     if (std::any_of(panels_.begin(), panels_.end(), isOpen)) continue;
     panels_.push_back({binder.get(), form_.focus()});
-    keyboard = firstIn(frame);
+    keyboard = ++opened == 1 ? firstIn(frame) : firstList();  // the first run's two stand side by side
   }
   return keyboard;
 }
