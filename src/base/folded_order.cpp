@@ -57,8 +57,8 @@ class FoldedWords {
   FoldedWords(const TextAt& textAt, std::size_t first, std::span<Entry> entries) {
     words_.reserve(entries.size() * 3);
     // Those that are not plain ASCII come later: nothing tells the processor beforehand which they are, and each wrong
-    // guess of its costs as much as a text.
-    std::vector<std::uint32_t> others(entries.size() + 1);
+    // guess of its costs as much as a text. For the same reason the words that are of no use for them stay.
+    std::vector<std::uint32_t> others(entries.size());
     std::size_t otherCount = 0;
     for (std::size_t i = 0; i < entries.size(); ++i) {
       const auto place = static_cast<std::uint32_t>(first + i);
@@ -79,7 +79,8 @@ class FoldedWords {
   bool ambiguous() const { return ambiguous_; }
 
  private:
-  // True where all of the text is plain ASCII: only then what `fold` made of its words counts.
+  // Takes the words as `fold` makes them. False where the text is not plain ASCII: for one that is not folded yet they
+  // are of no use then.
   template <class Fold>
   bool takeWords(std::string_view text, std::uint32_t place, Entry& entry, Fold fold) {
     const std::uint64_t last = lastWord(text);
@@ -193,7 +194,7 @@ Entry middleOf(std::span<const Entry> entries, const WordSort& order) {
   return *middle;
 }
 
-// Copies the entries that are wanted; how many they are. There must be room for one more.
+// Copies the entries that are wanted; how many they are. There must be room for all.
 template <class Wanted>
 std::size_t pick(std::span<const Entry> entries, Entry* to, Wanted wanted) {
   std::size_t count = 0;
@@ -205,11 +206,19 @@ std::size_t pick(std::span<const Entry> entries, Entry* to, Wanted wanted) {
 }
 
 std::vector<std::uint32_t> orderByComparing(std::size_t count, const TextAt& textAt) {
+  std::string folded;  // all texts, one behind the other
+  std::vector<std::size_t> begins(count + 1);
+  for (std::size_t place = 0; place < count; ++place) {
+    appendFolded(folded, textAt(place));
+    begins[place + 1] = folded.size();
+  }
+  const auto text = [&](std::uint32_t place) {
+    return std::string_view(folded).substr(begins[place], begins[place + 1] - begins[place]);
+  };
   std::vector<std::uint32_t> order(count);
   std::iota(order.begin(), order.end(), 0U);
-  std::stable_sort(order.begin(), order.end(), [&textAt](std::uint32_t left, std::uint32_t right) {
-    return compareFolded(textAt(left), textAt(right)) < 0;
-  });
+  std::stable_sort(order.begin(), order.end(),
+                   [&text](std::uint32_t left, std::uint32_t right) { return text(left) < text(right); });
   return order;
 }
 
@@ -218,7 +227,7 @@ std::vector<std::uint32_t> orderByComparing(std::size_t count, const TextAt& tex
 std::vector<std::uint32_t> foldedOrder(std::size_t count, const TextAt& textAt) {
   constexpr std::size_t worthTwoThreads = 32768;
   const std::size_t middle = count < worthTwoThreads ? count : count / 2;
-  const auto room = [count] { return std::make_unique_for_overwrite<Entry[]>(count + 1); };
+  const auto room = [count] { return std::make_unique_for_overwrite<Entry[]>(count); };
 
   const auto given = room();
   const std::span<Entry> entries(given.get(), count);
@@ -245,10 +254,10 @@ std::vector<std::uint32_t> foldedOrder(std::size_t count, const TextAt& textAt) 
   }
   // One thread takes the texts before one in the middle of the order, the other one the rest.
   const auto high = room();
-  const WordSort unsorted(words, middle, {});
-  const Entry divider = middleOf(entries, unsorted);
-  const auto below = [&](const Entry& entry) { return unsorted.less(entry, divider); };
-  const auto notBelow = [&](const Entry& entry) { return !unsorted.less(entry, divider); };
+  const WordSort byWords(words, middle, {});
+  const Entry divider = middleOf(entries, byWords);
+  const auto below = [&](const Entry& entry) { return byWords.less(entry, divider); };
+  const auto notBelow = [&](const Entry& entry) { return !byWords.less(entry, divider); };
   std::size_t lowCount = 0;
   std::size_t highCount = 0;
   atOnce([&] { lowCount = pick(entries, low.get(), below); }, [&] { highCount = pick(entries, high.get(), notBelow); });

@@ -13,6 +13,7 @@ namespace plimo {
 // Copies of texts, close together and never moved: they stay good as long as the arena.
 class TextArena {
  public:
+  // One that has been moved from is not used any more.
   TextArena() = default;
   TextArena(TextArena&&) = default;
   TextArena& operator=(TextArena&&) = default;

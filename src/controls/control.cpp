@@ -18,7 +18,11 @@ void Control::change(T& member, const T& value, Property property) {
   notify(property);
 }
 
-void Control::setVisible(bool visible) { change(visible_, visible, Property::visible); }
+void Control::setVisible(bool visible) {
+  // A panel that is asked for again comes to the front.
+  if (visible && visible_ && kind_ == ControlKind::frame) notify(Property::visible);
+  change(visible_, visible, Property::visible);
+}
 void Control::setEnabled(bool enabled) { change(enabled_, enabled, Property::enabled); }
 void Control::setCaption(std::string_view caption) { change(caption_, std::string(caption), Property::caption); }
 void Control::setTooltip(std::string_view tooltip) { change(tooltip_, std::string(tooltip), Property::tooltip); }

@@ -8,7 +8,6 @@
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
-#include <map>
 
 #include "desktop/bind_menus.h"
 #include "desktop/bind_timer.h"
@@ -20,7 +19,7 @@
 namespace plimo {
 
 FormWindow::FormWindow(Form& form, MpvPlayer& player, std::function<bool()> compact)
-    : form_(form), player_(player), compact_(std::move(compact)) {
+    : form_(form), player_(player), compact_(std::move(compact)), panels_(form) {
   setObjectName(qstring(form.name()));
   setWindowTitle(qstring(form.caption()));
   setMouseTracking(true);
@@ -101,11 +100,10 @@ void FormWindow::bind(Control& control) {
 
 // The Tab key goes through a panel from its top to its bottom.
 void FormWindow::orderKeyboard() {
-  std::map<const Control*, std::vector<Binder*>> panels;
   for (const auto& binder : binders_) {
-    if (binder->control().container() != nullptr) panels[binder->control().container()].push_back(binder.get());
+    if (binder->control().container() != nullptr) panelOrder_[binder->control().container()].push_back(binder.get());
   }
-  for (auto& [panel, within] : panels) {
+  for (auto& [panel, within] : panelOrder_) {
     std::stable_sort(within.begin(), within.end(), [](const Binder* one, const Binder* other) {
       return one->control().place().top < other->control().place().top;
     });
@@ -238,7 +236,8 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 
 // What has the keyboard had no use for the key.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  CommandButton* button = event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier ? wayOut() : nullptr;
+  const bool escape = event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier && !event->isAutoRepeat();
+  CommandButton* button = escape ? wayOut() : nullptr;
   if (button == nullptr || !open()) {
     event->ignore();
     return;
@@ -260,25 +259,6 @@ void FormWindow::popUp(Menu& menu) {
   }
 }
 
-Control* FormWindow::stackPanels() {
-  Control* keyboard = nullptr;
-  std::erase_if(panels_, [&](const OpenPanel& panel) {
-    if (panel.binder->control().visible()) return false;
-    keyboard = panel.before != nullptr && panel.before->showing() ? panel.before : firstList();
-    return true;
-  });
-  int opened = 0;
-  for (const auto& binder : binders_) {
-    const Control& frame = binder->control();
-    if (frame.kind() != ControlKind::frame || !frame.visible()) continue;
-    const auto isOpen = [&binder](const OpenPanel& panel) { return panel.binder == binder.get(); };
-    if (std::any_of(panels_.begin(), panels_.end(), isOpen)) continue;
-    panels_.push_back({binder.get(), form_.focus()});
-    keyboard = ++opened == 1 ? firstIn(frame) : firstList();  // the first run's two stand side by side
-  }
-  return keyboard;
-}
-
 Control* FormWindow::firstList() const {
   const auto found = std::find_if(binders_.begin(), binders_.end(), [](const auto& binder) {
     return binder->control().kind() == ControlKind::listBox && binder->control().showing();
@@ -286,46 +266,51 @@ Control* FormWindow::firstList() const {
   return found == binders_.end() ? nullptr : &(*found)->control();
 }
 
-Control* FormWindow::firstIn(const Control& frame) const {
-  Control* first = nullptr;
-  for (const auto& binder : binders_) {
-    Control& control = binder->control();
+Control* FormWindow::firstIn(const Control& panel) const {
+  for (const Binder* binder : panelOrder_.at(&panel)) {
     const QWidget* target = binder->focusTarget();
-    if (control.container() != &frame || !control.visible() || !control.enabled() || target == nullptr) continue;
-    if ((target->focusPolicy() & Qt::TabFocus) == 0) continue;
-    if (first == nullptr || control.place().top < first->place().top) first = &control;
+    const Control& control = binder->control();
+    if (control.visible() && control.enabled() && target != nullptr && (target->focusPolicy() & Qt::TabFocus) != 0) {
+      return &binder->control();
+    }
   }
-  return first;
+  return nullptr;
+}
+
+bool FormWindow::inReach(const Control* control) const {
+  const Binder* binder = binderOf(control);
+  return binder != nullptr && binder->widget()->isVisibleTo(this);
+}
+
+Control* FormWindow::keyboardByPanels() {
+  if (!panels_.changed()) return nullptr;
+  const Control* top = panels_.top();
+  const auto usable = [&](const Control* control) { return inReach(control) && control->container() == top; };
+  Control* to = top != nullptr ? firstIn(*top) : firstList();
+  if (usable(panels_.before())) to = panels_.before();
+  if (top != nullptr && usable(form_.focus())) to = form_.focus();  // the panel has it already
+  if (!inReach(to)) return nullptr;  // in the midst of a handler, with nothing to go to yet
+  panels_.settled();
+  return to;
 }
 
 CommandButton* FormWindow::wayOut() const {
-  if (panels_.empty()) return nullptr;
-  for (const auto& binder : binders_) {
-    Control& control = binder->control();
-    if (control.kind() != ControlKind::commandButton || control.container() != &panels_.back().binder->control()) {
-      continue;
-    }
-    auto& button = static_cast<CommandButton&>(control);
+  const Control* now = controlOf(focusWidget());
+  if (now == nullptr || now->container() == nullptr) return nullptr;
+  for (const Binder* binder : panelOrder_.at(now->container())) {
+    if (binder->control().kind() != ControlKind::commandButton) continue;
+    auto& button = static_cast<CommandButton&>(binder->control());
     if (button.cancels() && button.visible() && button.enabled()) return &button;
   }
   return nullptr;
 }
 
-bool FormWindow::covered(const Binder& binder) const {
-  const auto place = std::find_if(panels_.begin(), panels_.end(),
-                                  [&binder](const OpenPanel& panel) { return panel.binder == &binder; });
-  return place != panels_.end() && std::any_of(place + 1, panels_.end(), [&binder](const OpenPanel& later) {
-           return later.binder->widget()->geometry().intersects(binder.widget()->geometry());
-         });
-}
-
 void FormWindow::refresh() {
   applying_ = true;
   const bool onlyPlayer = compact_();
-  Control* const keyboard = stackPanels();
   for (const auto& binder : binders_) {
     const bool inView = !onlyPlayer || binder->control().kind() == ControlKind::mediaPlayer;
-    binder->applyVisible(inView && !covered(*binder));
+    binder->applyVisible(inView && !panels_.covered(binder->control()));
   }
   if (onlyPlayer && !wasCompact_) {
     if (auto* play = ground_->findChild<QWidget*>(QStringLiteral("playerPlay"))) play->setFocus();
@@ -339,11 +324,10 @@ void FormWindow::refresh() {
     bar_->setVisible(std::any_of(menus.begin(), menus.end(), [](const QAction* menu) { return menu->isVisible(); }));
   }
   Control* wanted = form_.focus();
-  const auto inReach = [this](const Control* control) {
-    const Binder* binder = binderOf(control);
-    return binder != nullptr && binder->widget()->isVisibleTo(this);
-  };
-  if (inReach(keyboard)) form_.userFocus(wanted = keyboard);
+  if (Control* keyboard = onlyPlayer ? nullptr : keyboardByPanels()) {
+    form_.userFocus(keyboard);
+    wanted = keyboard;
+  }
   const bool reachable = inReach(wanted);
   if (reachable) {
     QWidget* target = binderOf(wanted)->focusTarget();

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <map>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "controls/form.h"
 #include "controls/menu.h"
 #include "desktop/binder.h"
+#include "desktop/panel_stack.h"
 
 class QMenu;
 class QMenuBar;
@@ -37,7 +39,8 @@ class FormWindow : public QWidget {
   // Outer size in twips; kept until the window manager has done what was asked of it before.
   void resizeOuter(double width, double height);
   void popUp(Menu& menu);
-  // Brings visibility and focus up to the models; called before the window is painted.
+  // Brings visibility and focus up to the models; called before the window is painted. Where panels have been opened or
+  // closed, the keyboard follows them, and the model hears of it.
   void refresh();
 
   // What the user does to the window itself is let through only while this is true.
@@ -57,17 +60,15 @@ class FormWindow : public QWidget {
   void fitLetters();
   void arrange();
   void reportSize();
-  // Takes note of the panels opened and closed since the last time. What the keyboard goes to because of that: into the
-  // panel opened last, or back to where it was before; null where it stays.
-  Control* stackPanels();
   // The first list that shows, where the keyboard begins; null where none does.
   Control* firstList() const;
   // The control in a panel that the Tab key comes to first; null where it comes to none.
-  Control* firstIn(const Control& frame) const;
-  // The button that closes the panel opened last; null without one.
+  Control* firstIn(const Control& panel) const;
+  bool inReach(const Control* control) const;
+  // Where the keyboard is to go because of the panels opened and closed since the last time; null where it stays.
+  Control* keyboardByPanels();
+  // The button that closes the panel which has the keyboard; null where none has.
   CommandButton* wayOut() const;
-  // True for a panel over which another one has been opened: it waits until that one is closed.
-  bool covered(const Binder& binder) const;
   void applyOuterSize();
   void followFocus(QWidget* now);
   void pointerOver(Control* control);
@@ -82,11 +83,8 @@ class FormWindow : public QWidget {
   std::vector<std::unique_ptr<Binder>> binders_;
   std::unordered_map<const Control*, Binder*> byControl_;
   std::unordered_map<const QWidget*, Control*> byWidget_;
-  struct OpenPanel {
-    const Binder* binder;
-    Control* before;  // had the keyboard when it was opened; null for none
-  };
-  std::vector<OpenPanel> panels_;  // the last one opened last
+  PanelStack panels_;
+  std::map<const Control*, std::vector<Binder*>> panelOrder_;  // what stands in each panel, as the Tab key goes
   std::vector<std::unique_ptr<TimerBinder>> timers_;
   std::unique_ptr<BoundMenus> menus_;
   const Control* pointed_ = nullptr;  // what the pointer is over; null: the bare form

@@ -134,6 +134,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
       if (text.size() == 1 && text[0].unicode() >= ' ' && text[0].unicode() < 127) key = text[0].toLatin1();
     }
   }
+  // A list that has no keys of its own leaves Escape to the panel that it stands in.
   if (key == 0 || (event->key() == Qt::Key_Escape && !model_.keyPress)) {
     event->ignore();
     return;

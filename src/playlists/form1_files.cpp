@@ -1,5 +1,4 @@
 // Opening a playlist, and saving the final one.
-#include <algorithm>
 #include <optional>
 
 #include "app/form1.h"
@@ -22,13 +21,13 @@ bool namesPlaylist(std::string_view name) {
   return name.size() >= 3 && upperAscii(name.substr(name.size() - 3)) == "M3U";
 }
 
-// The file's items: most of them lie in it, the others are kept in `texts`.
-std::vector<std::string_view> readPlaylist(const FileView& file, const std::string& path, TextArena& texts) {
-  NotationReader reader(file.bytes(), path);
+// The items of a playlist: most of them stand in its content, the others are kept in `texts`.
+std::vector<std::string_view> readPlaylist(std::string_view content, const std::string& path, TextArena& texts) {
+  NotationReader reader(content, path);
   std::vector<std::string_view> items;
   while (!reader.atEnd()) {
     const std::string_view text = reader.next().text;
-    items.push_back(standsIn(file.bytes(), text) ? text : texts.keep(text));
+    items.push_back(standsIn(content, text) ? text : texts.keep(text));
   }
   return items;
 }
@@ -74,9 +73,10 @@ void Form1::Command3_Click() {
   List6.clear();
   List1.clear();
   untickArtists();
-  const auto file = platform.files.openForReading(name);
+  // Copied as a whole: the file is the user's, and may change before the catalogue is read.
+  const std::string content(platform.files.openForReading(name)->bytes());
   TextArena texts;
-  fillFromPlaylist(readPlaylist(*file, name, texts));
+  fillFromPlaylist(readPlaylist(content, name, texts));
 }
 
 // With the scratch playlist empty, unticking takes nothing off it.

@@ -290,6 +290,39 @@ def a_panel_waits_under_the_one_opened_over_it(world):
     wait(lambda: current(p.list("Scratch playlist")) == " Birch", "the keyboard back at the song")
 
 
+def a_panel_asked_for_again_comes_to_the_front(world):
+    p = world.settled()
+    p.choose("Help", "Credits")
+    p.find("Credits!", "panel")
+    p.choose("Function", "Scan other drives for Mp3s")
+    p.gone("Credits!", "panel")
+    p.choose("Help", "Credits")
+    p.find("Credits!", "panel")
+    check(not p.sees("Drive Selection", "panel"), "the other panel covers it")
+    screen.key("Return")
+    p.find("Drive Selection", "panel")
+
+
+def escape_closes_no_panel_that_is_out_of_view(world):
+    p = world.listening()
+    _copy_panel(p)
+    p.choose("View", "Compact")
+    p.gone("Copy Files to ..", "panel")
+    screen.key("Escape")
+    p.choose("View", "Large")
+    p.find("Copy Files to ..", "panel")
+
+
+def a_scan_of_chosen_drives_gives_the_keyboard_back(world):
+    p = world.listening()
+    p.click_row("Scratch playlist", "Birch")
+    p.choose("Function", "Scan other drives for Mp3s")
+    p.click_row("Drives to scan", "C: Hard Drive")
+    p.press("Okay")
+    p.gone("Drive Selection", "panel")
+    wait(lambda: p.list("Scratch playlist").has("focused"), "the keyboard back in the scratch playlist")
+
+
 def closing_the_window_ends_the_program(world):
     p = world.settled()
     screen.key("alt+F4")

@@ -61,8 +61,7 @@ class MappedView : public FileView {
 };
 
 // Files from this size on are mapped. Smaller ones are copied, because a mapped file that another program cuts short
-// cannot be read to its end; the large files that are read here are catalogues and long playlists, and those are only
-// ever replaced.
+// cannot be read to its end; the large files that are read here are catalogues, and those are only ever replaced.
 constexpr std::size_t mappedFrom = 1024 * 1024;
 
 bool readAll(int file, std::string& content) {
