@@ -266,8 +266,13 @@ Control* FormWindow::firstList() const {
   return found == binders_.end() ? nullptr : &(*found)->control();
 }
 
+std::span<Binder* const> FormWindow::inPanel(const Control* panel) const {
+  const auto within = panelOrder_.find(panel);
+  return within == panelOrder_.end() ? std::span<Binder* const>() : std::span<Binder* const>(within->second);
+}
+
 Control* FormWindow::firstIn(const Control& panel) const {
-  for (const Binder* binder : panelOrder_.at(&panel)) {
+  for (const Binder* binder : inPanel(&panel)) {
     const QWidget* target = binder->focusTarget();
     const Control& control = binder->control();
     if (control.visible() && control.enabled() && target != nullptr && (target->focusPolicy() & Qt::TabFocus) != 0) {
@@ -296,8 +301,8 @@ Control* FormWindow::keyboardByPanels() {
 
 CommandButton* FormWindow::wayOut() const {
   const Control* now = controlOf(focusWidget());
-  if (now == nullptr || now->container() == nullptr) return nullptr;
-  for (const Binder* binder : panelOrder_.at(now->container())) {
+  if (now == nullptr) return nullptr;
+  for (const Binder* binder : inPanel(now->container())) {
     if (binder->control().kind() != ControlKind::commandButton) continue;
     auto& button = static_cast<CommandButton&>(binder->control());
     if (button.cancels() && button.visible() && button.enabled()) return &button;

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -62,6 +63,8 @@ class FormWindow : public QWidget {
   void reportSize();
   // The first list that shows, where the keyboard begins; null where none does.
   Control* firstList() const;
+  // What stands in a panel, in the order of the Tab key; nothing for no panel.
+  std::span<Binder* const> inPanel(const Control* panel) const;
   // The control in a panel that the Tab key comes to first; null where it comes to none.
   Control* firstIn(const Control& panel) const;
   bool inReach(const Control* control) const;
@@ -84,7 +87,7 @@ class FormWindow : public QWidget {
   std::unordered_map<const Control*, Binder*> byControl_;
   std::unordered_map<const QWidget*, Control*> byWidget_;
   PanelStack panels_;
-  std::map<const Control*, std::vector<Binder*>> panelOrder_;  // what stands in each panel, as the Tab key goes
+  std::map<const Control*, std::vector<Binder*>> panelOrder_;
   std::vector<std::unique_ptr<TimerBinder>> timers_;
   std::unique_ptr<BoundMenus> menus_;
   const Control* pointed_ = nullptr;  // what the pointer is over; null: the bare form
