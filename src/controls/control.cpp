@@ -18,11 +18,12 @@ void Control::change(T& member, const T& value, Property property) {
   notify(property);
 }
 
+// Told where it shows already, too: a panel that is asked for again comes to the front.
 void Control::setVisible(bool visible) {
-  // A panel that is asked for again comes to the front.
-  if (visible && visible_ && kind_ == ControlKind::frame) notify(Property::visible);
-  change(visible_, visible, Property::visible);
+  visible_ = visible;
+  notify(Property::visible);
 }
+
 void Control::setEnabled(bool enabled) { change(enabled_, enabled, Property::enabled); }
 void Control::setCaption(std::string_view caption) { change(caption_, std::string(caption), Property::caption); }
 void Control::setTooltip(std::string_view tooltip) { change(tooltip_, std::string(tooltip), Property::tooltip); }
