@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "app/settings_file.h"
-#include "base/notation.h"
+#include "base/quoted_format.h"
 
 namespace plimo::bench {
 

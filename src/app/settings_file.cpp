@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/errors.h"
-#include "base/notation.h"
+#include "base/quoted_format.h"
 #include "base/text.h"
 
 namespace plimo {
@@ -18,15 +18,15 @@ Colour toColour(double number, const std::string& path) {
   return static_cast<Colour>(std::nearbyint(number));
 }
 
-LooseValue loose(const Item& item) { return {std::string(item.text), item.isTrue()}; }
+LooseValue loose(const Field& item) { return {std::string(item.text), item.isTrue()}; }
 
-double number(const Item& item, const std::string& path) {
+double number(const Field& item, const std::string& path) {
   double value = 0;
   if (!parseNumber(item.text, value)) throw RuntimeError(ErrorNumber::typeMismatch, path);
   return value;
 }
 
-int shortInteger(const Item& item, const std::string& path) {
+int shortInteger(const Field& item, const std::string& path) {
   const double value = number(item, path);
   if (std::nearbyint(value) != value) throw RuntimeError(ErrorNumber::typeMismatch, path);
   if (value < -32768 || value > 32767) throw RuntimeError(ErrorNumber::overflow, path);
@@ -58,12 +58,12 @@ std::vector<std::string> splitDriveLetters(std::string_view drives) {
 
 SavedSettings readSettings(FileSystemObject& files, const std::string& path) {
   const auto view = files.openForReading(path);
-  NotationReader reader(view->bytes(), path);
+  QuotedReader reader(view->bytes(), path);
   SavedSettings settings;
   settings.useWinamp = loose(reader.next());
   settings.noScan = loose(reader.next());
   settings.scan = loose(reader.next());
-  const Item drives = reader.next();
+  const Field drives = reader.next();
   if (drives.hashFramed()) throw RuntimeError(ErrorNumber::typeMismatch, path);
   settings.driveLetters = splitDriveLetters(drives.text);
   settings.splash = loose(reader.next());
@@ -75,7 +75,7 @@ SavedSettings readSettings(FileSystemObject& files, const std::string& path) {
 
 std::string readWinampPath(FileSystemObject& files, const std::string& path) {
   const auto view = files.openForReading(path);
-  NotationReader reader(view->bytes(), path);
+  QuotedReader reader(view->bytes(), path);
   return std::string(reader.next().text);
 }
 

@@ -7,7 +7,7 @@
 #include <functional>
 #include <iterator>
 
-#include "base/eight_bytes.h"
+#include "base/swar.h"
 
 namespace plimo {
 
@@ -178,8 +178,8 @@ void appendFolded(std::string& target, std::string_view text) {
   std::size_t folded = 0;
   for (std::uint64_t eight = 0; text.size() - folded >= sizeof eight; folded += sizeof eight) {
     std::memcpy(&eight, text.data() + folded, sizeof eight);
-    if (!allAscii(eight)) break;
-    eight = lowered(eight);
+    if (!isAllAscii(eight)) break;
+    eight = asciiToLower(eight);
     std::memcpy(target.data() + before + folded, &eight, sizeof eight);
   }
   text.remove_prefix(folded);
@@ -227,14 +227,14 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
   }
 }
 
-std::string_view before(std::string_view text, char separator) { return text.substr(0, text.find(separator)); }
+std::string_view prefixBefore(std::string_view text, char separator) { return text.substr(0, text.find(separator)); }
 
-bool standsIn(std::string_view bytes, std::string_view text) {
+bool isSubview(std::string_view bytes, std::string_view text) {
   const std::less_equal<> notBehind;
   return notBehind(bytes.data(), text.data()) && notBehind(text.data() + text.size(), bytes.data() + bytes.size());
 }
 
-std::string displayText(std::string_view bytes) {
+std::string toValidUtf8(std::string_view bytes) {
   std::string text;
   text.reserve(bytes.size());
   while (!bytes.empty()) {

@@ -27,12 +27,12 @@ int compareFolded(std::string_view left, std::string_view right);
 std::vector<std::string_view> split(std::string_view text, char separator);
 
 // The part before the first separator; the whole text where there is none.
-std::string_view before(std::string_view text, char separator);
+std::string_view prefixBefore(std::string_view text, char separator);
 
 // True where the text is a part of the bytes, in their place in the memory.
-bool standsIn(std::string_view bytes, std::string_view text);
+bool isSubview(std::string_view bytes, std::string_view text);
 
 // The bytes as valid UTF-8: each byte that is not part of a valid sequence becomes U+FFFD.
-std::string displayText(std::string_view bytes);
+std::string toValidUtf8(std::string_view bytes);
 
 }  // namespace plimo

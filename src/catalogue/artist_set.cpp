@@ -4,8 +4,8 @@
 #include <span>
 #include <string_view>
 
-#include "base/text_arena.h"
-#include "base/text_index.h"
+#include "base/string_arena.h"
+#include "base/string_interner.h"
 #include "catalogue/catalogue_join.h"
 #include "catalogue/song_name.h"
 
@@ -23,8 +23,8 @@ class Artists {
     batch_.look(spellings_);
     for (std::size_t i = 0; i < records.size(); ++i) {
       const std::string_view artist = records[i].artist;
-      if (batch_.number(i) != TextIndex::none || (i > 0 && artist == records[i - 1].artist)) continue;
-      if (spellings_.find(artist) != TextIndex::none) continue;  // new in this batch
+      if (batch_.number(i) != StringInterner::none || (i > 0 && artist == records[i - 1].artist)) continue;
+      if (spellings_.find(artist) != StringInterner::none) continue;  // new in this batch
       spellings_.add(kept_.keep(artist));
       artistKey(artist, key_);
       addKey(key_);
@@ -38,14 +38,14 @@ class Artists {
 
  private:
   void addKey(std::string_view key) {
-    if (distinct_.find(key) != TextIndex::none) return;
+    if (distinct_.find(key) != StringInterner::none) return;
     keys_.push_back(kept_.keep(key));
     distinct_.add(keys_.back());
   }
 
-  TextArena kept_;
-  TextIndex spellings_;  // they stand for their keys: folding and comparing is needed for new ones only
-  TextIndex distinct_;
+  StringArena kept_;
+  StringInterner spellings_;  // they stand for their keys: folding and comparing is needed for new ones only
+  StringInterner distinct_;
   std::vector<std::string_view> keys_;
   std::string key_;
   KeyBatch batch_;

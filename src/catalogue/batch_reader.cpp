@@ -43,7 +43,7 @@ void BatchReader::moveWindow() {
 
 void BatchReader::keepTexts(CatalogueRecord& record) {
   for (std::string_view* text : {&record.path, &record.artist, &record.second, &record.title}) {
-    if (!standsIn(view_.bytes(), *text)) *text = copies_.emplace_back(*text);
+    if (!isSubview(view_.bytes(), *text)) *text = copies_.emplace_back(*text);
   }
 }
 

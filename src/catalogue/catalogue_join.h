@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/text_arena.h"
-#include "base/text_index.h"
+#include "base/string_arena.h"
+#include "base/string_interner.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/open_catalogue.h"
 
@@ -38,11 +38,13 @@ class KeyBatch {
     place = static_cast<std::uint8_t>(asked_ - 1);
   }
 
-  void look(const TextIndex& index) { index.find(std::span(keys_).first(asked_), std::span(numbers_).first(asked_)); }
+  void look(const StringInterner& index) {
+    index.find(std::span(keys_).first(asked_), std::span(numbers_).first(asked_));
+  }
 
-  // What the index has for the record at this place in the batch; TextIndex::none without a key too.
+  // What the index has for the record at this place in the batch; StringInterner::none without a key too.
   std::uint32_t number(std::size_t record) const {
-    return places_[record] == nowhere ? TextIndex::none : numbers_[places_[record]];
+    return places_[record] == nowhere ? StringInterner::none : numbers_[places_[record]];
   }
 
  private:
@@ -61,7 +63,7 @@ class KeyBatch {
 
 // For each of a list of keys, in order and with repetitions, the values of the records that match it, in record order:
 // the same as reading the whole catalogue once for each key.
-template <class Value, class Arena = TextArena>
+template <class Value, class Arena = StringArena>
 class CatalogueJoin {
  public:
   // `sourceOf(record)` gives the text that a record's key is made from, or nothing where it can match none;
@@ -72,7 +74,7 @@ class CatalogueJoin {
   CatalogueJoin(OpenCatalogue& catalogue, std::span<const std::string_view> keys, BrokenEnd end, SourceOf sourceOf,
                 KeyOf keyOf, ValueOf valueOf)
       : groupOfKey_(keys.size()) {
-    TextIndex index(keys.size());
+    StringInterner index(keys.size());
     index.add(keys, groupOfKey_);
     const auto look = [&](Matches& found, std::span<const CatalogueRecord> records) {
       found.wanted.clear();
@@ -80,7 +82,7 @@ class CatalogueJoin {
       found.wanted.look(index);
       for (std::size_t i = 0; i < records.size(); ++i) {
         const std::uint32_t group = found.wanted.number(i);
-        if (group != TextIndex::none) found.add({group, valueOf(records[i], found.texts)});
+        if (group != StringInterner::none) found.add({group, valueOf(records[i], found.texts)});
       }
     };
     order(catalogue.gather<Matches>(end, look), index.size());

@@ -4,12 +4,12 @@
 #include <utility>
 
 #include "base/errors.h"
-#include "base/notation.h"
+#include "base/quoted_format.h"
 
 namespace plimo {
 
 CatalogueReader::CatalogueReader(std::string_view bytes, std::string path, std::size_t from)
-    : bytes_(bytes), position_(from == 0 ? startOfItems(bytes) : from), path_(std::move(path)) {}
+    : bytes_(bytes), position_(from == 0 ? skipBom(bytes) : from), path_(std::move(path)) {}
 
 // A record as the program writes it: each text between quotes, then CR LF. False, and nothing read, for any other.
 bool CatalogueReader::nextAsWritten(CatalogueRecord& record) {
@@ -29,7 +29,7 @@ bool CatalogueReader::nextAsWritten(CatalogueRecord& record) {
 
 std::string_view CatalogueReader::value(std::size_t field) {
   if (position_ == bytes_.size()) throw RuntimeError(ErrorNumber::inputPastEnd, path_);
-  return readItem(bytes_, position_, unescaped_[field]).text;
+  return readField(bytes_, position_, unescaped_[field]).text;
 }
 
 bool CatalogueReader::next(CatalogueRecord& record) {

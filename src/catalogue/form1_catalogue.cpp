@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "app/form1.h"
-#include "base/at_once.h"
+#include "base/parallel.h"
 #include "catalogue/artist_set.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/song_name.h"
@@ -44,7 +44,7 @@ void Form1::process() {
     if (row + recordsInPiece >= List3.count()) {
       write();
     } else {
-      atOnce(write, [&] { putTogether(next, platform.files, List3, row + recordsInPiece); });
+      parallelInvoke(write, [&] { putTogether(next, platform.files, List3, row + recordsInPiece); });
       file->write(next);
     }
   }

@@ -45,7 +45,7 @@ void Form1::scandrives() {
     otherdrives = false;
     for (std::size_t row = 0; row < List7.count(); ++row) {
       if (!List7.selected(row)) continue;
-      const std::string_view letter = before(List7.text(row), ':');
+      const std::string_view letter = prefixBefore(List7.text(row), ':');
       for (const Drive& drive : drives) {
         if (drive.ready && letter == std::string_view(&drive.letter, 1)) roots.push_back(drive.root);
       }

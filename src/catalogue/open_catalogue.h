@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/at_once.h"
 #include "base/errors.h"
+#include "base/parallel.h"
 #include "catalogue/batch_reader.h"
 #include "platform/file_system_object.h"
 
@@ -65,7 +65,7 @@ class OpenCatalogue {
     if (middle == size()) {
       first = read(0, size());
     } else {
-      std::tie(first, second) = madeAtOnce([&] { return read(0, middle); }, [&] { return read(middle, size()); });
+      std::tie(first, second) = parallelResults([&] { return read(0, middle); }, [&] { return read(middle, size()); });
     }
     if (second && first->reader.position() != middle) {  // no record begins there after all
       second.reset();

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/text_arena.h"
+#include "base/string_arena.h"
 
 namespace plimo {
 
@@ -55,7 +55,7 @@ class PathArena {
     return path.substr(0, end);
   }
 
-  TextArena texts_;
+  StringArena texts_;
   std::string_view folder_;  // of the path kept last
 };
 

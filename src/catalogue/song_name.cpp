@@ -11,7 +11,7 @@ SongName splitFileName(std::string_view fileName) {
   const std::string_view rest = fileName.substr(first + 1);
   const std::size_t second = rest.find('-');
   if (second == std::string_view::npos) return {artist, "Don't know!", rest};
-  return {artist, rest.substr(0, second), before(rest.substr(second + 1), '-')};
+  return {artist, rest.substr(0, second), prefixBefore(rest.substr(second + 1), '-')};
 }
 
 std::optional<std::string_view> displayName(std::string_view title) {

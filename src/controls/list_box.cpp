@@ -5,7 +5,7 @@
 #include <numeric>
 #include <utility>
 
-#include "base/folded_order.h"
+#include "base/case_insensitive_sort.h"
 #include "controls/form.h"
 
 namespace plimo {
@@ -153,7 +153,8 @@ void ListBox::replaceRows(const ListBox& other) {
 }
 
 void ListBox::sortRows() {
-  const std::vector<std::uint32_t> order = foldedOrder(rows_.size(), [this](std::size_t row) { return text(row); });
+  const std::vector<std::uint32_t> order =
+      caseInsensitiveOrder(rows_.size(), [this](std::size_t row) { return text(row); });
   const std::vector<Row> unsorted = std::exchange(rows_, {});
   rows_.reserve(unsorted.size());
   for (const std::uint32_t place : order) rows_.push_back(unsorted[place]);

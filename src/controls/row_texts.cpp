@@ -6,7 +6,7 @@
 #include <new>
 #include <numeric>
 
-#include "base/at_once.h"
+#include "base/parallel.h"
 
 namespace plimo {
 
@@ -41,7 +41,7 @@ std::size_t RowTexts::append(std::span<const std::string_view> texts) {
   if (second.empty()) {
     copy(first, begin);
   } else {
-    atOnce([&] { copy(first, begin); }, [&] { copy(second, begin + firstSize); });
+    parallelInvoke([&] { copy(first, begin); }, [&] { copy(second, begin + firstSize); });
   }
   bytes_->size += bytes;
   return offset;

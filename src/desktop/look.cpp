@@ -237,7 +237,7 @@ QColor qcolor(Rgb colour) { return {colour.red, colour.green, colour.blue}; }
 Rgb rgbOf(const QColor& colour) { return {colour.red(), colour.green(), colour.blue()}; }
 
 QString qstring(std::string_view text) {
-  const std::string shown = displayText(text);
+  const std::string shown = toValidUtf8(text);
   return QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()));
 }
 

@@ -31,7 +31,7 @@ class Names {
             artistKey(artist, key);
             return std::string_view(key);
           },
-          [nameOf](const CatalogueRecord& record, TextArena& texts) { return texts.keep(*nameOf(record.title)); });
+          [nameOf](const CatalogueRecord& record, StringArena& texts) { return texts.keep(*nameOf(record.title)); });
     } catch (const RuntimeError&) {  // ticking ignores errors
     }
   }
@@ -66,7 +66,7 @@ void appendSongs(FileSystemObject& files, const std::string& catalogue, std::spa
 
 void removeSongs(FileSystemObject& files, const std::string& catalogue, std::string_view artist, ListBox& songs) {
   const Names names(files, catalogue, std::span(&artist, 1),
-                    [](std::string_view title) { return std::optional(before(title, '.')); });
+                    [](std::string_view title) { return std::optional(prefixBefore(title, '.')); });
   songs.removeAll(removedByWalks(rowTexts(songs), names.of(0)));
 }
 

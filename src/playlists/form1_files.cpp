@@ -2,7 +2,7 @@
 #include <optional>
 
 #include "app/form1.h"
-#include "base/notation.h"
+#include "base/quoted_format.h"
 #include "base/text.h"
 #include "catalogue/catalogue_join.h"
 #include "catalogue/song_lookup.h"
@@ -22,12 +22,12 @@ bool namesPlaylist(std::string_view name) {
 }
 
 // The items of a playlist: most of them stand in its content, the others are kept in `texts`.
-std::vector<std::string_view> readPlaylist(std::string_view content, const std::string& path, TextArena& texts) {
-  NotationReader reader(content, path);
+std::vector<std::string_view> readPlaylist(std::string_view content, const std::string& path, StringArena& texts) {
+  QuotedReader reader(content, path);
   std::vector<std::string_view> items;
   while (!reader.atEnd()) {
     const std::string_view text = reader.next().text;
-    items.push_back(standsIn(content, text) ? text : texts.keep(text));
+    items.push_back(isSubview(content, text) ? text : texts.keep(text));
   }
   return items;
 }
@@ -75,7 +75,7 @@ void Form1::Command3_Click() {
   untickArtists();
   // Copied as a whole: the file is the user's, and may change before the catalogue is read.
   const std::string content(platform.files.openForReading(name)->bytes());
-  TextArena texts;
+  StringArena texts;
   fillFromPlaylist(readPlaylist(content, name, texts));
 }
 
@@ -95,7 +95,7 @@ void Form1::fillFromPlaylist(std::span<const std::string_view> paths) {
   OpenCatalogue catalogue(platform.files, ownFile(catalogueName));
   const CatalogueJoin<Song> songs(
       catalogue, paths, BrokenEnd::ignored, [](const CatalogueRecord& record) { return std::optional(record.path); },
-      [](const CatalogueRecord& record, TextArena& texts) {
+      [](const CatalogueRecord& record, StringArena& texts) {
         return Song{texts.keep(record.artist), texts.keep(record.title)};
       });
 
@@ -115,7 +115,7 @@ void Form1::fillFromPlaylist(std::span<const std::string_view> paths) {
 
 // The rows of the artists in List3, each where it comes first.
 std::vector<std::size_t> Form1::rowsOfArtists() {
-  TextIndex index(List2.count());
+  StringInterner index(List2.count());
   std::vector<std::uint32_t> numbers(List2.count());
   index.add(rowTexts(List2), numbers);
   std::vector<std::size_t> rowOf;  // of each number
@@ -127,7 +127,7 @@ std::vector<std::size_t> Form1::rowsOfArtists() {
   std::vector<bool> seen(rowOf.size());
   std::vector<std::size_t> found;
   for (const std::uint32_t number : wanted) {
-    if (number == TextIndex::none || seen[number]) continue;
+    if (number == StringInterner::none || seen[number]) continue;
     seen[number] = true;
     found.push_back(rowOf[number]);
   }

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <numeric>
 
-#include "base/text_index.h"
+#include "base/string_interner.h"
 
 namespace plimo {
 
@@ -19,13 +19,13 @@ std::vector<std::size_t> removedByWalk(std::span<const std::size_t> places) {
 
 std::vector<std::size_t> removedByWalks(std::span<const std::string_view> rows,
                                         std::span<const std::string_view> names) {
-  TextIndex index(names.size());
+  StringInterner index(names.size());
   std::vector<std::uint32_t> numbers(names.size());
   index.add(names, numbers);
   std::vector<std::vector<std::size_t>> places(index.size());  // where each name still stands, in order
   for (std::size_t row = 0; row < rows.size(); ++row) {
     const std::uint32_t name = index.find(rows[row]);
-    if (name != TextIndex::none) places[name].push_back(row);
+    if (name != StringInterner::none) places[name].push_back(row);
   }
   // A list linked through the rows that still stand tells which row moves up behind a removed one.
   const std::size_t end = rows.size();

@@ -1,7 +1,7 @@
 #include "prefs/colour_scheme.h"
 
 #include "base/errors.h"
-#include "base/notation.h"
+#include "base/quoted_format.h"
 #include "base/text.h"
 
 namespace plimo {
@@ -12,9 +12,9 @@ constexpr int settingsBeforeScheme = 6;
 constexpr int driveSetting = 4;  // a text, whatever it looks like
 
 // An untyped value goes back as what it was read as: nothing, a truth value, a number or a text.
-void restate(std::string& file, const Item& item) {
+void restate(std::string& file, const Field& item) {
   double number = 0;
-  if (item.form == Item::Form::bare && (item.text.empty() || item.hashFramed() || parseNumber(item.text, number))) {
+  if (item.form == Field::Form::bare && (item.text.empty() || item.hashFramed() || parseNumber(item.text, number))) {
     file.append(trimBlanks(item.text)).append("\r\n");
   } else {
     writeText(file, item.text);
@@ -25,9 +25,9 @@ void restate(std::string& file, const Item& item) {
 
 std::string restateSettings(std::string_view content, const std::string& path) {
   std::string firstSix;
-  NotationReader reader(content, path);
+  QuotedReader reader(content, path);
   for (int setting = 1; setting <= settingsBeforeScheme; ++setting) {
-    const Item item = reader.next();
+    const Field item = reader.next();
     if (setting != driveSetting) {
       restate(firstSix, item);
     } else if (item.hashFramed()) {

@@ -3,7 +3,7 @@
 
 #include "app/form1.h"
 #include "app/settings_file.h"
-#include "base/notation.h"
+#include "base/quoted_format.h"
 #include "prefs/settings_choice.h"
 #include "prefs/winamp_folder.h"
 

@@ -1,6 +1,6 @@
 #include "prefs/settings_choice.h"
 
-#include "base/notation.h"
+#include "base/quoted_format.h"
 #include "base/text.h"
 
 namespace plimo {
@@ -16,7 +16,7 @@ std::string settingsText(const SettingsChoice& choice) {
   return file;
 }
 
-std::string_view driveLetterOf(std::string_view row) { return before(row, ':'); }
+std::string_view driveLetterOf(std::string_view row) { return prefixBefore(row, ':'); }
 
 std::string driveText(std::span<const std::string_view> rows) {
   std::string text;

@@ -17,7 +17,7 @@ constexpr Size screen{19200, 14400};
 
 class TestWindow : public FormHost {
  public:
-  explicit TestWindow(Form& form, bool atOnce) : form_(form), atOnce_(atOnce) { form.setHost(this); }
+  explicit TestWindow(Form& form, bool parallelInvoke) : form_(form), atOnce_(parallelInvoke) { form.setHost(this); }
 
   // Tells the form what has happened to the window since.
   void settle() {

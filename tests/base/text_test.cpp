@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "base/text_index.h"
+#include "base/string_interner.h"
 
 namespace plimo {
 namespace {
@@ -52,24 +52,24 @@ TEST(Text, ComparingIsTheSameAsFoldingBoth) {
 TEST(Text, SplittingGivesAlwaysAPiece) {
   EXPECT_EQ(split("", ':'), (std::vector<std::string_view>{""}));
   EXPECT_EQ(split("C:E:", ':'), (std::vector<std::string_view>{"C", "E", ""}));
-  EXPECT_EQ(before("a.b.c", '.'), "a");
-  EXPECT_EQ(before("abc", '.'), "abc");
+  EXPECT_EQ(prefixBefore("a.b.c", '.'), "a");
+  EXPECT_EQ(prefixBefore("abc", '.'), "abc");
 }
 
 TEST(Text, WhatIsShownIsValid) {
-  EXPECT_EQ(displayText("caf\xE9 \xC3\xA9"), "caf\xEF\xBF\xBD \xC3\xA9");
-  EXPECT_EQ(displayText("\xED\xA0\x80"), "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD");
+  EXPECT_EQ(toValidUtf8("caf\xE9 \xC3\xA9"), "caf\xEF\xBF\xBD \xC3\xA9");
+  EXPECT_EQ(toValidUtf8("\xED\xA0\x80"), "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
-TEST(TextIndex, NumbersDistinctTextsInOrder) {
-  TextIndex index;
+TEST(StringInterner, NumbersDistinctTextsInOrder) {
+  StringInterner index;
   std::vector<std::string> texts;
   for (int i = 0; i < 5000; ++i) texts.push_back("song " + std::to_string(i * 7919));
   for (std::uint32_t i = 0; i < texts.size(); ++i) EXPECT_EQ(index.add(texts[i]), i);
   for (std::uint32_t i = 0; i < texts.size(); ++i) EXPECT_EQ(index.add(texts[i]), i);
   EXPECT_EQ(index.find(texts[4321]), 4321U);
-  EXPECT_EQ(index.find("song"), TextIndex::none);
-  EXPECT_EQ(index.find(""), TextIndex::none);
+  EXPECT_EQ(index.find("song"), StringInterner::none);
+  EXPECT_EQ(index.find(""), StringInterner::none);
   EXPECT_EQ(index.size(), texts.size());
 }
 

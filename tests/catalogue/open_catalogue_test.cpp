@@ -116,7 +116,7 @@ TEST_F(OpenCatalogueTest, AJoinGivesEachKeyItsRecordsInTheirOrder) {
   const std::vector<std::string_view> keys = {"Artist 3", "nobody", "Artist 8", "Artist 3"};
   const CatalogueJoin<std::string_view> titles(
       catalogue, keys, BrokenEnd::fails, [](const CatalogueRecord& record) { return std::optional(record.artist); },
-      [](const CatalogueRecord& record, TextArena& texts) { return texts.keep(record.title); });
+      [](const CatalogueRecord& record, StringArena& texts) { return texts.keep(record.title); });
   for (std::size_t key = 0; key < keys.size(); ++key) {
     Texts expected;
     for (std::size_t i = 0; i < fields_.size(); i += 4) {

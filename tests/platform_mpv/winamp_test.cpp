@@ -9,7 +9,7 @@
 
 #include "app/program.h"
 #include "app/test_program.h"
-#include "base/notation.h"
+#include "base/quoted_format.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_launcher.h"
 #include "platform/temporary_folder.h"

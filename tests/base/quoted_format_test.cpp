@@ -1,4 +1,4 @@
-#include "base/notation.h"
+#include "base/quoted_format.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ namespace plimo {
 namespace {
 
 std::vector<std::string> items(std::string_view content) {
-  NotationReader reader(content);
+  QuotedReader reader(content);
   std::vector<std::string> texts;
   while (!reader.atEnd()) texts.emplace_back(reader.next().text);
   return texts;
@@ -19,13 +19,13 @@ std::vector<std::string> items(std::string_view content) {
 
 using Texts = std::vector<std::string>;
 
-TEST(Notation, ValuesEndAtLineEndsAndCommas) {
+TEST(QuotedFormat, ValuesEndAtLineEndsAndCommas) {
   EXPECT_EQ(items("1\r\n#TRUE#\r\n\"C:\"\r\n"), (Texts{"1", "#TRUE#", "C:"}));
   EXPECT_EQ(items("1,#TRUE#,\"C:\",4"), (Texts{"1", "#TRUE#", "C:", "4"}));
   EXPECT_EQ(items("a\nb\rc"), (Texts{"a", "b", "c"}));
 }
 
-TEST(Notation, AValueMayBeOfAnyLengthWhateverEndsIt) {
+TEST(QuotedFormat, AValueMayBeOfAnyLengthWhateverEndsIt) {
   for (std::size_t length = 250; length < 262; ++length) {
     const std::string value(length, 'x');
     for (const char* end : {",", "\r", "\n", "\r\n"}) {
@@ -36,24 +36,24 @@ TEST(Notation, AValueMayBeOfAnyLengthWhateverEndsIt) {
   }
 }
 
-TEST(Notation, AnEmptyLineIsAnEmptyValue) {
+TEST(QuotedFormat, AnEmptyLineIsAnEmptyValue) {
   EXPECT_EQ(items("\r\n\"\"\r\nx"), (Texts{"", "", "x"}));
   EXPECT_EQ(items("a,\r\nb"), (Texts{"a", "", "b"}));
 }
 
-TEST(Notation, QuotedTextsHoldCommasLineEndsAndDoubledQuotes) {
+TEST(QuotedFormat, QuotedTextsHoldCommasLineEndsAndDoubledQuotes) {
   EXPECT_EQ(items("\"a,b\r\nc\"\r\nd"), (Texts{"a,b\r\nc", "d"}));
   EXPECT_EQ(items("\"say \"\"hi\"\" twice\"\r\n\"\"\"\"\r\n"), (Texts{"say \"hi\" twice", "\""}));
 }
 
-TEST(Notation, LeadingBlanksAndAByteOrderMarkArePassedOver) {
+TEST(QuotedFormat, LeadingBlanksAndAByteOrderMarkArePassedOver) {
   EXPECT_EQ(items("\xEF\xBB\xBF  \"a\"  \r\n   b "), (Texts{"a", "b "}));
 }
 
-TEST(Notation, ATextWithoutItsLastQuoteGoesToTheEnd) { EXPECT_EQ(items("\"half"), (Texts{"half"})); }
+TEST(QuotedFormat, ATextWithoutItsLastQuoteGoesToTheEnd) { EXPECT_EQ(items("\"half"), (Texts{"half"})); }
 
-TEST(Notation, ReadingPastTheEndFailsAndNamesTheFile) {
-  NotationReader reader("1", "C:\\Plimo\\plimo.ini");
+TEST(QuotedFormat, ReadingPastTheEndFailsAndNamesTheFile) {
+  QuotedReader reader("1", "C:\\Plimo\\plimo.ini");
   reader.next();
   try {
     reader.next();
@@ -64,7 +64,7 @@ TEST(Notation, ReadingPastTheEndFailsAndNamesTheFile) {
   }
 }
 
-TEST(Notation, WhatIsWrittenIsReadBack) {
+TEST(QuotedFormat, WhatIsWrittenIsReadBack) {
   std::string file;
   writeText(file, "a \"b\", c");
   writeNumber(file, -12);
@@ -73,14 +73,14 @@ TEST(Notation, WhatIsWrittenIsReadBack) {
   EXPECT_EQ(items(file), (Texts{"a \"b\", c", "-12", "#FALSE#"}));
 }
 
-TEST(Notation, OnlyBareValuesAreHashFramed) {
-  NotationReader reader("#TRUE#,\"#TRUE#\",#");
+TEST(QuotedFormat, OnlyBareValuesAreHashFramed) {
+  QuotedReader reader("#TRUE#,\"#TRUE#\",#");
   EXPECT_TRUE(reader.next().isTrue());
   EXPECT_FALSE(reader.next().isTrue());
   EXPECT_FALSE(reader.next().hashFramed());
 }
 
-TEST(Notation, NumbersAreDecimal) {
+TEST(QuotedFormat, NumbersAreDecimal) {
   double number = 0;
   EXPECT_TRUE(parseNumber(" 65535 ", number));
   EXPECT_EQ(number, 65535);

@@ -1,4 +1,4 @@
-#include "base/notation.h"
+#include "base/quoted_format.h"
 
 #include <algorithm>
 #include <charconv>
@@ -27,11 +27,11 @@ std::size_t endOfItem(std::string_view content, std::size_t from) {
 
 }  // namespace
 
-Item readItem(std::string_view content, std::size_t& position, std::string& unescaped) {
+Field readField(std::string_view content, std::size_t& position, std::string& unescaped) {
   position = std::min(content.find_first_not_of(' ', position), content.size());
-  Item item;
+  Field item;
   if (position < content.size() && content[position] == '"') {
-    item.form = Item::Form::quoted;
+    item.form = Field::Form::quoted;
     std::size_t start = ++position;
     std::size_t end = std::min(content.find('"', start), content.size());
     item.text = content.substr(start, end - start);
@@ -50,7 +50,7 @@ Item readItem(std::string_view content, std::size_t& position, std::string& unes
   }
   const std::size_t start = position;
   position = endOfItem(content, start);
-  if (item.form == Item::Form::bare) item.text = content.substr(start, position - start);
+  if (item.form == Field::Form::bare) item.text = content.substr(start, position - start);
   if (content.substr(position, 2) == "\r\n") {
     position += 2;
   } else if (position < content.size()) {
@@ -59,16 +59,14 @@ Item readItem(std::string_view content, std::size_t& position, std::string& unes
   return item;
 }
 
-std::size_t startOfItems(std::string_view content) {
-  return content.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
-}
+std::size_t skipBom(std::string_view content) { return content.starts_with(byteOrderMark) ? byteOrderMark.size() : 0; }
 
-NotationReader::NotationReader(std::string_view content, std::string path)
-    : content_(content), position_(startOfItems(content)), path_(std::move(path)) {}
+QuotedReader::QuotedReader(std::string_view content, std::string path)
+    : content_(content), position_(skipBom(content)), path_(std::move(path)) {}
 
-Item NotationReader::next() {
+Field QuotedReader::next() {
   if (atEnd()) throw RuntimeError(ErrorNumber::inputPastEnd, path_);
-  return readItem(content_, position_, unescaped_);
+  return readField(content_, position_, unescaped_);
 }
 
 void writeText(std::string& file, std::string_view text) {

@@ -1,4 +1,4 @@
-#include "base/folded_order.h"
+#include "base/case_insensitive_sort.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ namespace plimo {
 namespace {
 
 std::vector<std::uint32_t> orderOf(const std::vector<std::string_view>& texts) {
-  return foldedOrder(texts.size(), [&texts](std::size_t place) { return texts[place]; });
+  return caseInsensitiveOrder(texts.size(), [&texts](std::size_t place) { return texts[place]; });
 }
 
 // As the description says it, slowly.
@@ -27,7 +27,7 @@ std::vector<std::uint32_t> expectedOrder(const std::vector<std::string_view>& te
   return places;
 }
 
-TEST(FoldedOrder, IsAlphabeticalWithoutRegardToCase) {
+TEST(CaseInsensitiveSort, IsAlphabeticalWithoutRegardToCase) {
   const std::vector<std::string_view> texts = {"beta",
                                                "Alpha",
                                                "ALPHA 2",
@@ -40,12 +40,12 @@ TEST(FoldedOrder, IsAlphabeticalWithoutRegardToCase) {
   EXPECT_EQ(orderOf(texts), (std::vector<std::uint32_t>{3, 1, 2, 0, 6, 5, 4}));
 }
 
-TEST(FoldedOrder, TextsThatAreTheSameButForCaseStayAsTheyStand) {
+TEST(CaseInsensitiveSort, TextsThatAreTheSameButForCaseStayAsTheyStand) {
   const std::vector<std::string_view> texts = {"abba abba abba", "b", "ABBA abba abba", "Abba Abba Abba", "abba abba"};
   EXPECT_EQ(orderOf(texts), (std::vector<std::uint32_t>{4, 0, 2, 3, 1}));
 }
 
-TEST(FoldedOrder, ATextComesBeforeALongerOneThatBeginsLikeIt) {
+TEST(CaseInsensitiveSort, ATextComesBeforeALongerOneThatBeginsLikeIt) {
   using namespace std::string_view_literals;
   const std::vector<std::string_view> texts = {"abcdefgh\0"sv, "abcdefghi", "abcdefgh", "abc\0"sv, "abc", "abc\0\0"sv};
   EXPECT_EQ(orderOf(texts), (std::vector<std::uint32_t>{4, 3, 5, 2, 0, 1}));
@@ -68,7 +68,7 @@ std::vector<std::string> manyTexts(std::size_t count) {
   return texts;
 }
 
-TEST(FoldedOrder, AgreesWithComparingHoweverManyTextsThereAre) {
+TEST(CaseInsensitiveSort, AgreesWithComparingHoweverManyTextsThereAre) {
   for (const std::size_t count : {1U, 2U, 300U, 6000U, 40000U}) {
     const std::vector<std::string> owned = manyTexts(count);
     const std::vector<std::string_view> texts(owned.begin(), owned.end());
@@ -76,21 +76,21 @@ TEST(FoldedOrder, AgreesWithComparingHoweverManyTextsThereAre) {
   }
 }
 
-TEST(FoldedOrder, ManyEqualTextsStayAsTheyStand) {
+TEST(CaseInsensitiveSort, ManyEqualTextsStayAsTheyStand) {
   const std::vector<std::string_view> texts(50000, "the same");
   std::vector<std::uint32_t> places(texts.size());
   std::iota(places.begin(), places.end(), 0U);
   EXPECT_EQ(orderOf(texts), places);
 }
 
-TEST(FoldedOrder, AZeroInATextIsAByteLikeAnyOther) {
+TEST(CaseInsensitiveSort, AZeroInATextIsAByteLikeAnyOther) {
   std::vector<std::string> owned = manyTexts(40000);
   owned.insert(owned.end(), {owned.back() + std::string(1, '\0'), owned.back(), std::string("a\0b", 3)});
   const std::vector<std::string_view> texts(owned.begin(), owned.end());
   EXPECT_EQ(orderOf(texts), expectedOrder(texts));
 }
 
-TEST(FoldedOrder, TextsThatAgreeForAMillionBytesAreOrderedToo) {
+TEST(CaseInsensitiveSort, TextsThatAgreeForAMillionBytesAreOrderedToo) {
   const std::string longText(4'000'000, 'x');
   const std::vector<std::string> owned = {longText + "b", longText, longText + "A", longText + "\xC3\x84", longText};
   const std::vector<std::string_view> texts(owned.begin(), owned.end());

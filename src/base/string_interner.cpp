@@ -1,4 +1,4 @@
-#include "base/text_index.h"
+#include "base/string_interner.h"
 
 #include <array>
 #include <bit>
@@ -17,12 +17,12 @@ Word load(const char* bytes) {
 
 }  // namespace
 
-TextIndex::TextIndex(std::size_t expected) {
+StringInterner::StringInterner(std::size_t expected) {
   slots_.assign(std::bit_ceil(expected * 2 + 16), Slot{0, none});
   texts_.reserve(expected);
 }
 
-std::uint64_t TextIndex::hash(std::string_view text) {
+std::uint64_t StringInterner::hash(std::string_view text) {
   // Eight bytes a step, multiplied and folded, in two lanes that need not wait for each other. The last bytes may be
   // taken twice: that is quicker than to pick out the rest.
   constexpr std::uint64_t factor = 0x9E3779B97F4A7C15U;
@@ -53,17 +53,17 @@ std::uint64_t TextIndex::hash(std::string_view text) {
   return (value ^ (value >> 29)) * factor;
 }
 
-std::uint32_t TextIndex::find(std::string_view text, std::uint64_t hash) const {
+std::uint32_t StringInterner::find(std::string_view text, std::uint64_t hash) const {
   const std::size_t mask = slots_.size() - 1;
   const auto tag = static_cast<std::uint32_t>(hash >> 32);
-  for (std::size_t place = hash & mask;; place = (place + 1) & mask) {
-    const Slot& slot = slots_[place];
+  for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+    const Slot& slot = slots_[i];
     if (slot.number == none) return none;
     if (slot.tag == tag && texts_[slot.number] == text) return slot.number;
   }
 }
 
-void TextIndex::find(std::span<const std::string_view> texts, std::span<std::uint32_t> numbers) const {
+void StringInterner::find(std::span<const std::string_view> texts, std::span<std::uint32_t> numbers) const {
   constexpr std::size_t most = 64;
   for (; texts.size() > most; texts = texts.subspan(most), numbers = numbers.subspan(most)) {
     find(texts.first(most), numbers.first(most));
@@ -73,7 +73,7 @@ void TextIndex::find(std::span<const std::string_view> texts, std::span<std::uin
   std::array<Slot, most> slots;
   std::array<std::string_view, most> candidates;
   for (std::size_t i = 0; i < texts.size(); ++i) hashes[i] = hash(texts[i]);
-  for (std::size_t i = 0; i < texts.size(); ++i) slots[i] = slots_[firstPlace(hashes[i])];
+  for (std::size_t i = 0; i < texts.size(); ++i) slots[i] = slots_[homeSlot(hashes[i])];
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const bool likely = slots[i].number != none && slots[i].tag == hashes[i] >> 32;
     candidates[i] = likely ? texts_[slots[i].number] : std::string_view();
@@ -84,7 +84,7 @@ void TextIndex::find(std::span<const std::string_view> texts, std::span<std::uin
   }
 }
 
-void TextIndex::add(std::span<const std::string_view> texts, std::span<std::uint32_t> numbers) {
+void StringInterner::add(std::span<const std::string_view> texts, std::span<std::uint32_t> numbers) {
   constexpr std::size_t most = 64;
   for (; texts.size() > most; texts = texts.subspan(most), numbers = numbers.subspan(most)) {
     add(texts.first(most), numbers.first(most));
@@ -92,35 +92,35 @@ void TextIndex::add(std::span<const std::string_view> texts, std::span<std::uint
   std::array<std::uint64_t, most> hashes;
   std::array<Slot, most> slots;  // as they stand before the first of these texts
   for (std::size_t i = 0; i < texts.size(); ++i) hashes[i] = hash(texts[i]);
-  for (std::size_t i = 0; i < texts.size(); ++i) slots[i] = slots_[firstPlace(hashes[i])];
+  for (std::size_t i = 0; i < texts.size(); ++i) slots[i] = slots_[homeSlot(hashes[i])];
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const bool likely = slots[i].number != none && slots[i].tag == hashes[i] >> 32;
     numbers[i] = likely && texts_[slots[i].number] == texts[i] ? slots[i].number : add(texts[i], hashes[i]);
   }
 }
 
-std::uint32_t TextIndex::add(std::string_view text, std::uint64_t hash) {
+std::uint32_t StringInterner::add(std::string_view text, std::uint64_t hash) {
   if ((texts_.size() + 1) * 2 > slots_.size()) grow();
   const std::size_t mask = slots_.size() - 1;
   const auto tag = static_cast<std::uint32_t>(hash >> 32);
-  std::size_t place = hash & mask;
-  for (; slots_[place].number != none; place = (place + 1) & mask) {
-    if (slots_[place].tag == tag && texts_[slots_[place].number] == text) return slots_[place].number;
+  std::size_t slot = hash & mask;
+  for (; slots_[slot].number != none; slot = (slot + 1) & mask) {
+    if (slots_[slot].tag == tag && texts_[slots_[slot].number] == text) return slots_[slot].number;
   }
   const auto number = static_cast<std::uint32_t>(texts_.size());
-  slots_[place] = {tag, number};
+  slots_[slot] = {tag, number};
   texts_.push_back(text);
   return number;
 }
 
-void TextIndex::grow() {
+void StringInterner::grow() {
   std::vector<Slot> slots(slots_.size() * 2, Slot{0, none});
   const std::size_t mask = slots.size() - 1;
   for (std::uint32_t number = 0; number < texts_.size(); ++number) {
     const std::uint64_t hashed = hash(texts_[number]);
-    std::size_t place = hashed & mask;
-    while (slots[place].number != none) place = (place + 1) & mask;
-    slots[place] = {static_cast<std::uint32_t>(hashed >> 32), number};
+    std::size_t slot = hashed & mask;
+    while (slots[slot].number != none) slot = (slot + 1) & mask;
+    slots[slot] = {static_cast<std::uint32_t>(hashed >> 32), number};
   }
   slots_ = std::move(slots);
 }

@@ -9,7 +9,7 @@
 namespace plimo {
 
 // One value as it stands in a file.
-struct Item {
+struct Field {
   enum class Form { bare, quoted };
   std::string_view text;  // without quotes and leading blanks; valid until the reader reads on or goes
   Form form = Form::bare;
@@ -23,21 +23,21 @@ struct Item {
 
 // Reads the value at `position` and moves behind what ends it. `unescaped` holds the text where its quotes were
 // doubled.
-Item readItem(std::string_view content, std::size_t& position, std::string& unescaped);
+Field readField(std::string_view content, std::size_t& position, std::string& unescaped);
 
 // Where the values of a file begin: behind its byte-order mark, if it has one.
-std::size_t startOfItems(std::string_view content);
+std::size_t skipBom(std::string_view content);
 
 // Reads values one after the other from a text that must outlive it. Values end at a comma or a line end (CR LF, LF
 // or CR) outside quotes; a byte-order mark in front is passed over; the last line end may be missing.
-class NotationReader {
+class QuotedReader {
  public:
   // `path` names the text's file in the error of `next`.
-  explicit NotationReader(std::string_view content, std::string path = {});
+  explicit QuotedReader(std::string_view content, std::string path = {});
 
   bool atEnd() const { return position_ == content_.size(); }
   // Throws RuntimeError 62 at the end.
-  Item next();
+  Field next();
 
  private:
   std::string_view content_;

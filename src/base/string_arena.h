@@ -11,12 +11,12 @@
 namespace plimo {
 
 // Copies of texts, close together and never moved: they stay good as long as the arena.
-class TextArena {
+class StringArena {
  public:
   // One that has been moved from is not used any more.
-  TextArena() = default;
-  TextArena(TextArena&&) = default;
-  TextArena& operator=(TextArena&&) = default;
+  StringArena() = default;
+  StringArena(StringArena&&) = default;
+  StringArena& operator=(StringArena&&) = default;
 
   std::string_view keep(std::string_view text) {
     if (text.empty()) return {};

@@ -10,11 +10,11 @@
 namespace plimo {
 
 // An open-addressing hash table over texts that it does not own: they must outlive it.
-class TextIndex {
+class StringInterner {
  public:
   static constexpr std::uint32_t none = UINT32_MAX;
 
-  explicit TextIndex(std::size_t expected = 0);
+  explicit StringInterner(std::size_t expected = 0);
 
   // The text's number; none where it has not been added.
   std::uint32_t find(std::string_view text) const { return find(text, hash(text)); }
@@ -32,8 +32,8 @@ class TextIndex {
   static std::uint64_t hash(std::string_view text);
   std::uint32_t find(std::string_view text, std::uint64_t hash) const;
   std::uint32_t add(std::string_view text, std::uint64_t hash);
-  // The table's place where to look first for a text with this hash.
-  std::size_t firstPlace(std::uint64_t hash) const { return hash & (slots_.size() - 1); }
+  // The table's slot where to look first for a text with this hash.
+  std::size_t homeSlot(std::uint64_t hash) const { return hash & (slots_.size() - 1); }
   void grow();
 
   struct Slot {

@@ -1,4 +1,4 @@
-#include "base/folded_order.h"
+#include "base/case_insensitive_sort.h"
 
 #include <algorithm>
 #include <array>
@@ -10,8 +10,8 @@
 #include <tuple>
 #include <utility>
 
-#include "base/at_once.h"
-#include "base/eight_bytes.h"
+#include "base/parallel.h"
+#include "base/swar.h"
 #include "base/text.h"
 
 namespace plimo {
@@ -26,7 +26,7 @@ constexpr std::size_t wordSize = sizeof(std::uint64_t);
 struct Entry {
   std::uint64_t word;  // eight bytes, the first one highest; zeros behind the text's end
   std::uint32_t next;  // where the text's next word stands
-  std::uint32_t place;
+  std::uint32_t index;
 };
 
 // A text's last word is the one that ends with a zero.
@@ -50,19 +50,19 @@ inline std::uint64_t lastWord(std::string_view text) {
 }
 
 // Texts folded into words, which stand one behind the other.
-class FoldedWords {
+class FoldedKeys {
  public:
-  FoldedWords() = default;
+  FoldedKeys() = default;
   // Those of the texts from `first` on, as many as there are entries; each entry gets its text's first one.
-  FoldedWords(const TextAt& textAt, std::size_t first, std::span<Entry> entries) {
+  FoldedKeys(const TextAt& textAt, std::size_t first, std::span<Entry> entries) {
     words_.reserve(entries.size() * 3);
     // Those that are not plain ASCII come later: nothing tells the processor beforehand which they are, and each wrong
     // guess of its costs as much as a text. For the same reason the words that are of no use for them stay.
     std::vector<std::uint32_t> others(entries.size());
     std::size_t otherCount = 0;
     for (std::size_t i = 0; i < entries.size(); ++i) {
-      const auto place = static_cast<std::uint32_t>(first + i);
-      const bool ascii = takeWords(textAt(place), place, entries[i], lowered);
+      const auto index = static_cast<std::uint32_t>(first + i);
+      const bool ascii = appendWords(textAt(index), index, entries[i], asciiToLower);
       others[otherCount] = static_cast<std::uint32_t>(i);
       otherCount += ascii ? 0 : 1;
     }
@@ -70,7 +70,7 @@ class FoldedWords {
     for (const std::uint32_t i : std::span(others).first(otherCount)) {
       folded.clear();
       appendFolded(folded, textAt(first + i));
-      takeWords(folded, static_cast<std::uint32_t>(first + i), entries[i], [](std::uint64_t word) { return word; });
+      appendWords(folded, static_cast<std::uint32_t>(first + i), entries[i], [](std::uint64_t word) { return word; });
     }
   }
 
@@ -82,22 +82,22 @@ class FoldedWords {
   // Takes the words as `fold` makes them. False where the text is not plain ASCII: for one that is not folded yet they
   // are of no use then.
   template <class Fold>
-  bool takeWords(std::string_view text, std::uint32_t place, Entry& entry, Fold fold) {
+  bool appendWords(std::string_view text, std::uint32_t index, Entry& entry, Fold fold) {
     const std::uint64_t last = lastWord(text);
-    std::uint64_t zeros = zeroBytes(last | ~std::uint64_t{0} >> 8 * (text.size() % wordSize));
+    std::uint64_t zeros = zeroByteMask(last | ~std::uint64_t{0} >> 8 * (text.size() % wordSize));
     std::uint64_t all = last;
     entry.next = static_cast<std::uint32_t>(words_.size());
-    entry.place = place;
+    entry.index = index;
     entry.word = fold(text.size() < wordSize ? last : wordAt(text.data()));
     for (std::size_t at = 0; text.size() - at >= wordSize; at += wordSize) {
       const std::uint64_t word = wordAt(text.data() + at);
-      zeros |= zeroBytes(word);
+      zeros |= zeroByteMask(word);
       all |= word;
       if (at > 0) words_.push_back(fold(word));
     }
     if (text.size() >= wordSize) words_.push_back(fold(last));
     ambiguous_ = ambiguous_ || zeros != 0;
-    return allAscii(all);
+    return isAllAscii(all);
   }
 
   std::vector<std::uint64_t> words_;
@@ -105,11 +105,11 @@ class FoldedWords {
 };
 
 // Puts entries in order by their texts' words, and those that agree in all of them by their places.
-class WordSort {
+class RadixSorter {
  public:
-  // `words` holds those of the texts before the place `middle`, and those of the others. The spare room is for as many
+  // `words` holds those of the texts before the index `middle`, and those of the others. The spare room is for as many
   // entries as are sorted.
-  WordSort(std::span<const FoldedWords, 2> words, std::size_t middle, std::span<Entry> spare)
+  RadixSorter(std::span<const FoldedKeys, 2> words, std::size_t middle, std::span<Entry> spare)
       : words_(words), middle_(middle), spare_(spare) {}
 
   bool less(const Entry& left, const Entry& right) const {
@@ -121,7 +121,7 @@ class WordSort {
       if (ours != theirs) return ours < theirs;
       ended = isLast(ours);
     }
-    return left.place < right.place;
+    return left.index < right.index;
   }
 
   // The entries stand by their places, and hold their texts' first words.
@@ -132,21 +132,20 @@ class WordSort {
       std::uint64_t differing = 0;  // the bits in which the words are not all the same
       for (const Entry& entry : entries) differing |= entry.word ^ entries.front().word;
       if (differing != 0) {
-        entries =
-            entries.size() > many ? sortAllButMost<11>(entries, differing) : sortAllButMost<8>(entries, differing);
+        entries = entries.size() > many ? radixPass<11>(entries, differing) : radixPass<8>(entries, differing);
       } else if (!isLast(entries.front().word)) {
         for (Entry& entry : entries) entry.word = word(entry, entry.next++);
       } else {
         return;  // the same texts
       }
     }
-    sortFew(entries);
+    insertionSort(entries);
   }
 
  private:
-  std::uint64_t word(const Entry& entry, std::size_t at) const { return words_[entry.place < middle_ ? 0 : 1][at]; }
+  std::uint64_t word(const Entry& entry, std::size_t at) const { return words_[entry.index < middle_ ? 0 : 1][at]; }
 
-  void sortFew(std::span<Entry> entries) const {
+  void insertionSort(std::span<Entry> entries) const {
     for (std::size_t i = 1; i < entries.size(); ++i) {
       const Entry entry = entries[i];
       std::size_t to = i;
@@ -158,7 +157,7 @@ class WordSort {
   // Parts the entries by the highest bits in which they differ, and sorts each part but the largest one. That one is
   // left to the caller, so that calls never go deep.
   template <int bits>
-  std::span<Entry> sortAllButMost(std::span<Entry> entries, std::uint64_t differing) {
+  std::span<Entry> radixPass(std::span<Entry> entries, std::uint64_t differing) {
     constexpr std::uint64_t mask = (std::uint64_t{1} << bits) - 1;
     const int shift = std::max(static_cast<int>(std::bit_width(differing)) - bits, 0);
     const auto digit = [shift](const Entry& entry) { return entry.word >> shift & mask; };
@@ -179,13 +178,13 @@ class WordSort {
     return most;
   }
 
-  std::span<const FoldedWords, 2> words_;
+  std::span<const FoldedKeys, 2> words_;
   std::size_t middle_;
   std::span<Entry> spare_;
 };
 
 // A few of the entries, put in order, have it in their middle.
-Entry middleOf(std::span<const Entry> entries, const WordSort& order) {
+Entry medianOfSample(std::span<const Entry> entries, const RadixSorter& order) {
   std::array<Entry, 65> sample;
   for (std::size_t i = 0; i < sample.size(); ++i) sample[i] = entries[entries.size() / sample.size() * i];
   auto* const middle = sample.begin() + sample.size() / 2;
@@ -196,7 +195,7 @@ Entry middleOf(std::span<const Entry> entries, const WordSort& order) {
 
 // Copies the entries that are wanted; how many they are. There must be room for all.
 template <class Wanted>
-std::size_t pick(std::span<const Entry> entries, Entry* to, Wanted wanted) {
+std::size_t copyIf(std::span<const Entry> entries, Entry* to, Wanted wanted) {
   std::size_t count = 0;
   for (const Entry& entry : entries) {
     to[count] = entry;  // in any case: quicker than to guess
@@ -205,15 +204,15 @@ std::size_t pick(std::span<const Entry> entries, Entry* to, Wanted wanted) {
   return count;
 }
 
-std::vector<std::uint32_t> orderByComparing(std::size_t count, const TextAt& textAt) {
+std::vector<std::uint32_t> comparisonSort(std::size_t count, const TextAt& textAt) {
   std::string folded;  // all texts, one behind the other
   std::vector<std::size_t> begins(count + 1);
-  for (std::size_t place = 0; place < count; ++place) {
-    appendFolded(folded, textAt(place));
-    begins[place + 1] = folded.size();
+  for (std::size_t index = 0; index < count; ++index) {
+    appendFolded(folded, textAt(index));
+    begins[index + 1] = folded.size();
   }
-  const auto text = [&](std::uint32_t place) {
-    return std::string_view(folded).substr(begins[place], begins[place + 1] - begins[place]);
+  const auto text = [&](std::uint32_t index) {
+    return std::string_view(folded).substr(begins[index], begins[index + 1] - begins[index]);
   };
   std::vector<std::uint32_t> order(count);
   std::iota(order.begin(), order.end(), 0U);
@@ -224,7 +223,7 @@ std::vector<std::uint32_t> orderByComparing(std::size_t count, const TextAt& tex
 
 }  // namespace
 
-std::vector<std::uint32_t> foldedOrder(std::size_t count, const TextAt& textAt) {
+std::vector<std::uint32_t> caseInsensitiveOrder(std::size_t count, const TextAt& textAt) {
   constexpr std::size_t worthTwoThreads = 32768;
   const std::size_t middle = count < worthTwoThreads ? count : count / 2;
   const auto room = [count] { return std::make_unique_for_overwrite<Entry[]>(count); };
@@ -232,20 +231,21 @@ std::vector<std::uint32_t> foldedOrder(std::size_t count, const TextAt& textAt) 
   const auto given = room();
   const std::span<Entry> entries(given.get(), count);
   const auto read = [&](std::size_t first, std::size_t last) {
-    return FoldedWords(textAt, first, entries.subspan(first, last - first));
+    return FoldedKeys(textAt, first, entries.subspan(first, last - first));
   };
-  std::array<FoldedWords, 2> words;
+  std::array<FoldedKeys, 2> words;
   if (middle == count) {
     words[0] = read(0, count);
   } else {
-    std::tie(words[0], words[1]) = madeAtOnce([&] { return read(0, middle); }, [&] { return read(middle, count); });
+    std::tie(words[0], words[1]) =
+        parallelResults([&] { return read(0, middle); }, [&] { return read(middle, count); });
   }
-  if (words[0].ambiguous() || words[1].ambiguous()) return orderByComparing(count, textAt);
+  if (words[0].ambiguous() || words[1].ambiguous()) return comparisonSort(count, textAt);
 
   std::vector<std::uint32_t> order(count);
   const auto sort = [&](std::span<Entry> some, std::span<Entry> spare, std::size_t first) {
-    WordSort(words, middle, spare).sort(some);
-    for (std::size_t i = 0; i < some.size(); ++i) order[first + i] = some[i].place;
+    RadixSorter(words, middle, spare).sort(some);
+    for (std::size_t i = 0; i < some.size(); ++i) order[first + i] = some[i].index;
   };
   const auto low = room();
   if (middle == count) {
@@ -254,15 +254,16 @@ std::vector<std::uint32_t> foldedOrder(std::size_t count, const TextAt& textAt) 
   }
   // One thread takes the texts before one in the middle of the order, the other one the rest.
   const auto high = room();
-  const WordSort byWords(words, middle, {});
-  const Entry divider = middleOf(entries, byWords);
+  const RadixSorter byWords(words, middle, {});
+  const Entry divider = medianOfSample(entries, byWords);
   const auto below = [&](const Entry& entry) { return byWords.less(entry, divider); };
   const auto notBelow = [&](const Entry& entry) { return !byWords.less(entry, divider); };
   std::size_t lowCount = 0;
   std::size_t highCount = 0;
-  atOnce([&] { lowCount = pick(entries, low.get(), below); }, [&] { highCount = pick(entries, high.get(), notBelow); });
-  atOnce([&] { sort(std::span(low.get(), lowCount), entries.first(lowCount), 0); },
-         [&] { sort(std::span(high.get(), highCount), entries.subspan(lowCount), lowCount); });
+  parallelInvoke([&] { lowCount = copyIf(entries, low.get(), below); },
+                 [&] { highCount = copyIf(entries, high.get(), notBelow); });
+  parallelInvoke([&] { sort(std::span(low.get(), lowCount), entries.first(lowCount), 0); },
+                 [&] { sort(std::span(high.get(), highCount), entries.subspan(lowCount), lowCount); });
   return order;
 }
 

@@ -12,7 +12,7 @@ namespace plimo {
 // Does both, the second on a thread of its own, and comes back when both are done; where the system has no thread to
 // spare, one after the other. What they throw is thrown on, the first one's before the second's.
 template <class First, class Second>
-void atOnce(First first, Second second) {
+void parallelInvoke(First first, Second second) {
   std::future<void> other;
   try {
     other = std::async(std::launch::async, [&second] { second(); });
@@ -28,10 +28,10 @@ void atOnce(First first, Second second) {
 // What both make. Each makes its own where the other one does not write: two things that stand close together in the
 // memory would be torn back and forth between two processors.
 template <class First, class Second>
-auto madeAtOnce(First first, Second second) {
+auto parallelResults(First first, Second second) {
   std::optional<std::invoke_result_t<First>> one;
   std::optional<std::invoke_result_t<Second>> other;
-  atOnce([&] { one = first(); }, [&] { other = second(); });
+  parallelInvoke([&] { one = first(); }, [&] { other = second(); });
   return std::pair(std::move(*one), std::move(*other));
 }
 

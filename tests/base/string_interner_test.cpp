@@ -1,4 +1,4 @@
-#include "base/text_index.h"
+#include "base/string_interner.h"
 
 #include <gtest/gtest.h>
 
@@ -9,18 +9,18 @@
 namespace plimo {
 namespace {
 
-TEST(TextIndex, GivesEachDistinctTextTheNextNumber) {
-  TextIndex index;
+TEST(StringInterner, GivesEachDistinctTextTheNextNumber) {
+  StringInterner index;
   EXPECT_EQ(index.add("b"), 0U);
   EXPECT_EQ(index.add(""), 1U);
   EXPECT_EQ(index.add("b"), 0U);
   EXPECT_EQ(index.size(), 2U);
   EXPECT_EQ(index.text(1), "");
-  EXPECT_EQ(index.find("a"), TextIndex::none);
+  EXPECT_EQ(index.find("a"), StringInterner::none);
 }
 
-TEST(TextIndex, TellsTextsApartByEachOfTheirBytes) {
-  TextIndex index;
+TEST(StringInterner, TellsTextsApartByEachOfTheirBytes) {
+  StringInterner index;
   std::deque<std::string> texts;
   for (std::size_t length = 0; length < 40; ++length) {
     index.add(texts.emplace_back(length, 'x'));
@@ -34,8 +34,8 @@ TEST(TextIndex, TellsTextsApartByEachOfTheirBytes) {
   for (std::size_t i = 0; i < texts.size(); ++i) EXPECT_EQ(index.find(texts[i]), i);
 }
 
-TEST(TextIndex, FindsManyTextsAtOnceAsItFindsEachOne) {
-  TextIndex index;
+TEST(StringInterner, FindsManyTextsAtOnceAsItFindsEachOne) {
+  StringInterner index;
   std::deque<std::string> texts;
   for (int i = 0; i < 500; ++i) index.add(texts.emplace_back(std::to_string(i * 7)));
   std::deque<std::string> wanted;
@@ -45,20 +45,20 @@ TEST(TextIndex, FindsManyTextsAtOnceAsItFindsEachOne) {
   index.find(views, numbers);
   for (std::size_t i = 0; i < views.size(); ++i) EXPECT_EQ(numbers[i], index.find(views[i])) << views[i];
   EXPECT_EQ(numbers[700], 100U);
-  EXPECT_EQ(numbers[701], TextIndex::none);
+  EXPECT_EQ(numbers[701], StringInterner::none);
 }
 
-TEST(TextIndex, AddsManyTextsAtOnceAsItAddsEachOne) {
+TEST(StringInterner, AddsManyTextsAtOnceAsItAddsEachOne) {
   std::deque<std::string> texts;
   std::vector<std::string_view> views;
   for (int i = 0; i < 3000; ++i) views.push_back(texts.emplace_back(std::to_string(i * 7919 % 1100)));
-  TextIndex oneByOne;
-  TextIndex atOnce;
+  StringInterner oneByOne;
+  StringInterner parallelInvoke;
   std::vector<std::uint32_t> numbers(views.size());
-  atOnce.add(views, numbers);
+  parallelInvoke.add(views, numbers);
   for (std::size_t i = 0; i < views.size(); ++i) ASSERT_EQ(numbers[i], oneByOne.add(views[i])) << views[i];
-  EXPECT_EQ(atOnce.size(), 1100U);
-  EXPECT_EQ(atOnce.find("1099"), oneByOne.find("1099"));
+  EXPECT_EQ(parallelInvoke.size(), 1100U);
+  EXPECT_EQ(parallelInvoke.find("1099"), oneByOne.find("1099"));
 }
 
 }  // namespace
