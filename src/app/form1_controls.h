@@ -2,11 +2,12 @@
 // and colours as designed stand in form1_design.cpp.
 #pragma once
 
-#include "controls/choosers.h"
+#include "controls/drive_list.h"
+#include "controls/folder_list.h"
 #include "controls/form.h"
 #include "controls/list_box.h"
 #include "controls/menu.h"
-#include "controls/widgets.h"
+#include "controls/simple_controls.h"
 
 namespace plimo {
 

@@ -22,7 +22,7 @@ constexpr Colour paper = 16777215;
 
 // In pixels, relative to the container.
 void put(Control& control, double left, double top, double width, double height) {
-  control.setPlace({left * pixel, top * pixel, width * pixel, height * pixel});
+  control.setGeometry({left * pixel, top * pixel, width * pixel, height * pixel});
 }
 
 void dress(Control& control, std::string_view caption, std::string_view tooltip = {}) {
@@ -346,7 +346,7 @@ void Form1::design() {
   designColours(*this);
   designPanels(*this);
   designMenus(*this);
-  List4.observe(colourFollower);
+  List4.addObserver(colourFollower);
   for (DriveList* list : {&Drive1, &Drive2}) list->source = [this] { return allDrives(platform.files); };
   for (FolderList* list : {&Dir1, &Dir2}) {
     list->source = [this](std::string_view folder) { return listFolder(platform.files, folder); };

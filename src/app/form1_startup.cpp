@@ -10,13 +10,13 @@ constexpr int frameBorder = 3;  // pixels
 
 void frame(Shape& shape, const ListBox& list) {
   shape.draw(Shape::Outline::rectangle, frameBorder);
-  shape.setPlace(list.place());
+  shape.setGeometry(list.geometry());
 }
 
 void setHeight(Control& control, double height) {
-  Place place = control.place();
-  place.height = height;
-  control.setPlace(place);
+  Geometry geometry = control.geometry();
+  geometry.height = height;
+  control.setGeometry(geometry);
 }
 
 }  // namespace
@@ -43,8 +43,8 @@ void Form1::Form_Load() {
                            static_cast<Control*>(&Slider2), static_cast<Control*>(&Slider3)}) {
     control->setVisible(false);
   }
-  setHeight(List1, List2.place().height);
-  setHeight(List4, List1.place().height);
+  setHeight(List1, List2.geometry().height);
+  setHeight(List4, List1.geometry().height);
   frame(Shape1, List2);
   frame(Shape2, List1);
   frame(Shape3, List4);
@@ -57,13 +57,13 @@ void Form1::Form_Load() {
   dbc3 = List4.backColour();
   Picture1.setPicture(Picture2.picture());
   if (here) {
-    Place place = MediaPlayer1.place();
-    place.left = orgleft;
-    place.top = orgtop;
-    MediaPlayer1.setPlace(place);
+    Geometry geometry = MediaPlayer1.geometry();
+    geometry.left = orgleft;
+    geometry.top = orgtop;
+    MediaPlayer1.setGeometry(geometry);
   } else {
-    orgleft = MediaPlayer1.place().left;
-    orgtop = MediaPlayer1.place().top;
+    orgleft = MediaPlayer1.geometry().left;
+    orgtop = MediaPlayer1.geometry().top;
   }
   defdir = platform.files.currentDirectory();
   if (platform.files.isRootFolder(defdir)) {

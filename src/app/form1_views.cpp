@@ -11,8 +11,8 @@ namespace plimo {
 namespace {
 
 void restorePlayer(Form1& form) {
-  form.MediaPlayer1.setPlace({static_cast<double>(form.playerleft), static_cast<double>(form.playertop),
-                              static_cast<double>(form.playerwidth), static_cast<double>(form.playerheight)});
+  form.MediaPlayer1.setGeometry({static_cast<double>(form.playerleft), static_cast<double>(form.playertop),
+                                 static_cast<double>(form.playerwidth), static_cast<double>(form.playerheight)});
 }
 
 }  // namespace
@@ -21,7 +21,7 @@ void Form1::arrayinitialize() {
   ratios.assign(controls().size(), {});
   for (std::size_t i = 0; i < ratios.size(); ++i) {
     const Control& control = *controls()[i];
-    if (takesPlace(control.kind())) ratios[i] = ratioOf(control.place(), scaleWidth(), scaleHeight());
+    if (hasGeometry(control.kind())) ratios[i] = ratioOf(control.geometry(), scaleWidth(), scaleHeight());
   }
 }
 
@@ -32,7 +32,7 @@ void Form1::Form_Resize() {
   }
   for (std::size_t i = 0; i < ratios.size(); ++i) {
     Control& control = *controls()[i];
-    if (takesPlace(control.kind())) control.setPlace(placeFor(ratios[i], scaleWidth(), scaleHeight()));
+    if (hasGeometry(control.kind())) control.setGeometry(geometryFor(ratios[i], scaleWidth(), scaleHeight()));
   }
 }
 
@@ -41,7 +41,7 @@ void Form1::Compact_Click() {
     setWindowState(WindowState::minimised);
     return;
   }
-  const Place player = MediaPlayer1.place();
+  const Geometry player = MediaPlayer1.geometry();
   if (!comp) {
     playerheight = wholeMeasure(player.height);
     playerleft = static_cast<float>(player.left);
@@ -55,7 +55,7 @@ void Form1::Compact_Click() {
   setWindowState(WindowState::normal);
   const WindowSize size = compactSize(player.width, player.height);
   setSize(size.width, size.height);
-  MediaPlayer1.setPlace({0, 0, player.width, player.height});
+  MediaPlayer1.setGeometry({0, 0, player.width, player.height});
 }
 
 void Form1::large_Click() {

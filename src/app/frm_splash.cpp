@@ -36,15 +36,15 @@ void FrmSplash::Form_Load() {
   }
   const double width = splashWidth / 3;
   const double height = splashHeight / 3;
-  Image1.setPlace({-width, (splashHeight - height) / 2, width, height});
+  Image1.setGeometry({-width, (splashHeight - height) / 2, width, height});
   show();
   for (int step = 1; step <= slideSteps; ++step) {
-    Place place = Image1.place();
-    place.left = -width + (splashWidth + width) / 2 * step / slideSteps;
-    Image1.setPlace(place);
+    Geometry geometry = Image1.geometry();
+    geometry.left = -width + (splashWidth + width) / 2 * step / slideSteps;
+    Image1.setGeometry(geometry);
     platform_.pump.pause(slidePause);
   }
-  Image1.setPlace({0, 0, splashWidth, splashHeight});
+  Image1.setGeometry({0, 0, splashWidth, splashHeight});
   Timer1.setInterval(waitMilliseconds);
 }
 

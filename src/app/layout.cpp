@@ -6,17 +6,17 @@
 
 namespace plimo {
 
-Ratio ratioOf(const Place& place, double windowWidth, double windowHeight) {
-  return {static_cast<float>(place.width / windowWidth), static_cast<float>(place.left / windowWidth),
-          static_cast<float>(place.height / windowHeight), static_cast<float>(place.top / windowHeight)};
+Ratio ratioOf(const Geometry& geometry, double windowWidth, double windowHeight) {
+  return {static_cast<float>(geometry.width / windowWidth), static_cast<float>(geometry.left / windowWidth),
+          static_cast<float>(geometry.height / windowHeight), static_cast<float>(geometry.top / windowHeight)};
 }
 
-Place placeFor(const Ratio& ratio, double windowWidth, double windowHeight) {
+Geometry geometryFor(const Ratio& ratio, double windowWidth, double windowHeight) {
   return {windowWidth * static_cast<double>(ratio.left), windowHeight * static_cast<double>(ratio.top),
           windowWidth * static_cast<double>(ratio.width), windowHeight * static_cast<double>(ratio.height)};
 }
 
-bool takesPlace(ControlKind kind) { return kind != ControlKind::timer && kind != ControlKind::menu; }
+bool hasGeometry(ControlKind kind) { return kind != ControlKind::timer && kind != ControlKind::menu; }
 
 WindowSize compactSize(double playerWidth, double playerHeight) {
   return {playerWidth + playerWidth / 40, 2 * playerHeight};

@@ -7,7 +7,7 @@
 
 namespace plimo {
 
-// A control's place as fractions of the window's inner size.
+// A control's geometry as fractions of the window's inner size.
 struct Ratio {
   float width = 0;
   float left = 0;
@@ -15,12 +15,12 @@ struct Ratio {
   float top = 0;
 };
 
-Ratio ratioOf(const Place& place, double windowWidth, double windowHeight);
-// The place that the ratio stands for in a window of this inner size.
-Place placeFor(const Ratio& ratio, double windowWidth, double windowHeight);
+Ratio ratioOf(const Geometry& geometry, double windowWidth, double windowHeight);
+// The geometry that the ratio stands for in a window of this inner size.
+Geometry geometryFor(const Ratio& ratio, double windowWidth, double windowHeight);
 
-// Timers and menus have no place on the window.
-bool takesPlace(ControlKind kind);
+// Timers and menus have no geometry on the window.
+bool hasGeometry(ControlKind kind);
 
 struct WindowSize {
   double width = 0;

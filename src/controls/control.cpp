@@ -18,7 +18,7 @@ void Control::change(T& member, const T& value, Property property) {
   notify(property);
 }
 
-// Told where it shows already, too: a panel that is asked for again comes to the front.
+// Notifies even if nothing changes: a panel that is opened again is raised to the front.
 void Control::setVisible(bool visible) {
   visible_ = visible;
   notify(Property::visible);
@@ -27,25 +27,25 @@ void Control::setVisible(bool visible) {
 void Control::setEnabled(bool enabled) { change(enabled_, enabled, Property::enabled); }
 void Control::setCaption(std::string_view caption) { change(caption_, std::string(caption), Property::caption); }
 void Control::setTooltip(std::string_view tooltip) { change(tooltip_, std::string(tooltip), Property::tooltip); }
-void Control::setPlace(const Place& place) { change(place_, place, Property::place); }
+void Control::setGeometry(const Geometry& geometry) { change(geometry_, geometry, Property::geometry); }
 void Control::setForeColour(Colour colour) { change(foreColour_, colour, Property::colours); }
 void Control::setBackColour(Colour colour) { change(backColour_, colour, Property::colours); }
 
 bool Control::showing() const { return visible_ && (container_ == nullptr || container_->showing()); }
 
-void Control::observe(ControlObserver& observer) {
+void Control::addObserver(ControlObserver& observer) {
   observers_.push_back(&observer);
   replay(observer);
 }
 
-void Control::unobserve(ControlObserver& observer) { std::erase(observers_, &observer); }
+void Control::removeObserver(ControlObserver& observer) { std::erase(observers_, &observer); }
 
 void Control::notify(Property property) {
   for (ControlObserver* observer : observers_) observer->propertyChanged(property);
 }
 
 void Control::replay(ControlObserver& observer) {
-  for (const Property property : {Property::place, Property::caption, Property::tooltip, Property::colours,
+  for (const Property property : {Property::geometry, Property::caption, Property::tooltip, Property::colours,
                                   Property::enabled, Property::visible}) {
     observer.propertyChanged(property);
   }

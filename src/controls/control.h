@@ -1,4 +1,4 @@
-// What every control has: a name, a place, a look, whether it shows and whether it can be used.
+// What every control has: a name, a geometry, colours, texts, visibility and whether it is enabled.
 #pragma once
 
 #include <functional>
@@ -13,19 +13,19 @@ class Form;
 // An event without arguments. The program's wiring sets its handler once; unwired events do nothing.
 using Event = std::function<void()>;
 
-// In twips (1440 to an inch, 15 to a pixel at 96 dpi), relative to the frame or form that holds the control.
-struct Place {
+// In twips (1440 to an inch, 15 to a pixel at 96 dpi), relative to the containing frame or form.
+struct Geometry {
   double left = 0;
   double top = 0;
   double width = 0;
   double height = 0;
-  friend bool operator==(const Place&, const Place&) = default;
+  friend bool operator==(const Geometry&, const Geometry&) = default;
 };
 
 // red + 256 * green + 65536 * blue, each 0 to 255.
 using Colour = long;
 
-enum class Property { visible, enabled, caption, tooltip, place, colours, picture, value, contents, interval };
+enum class Property { visible, enabled, caption, tooltip, geometry, colours, picture, value, contents, interval };
 
 class ControlObserver {
  public:
@@ -66,7 +66,7 @@ class Control {
   const std::string& name() const { return name_; }
   Control* container() const { return container_; }  // a frame; null: the form itself
 
-  // --- The program's door: none of these raises an event. ---
+  // --- Program API: none of these raises an event ---
   bool visible() const { return visible_; }
   void setVisible(bool visible);
   bool enabled() const { return enabled_; }
@@ -75,34 +75,34 @@ class Control {
   void setCaption(std::string_view caption);
   const std::string& tooltip() const { return tooltip_; }
   void setTooltip(std::string_view tooltip);
-  const Place& place() const { return place_; }
-  void setPlace(const Place& place);
+  const Geometry& geometry() const { return geometry_; }
+  void setGeometry(const Geometry& geometry);
   Colour foreColour() const { return foreColour_; }
   Colour backColour() const { return backColour_; }
   void setForeColour(Colour colour);
   void setBackColour(Colour colour);
 
-  // Visible, and so is all that holds it.
+  // Visible, and so are all its containers.
   virtual bool showing() const;
-  // Showing and enabled: the user can reach it.
+  // Showing and enabled: the user can operate it.
   bool usable() const { return showing() && enabled_; }
 
-  // Observers hear the whole present state first, then every change. An observer must be taken away before it goes.
-  void observe(ControlObserver& observer);
-  void unobserve(ControlObserver& observer);
+  // Notifies the observer of the whole present state, then of every change. Remove an observer before it is destroyed.
+  void addObserver(ControlObserver& observer);
+  void removeObserver(ControlObserver& observer);
 
   // --- Events ---
   Event click;
   Event mouseMove;
 
-  // --- The user's door ---
+  // --- User-input API ---
   // Press and release; takes the keyboard focus where the kind of control takes one.
   virtual void userClick();
   void userMouseMove();
 
  protected:
   void notify(Property property);
-  // What observers hear first; a kind with more state adds its own.
+  // Notifies a new observer of the present state; a kind with more state adds its own.
   virtual void replay(ControlObserver& observer);
   // Runs a handler for something that the user did.
   void raise(const std::function<void()>& handler);
@@ -119,7 +119,7 @@ class Control {
   bool enabled_ = true;
   std::string caption_;
   std::string tooltip_;
-  Place place_;
+  Geometry geometry_;
   Colour foreColour_ = 0;
   Colour backColour_ = 0xFFFFFF;
   std::vector<ControlObserver*> observers_;

@@ -11,14 +11,14 @@ namespace plimo {
 
 class Dispatcher {
  public:
-  // What hears of a failure; set once by the program.
+  // Called with each uncaught failure; set once by the program.
   std::function<void(const RuntimeError&)> failed;
 
-  // Runs what an event of the user (or of the machine) asks for. A RuntimeError ends it and goes to `failed`. When the
-  // outermost handler has ended, whatever was put off until then is done.
+  // Runs the handler of an event of the user or the machine. A RuntimeError ends it and is passed to `failed`. After
+  // the outermost handler, the deferred actions run.
   void run(const std::function<void()>& handler);
 
-  // True while a handler is at work.
+  // True while a handler runs.
   bool busy() const { return depth_ > 0; }
 
   // Called at the end of each outermost handler.
@@ -26,7 +26,7 @@ class Dispatcher {
   // Called whenever the window is about to be painted: at the end of each outermost handler, and by `flush`.
   void beforePaint(std::function<void()> action) { paints_.push_back(std::move(action)); }
 
-  // Tells the observers of all lists what has changed so far. A shell calls it before it paints or asks the user
+  // Notifies the observers of all lists of the changes so far. A shell calls it before it paints or asks the user
   // something in the middle of a handler.
   void flush();
 

@@ -15,7 +15,7 @@ class Menu;
 
 enum class WindowState { normal = 0, minimised = 1, maximised = 2 };
 
-// The real window behind a form. It tells the form of sizes by Form::windowResized, at once or later.
+// The real window of a form. It reports its size through Form::windowResized, immediately or later.
 class FormHost {
  public:
   FormHost() = default;
@@ -23,7 +23,7 @@ class FormHost {
   FormHost& operator=(const FormHost&) = delete;
   virtual ~FormHost() = default;
   virtual void show(Form& form) = 0;
-  virtual void unload(Form& form) = 0;  // the window goes; the program ends with its last window
+  virtual void unload(Form& form) = 0;  // closes the window; the program ends with its last window
   virtual void captionChanged(Form& form) = 0;
   virtual void stateChanged(Form& form) = 0;                           // to Form::windowState
   virtual void resizeTo(Form& form, double width, double height) = 0;  // outer size, twips
@@ -42,13 +42,13 @@ class Form {
   Dispatcher& dispatcher() const { return dispatcher_; }
   // All controls, menus and timers, in the order in which they were declared.
   std::span<Control* const> controls() const { return controls_; }
-  // Null where the form has no control of that name.
+  // Null if the form has no control of that name.
   Control* find(std::string_view name) const;
 
-  // The host must outlive the form, or be taken away with null.
+  // The host must outlive the form, or be removed with null.
   void setHost(FormHost* host) { host_ = host; }
 
-  // --- The program's door ---
+  // --- Program API ---
   bool visible() const { return visible_; }
   void show();
   void unload();
@@ -57,16 +57,16 @@ class Form {
   void setCaption(std::string_view caption);
   WindowState windowState() const { return state_; }
   void setWindowState(WindowState state);
-  // Outer size, frame and title included, in twips. Setting it asks the host, which answers with windowResized.
+  // Outer size including frame and title bar, in twips. Setting it asks the host, which reports windowResized.
   double width() const { return width_; }
   double height() const { return height_; }
   void setSize(double width, double height);
-  // Inner size: what the controls stand on, in twips.
+  // Inner size, the area of the controls, in twips.
   double scaleWidth() const { return scaleWidth_; }
   double scaleHeight() const { return scaleHeight_; }
   // The size as designed, before the window is shown: inner and outer alike; nothing is raised.
   void designSize(double width, double height);
-  // The control that has the keyboard; null for none.
+  // The control that has the keyboard focus; null for none.
   Control* focus() const { return focus_; }
   void setFocus(Control* control);
   void popUp(Menu& menu);
@@ -76,12 +76,12 @@ class Form {
   Event resize;
   Event mouseMove;
   Event terminate;
-  Event unloaded;  // the form has gone
+  Event unloaded;  // the form has been unloaded
 
-  // --- The window's and the user's door ---
+  // --- Host and user-input API ---
   // Loads the form: its load event runs as a handler.
   void runLoad();
-  // The window has this size now; raises resize where it differs from what was known. Sizes in twips.
+  // The window has this size now, in twips; raises resize if the inner size has changed.
   void windowResized(double scaleWidth, double scaleHeight, double width, double height);
   // The user or the desktop changed the window's state.
   void windowStateChanged(WindowState state) { state_ = state; }

@@ -12,11 +12,34 @@ namespace plimo {
 
 ListBox::ListBox(Form& form, std::string_view name, Style style, Order order, Control* container)
     : Control(form, ControlKind::listBox, name, container), style_(style), order_(order) {
-  form.dispatcher().atEnd([this] { settle(); });
+  form.dispatcher().atEnd([this] { resolveRemovedCurrent(); });
   form.dispatcher().beforePaint([this] { flush(); });
 }
 
 std::string_view ListBox::text(std::size_t row) const { return texts_.text(rows_[row].offset, rows_[row].length); }
+
+std::vector<std::string_view> ListBox::texts() const {
+  std::vector<std::string_view> texts(rows_.size());
+  for (std::size_t row = 0; row < texts.size(); ++row) texts[row] = text(row);
+  return texts;
+}
+
+std::vector<std::size_t> ListBox::selectedRows() const {
+  std::vector<std::size_t> rows;
+  rows.reserve(selectedCount_);
+  if (selectedCount_ == 0) return rows;
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    if (selected(row)) rows.push_back(row);
+  }
+  return rows;
+}
+
+std::vector<std::string_view> ListBox::selectedTexts() const {
+  std::vector<std::string_view> texts;
+  texts.reserve(selectedCount_);
+  for (const std::size_t row : selectedRows()) texts.push_back(text(row));
+  return texts;
+}
 
 std::optional<std::size_t> ListBox::firstSelected() const {
   if (selectedCount_ == 0) return std::nullopt;
@@ -24,14 +47,14 @@ std::optional<std::size_t> ListBox::firstSelected() const {
   return static_cast<std::size_t>(found - rows_.begin());
 }
 
-// Most rows are told apart by their lengths, without a look at their texts.
-inline bool ListBox::reads(std::size_t row, std::string_view wanted) const {
+// Comparing the lengths first avoids touching most texts.
+inline bool ListBox::hasText(std::size_t row, std::string_view wanted) const {
   return rows_[row].length == wanted.size() && text(row) == wanted;
 }
 
 std::optional<std::size_t> ListBox::find(std::string_view wanted) const {
   for (std::size_t row = 0; row < rows_.size(); ++row) {
-    if (reads(row, wanted)) return row;
+    if (hasText(row, wanted)) return row;
   }
   return std::nullopt;
 }
@@ -39,7 +62,7 @@ std::optional<std::size_t> ListBox::find(std::string_view wanted) const {
 std::vector<std::size_t> ListBox::findAll(std::string_view wanted) const {
   std::vector<std::size_t> found;
   for (std::size_t row = 0; row < rows_.size(); ++row) {
-    if (reads(row, wanted)) found.push_back(row);
+    if (hasText(row, wanted)) found.push_back(row);
   }
   return found;
 }
@@ -167,14 +190,14 @@ void ListBox::remove(std::size_t row) {
   selectedCount_ -= rows_[row].selected;
   if (current_ && *current_ == row) {
     removedText_ = text(row);
-    removedPlace_ = row;
+    removedRow_ = row;
     current_.reset();
     changes_.current = true;
   } else if (current_ && row < *current_) {
     --*current_;
     changes_.current = true;
-  } else if (removedText_ && row < removedPlace_) {
-    --removedPlace_;
+  } else if (removedText_ && row < removedRow_) {
+    --removedRow_;
   }
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
   changedRows(row, 0, 1);
@@ -183,14 +206,14 @@ void ListBox::remove(std::size_t row) {
 
 void ListBox::removeAll(std::span<const std::size_t> rows) {
   if (rows.empty()) return;
-  const std::size_t watched = current_ ? *current_ : removedText_ ? removedPlace_ : 0;
+  const std::size_t watched = current_ ? *current_ : removedText_ ? removedRow_ : 0;
   const auto above = std::lower_bound(rows.begin(), rows.end(), watched);
   if (current_ && above != rows.end() && *above == watched) {
     removedText_ = text(watched);
     current_.reset();
   }
   const std::size_t place = watched - static_cast<std::size_t>(above - rows.begin());
-  (current_ ? *current_ : removedPlace_) = place;
+  (current_ ? *current_ : removedRow_) = place;
 
   const auto at = [this](std::size_t row) { return rows_.begin() + static_cast<std::ptrdiff_t>(row); };
   auto kept = at(rows.front());
@@ -204,15 +227,7 @@ void ListBox::removeAll(std::span<const std::size_t> rows) {
   compactStore();
 }
 
-void ListBox::removeSelected() {
-  if (selectedCount_ == 0) return;
-  std::vector<std::size_t> removed;
-  removed.reserve(selectedCount_);
-  for (std::size_t row = 0; row < rows_.size(); ++row) {
-    if (selected(row)) removed.push_back(row);
-  }
-  removeAll(removed);
-}
+void ListBox::removeSelected() { removeAll(selectedRows()); }
 
 bool ListBox::setState(std::size_t row, bool selected) {
   if (this->selected(row) == selected) return false;
@@ -235,7 +250,7 @@ void ListBox::clearSelection() {
   changes_.selection = true;
 }
 
-void ListBox::setSelectedQuietly(std::span<const std::size_t> rows, bool selected) {
+void ListBox::setSelectedWithoutEvents(std::span<const std::size_t> rows, bool selected) {
   for (const std::size_t row : rows) {
     if (setState(row, selected)) setCurrent(row);
   }
@@ -243,7 +258,7 @@ void ListBox::setSelectedQuietly(std::span<const std::size_t> rows, bool selecte
 
 void ListBox::selectText(std::string_view wanted) {
   for (std::size_t row = 0; row < rows_.size(); ++row) {
-    if (reads(row, wanted)) setState(row, true);
+    if (hasText(row, wanted)) setState(row, true);
   }
 }
 
@@ -265,27 +280,27 @@ void ListBox::setTop(long row) {
   changes_.top = true;
 }
 
-void ListBox::settle() {
+void ListBox::resolveRemovedCurrent() {
   if (!removedText_) return;
   removedText_.reset();
   if (current_ || rows_.empty()) return;
-  current_ = std::min(removedPlace_, rows_.size() - 1);
+  current_ = std::min(removedRow_, rows_.size() - 1);
   changes_.current = true;
 }
 
-void ListBox::observeRows(ListObserver& observer) {
+void ListBox::addRowObserver(ListObserver& observer) {
   flush();  // the newcomer sees the rows as they are now
   rowObservers_.push_back(&observer);
-  observe(observer);
+  addObserver(observer);
   observer.rowsReset();
   observer.selectionChanged();
   observer.currentChanged();
   observer.topChanged();
 }
 
-void ListBox::unobserveRows(ListObserver& observer) {
+void ListBox::removeRowObserver(ListObserver& observer) {
   std::erase(rowObservers_, &observer);
-  unobserve(observer);
+  removeObserver(observer);
 }
 
 void ListBox::changedRows(std::size_t first, std::size_t appended, std::size_t removed) {
@@ -324,7 +339,7 @@ void ListBox::flush() {
 void ListBox::compactStore() {
   constexpr std::size_t worthIt = 1 << 16;
   if (unused_ < worthIt || unused_ * 2 < texts_.size()) return;
-  RowTexts texts;
+  RowStore texts;
   texts.makeRoom(texts_.size() - unused_);
   for (Row& row : rows_) row.offset = texts.append(texts_.text(row.offset, row.length));
   texts_ = std::move(texts);

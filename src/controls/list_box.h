@@ -1,8 +1,8 @@
 // A list of texts, built for a million rows.
 //
-// A row is a text and a selected state; in a check-box list the selected state is the tick. Rows are kept in one store
-// of bytes, which lists filled from one another share, with sixteen bytes a row beside it. Whatever removes or adds
-// many rows does so in one pass. Observers hear of changes in ranges, once for all that a handler did.
+// A row is a text and a selected state; in a check-box list the selected state is the tick. The texts of all rows are
+// in one buffer, which lists share when one is filled from another, plus sixteen bytes per row. Adding or removing many
+// rows is one pass. Observers are notified of ranges, once for everything that a handler did.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "controls/control.h"
-#include "controls/row_texts.h"
+#include "controls/row_store.h"
 
 namespace plimo {
 
@@ -38,13 +38,16 @@ class ListBox : public Control {
 
   Style style() const { return style_; }
 
-  // --- The program's door: raises nothing but tick. ---
+  // --- Program API: raises nothing but tick ---
   std::size_t count() const { return rows_.size(); }
   bool empty() const { return rows_.empty(); }
   std::string_view text(std::size_t row) const;  // valid until the list changes
+  std::vector<std::string_view> texts() const;   // of all rows; valid until the list changes
   bool selected(std::size_t row) const { return rows_[row].selected != 0; }
   std::size_t selectedCount() const { return selectedCount_; }
-  // The first selected row; nothing where none is.
+  std::vector<std::size_t> selectedRows() const;        // in order
+  std::vector<std::string_view> selectedTexts() const;  // in order; valid until the list changes
+  // The first selected row; nullopt if none is selected.
   std::optional<std::size_t> firstSelected() const;
   // The first row with this text.
   std::optional<std::size_t> find(std::string_view text) const;
@@ -53,36 +56,36 @@ class ListBox : public Control {
 
   void clear();
   void add(std::string_view text);
-  // The same as add for each, but in one pass in a sorted list too. The texts must not be this list's own.
+  // The same as add for each, but in one pass in a sorted list too. The texts must not belong to this list.
   void addAll(std::span<const std::string_view> texts);
   // All of the other list's rows, unselected.
   void addAll(const ListBox& other);
   // Makes this list's rows those of `other`, unselected; no row is current.
   void assign(const ListBox& other);
-  // The same with its rows at the given positions only, in that order. `other` may be this list.
+  // The same with only the rows at the given positions, in that order. `other` may be this list.
   void assign(const ListBox& other, std::span<const std::size_t> positions);
   void remove(std::size_t row);
-  // Removes the rows at these places, which rise, in one pass.
+  // Removes the rows at these indices, which must be in ascending order, in one pass.
   void removeAll(std::span<const std::size_t> rows);
   void removeSelected();
 
   // In a check-box list a changed row becomes current and its tick is raised; setting a state again does nothing.
   void setSelected(std::size_t row, bool selected);
   void clearSelection();
-  // Sets many rows' states without raising anything: the caller does the ticks' work for all of them at once. The last
-  // row that changed becomes current.
-  void setSelectedQuietly(std::span<const std::size_t> rows, bool selected);
+  // Sets the state of many rows without raising tick, for a caller that handles all of them in one pass. The last row
+  // that changed becomes current.
+  void setSelectedWithoutEvents(std::span<const std::size_t> rows, bool selected);
   // Selects every row with this text.
   void selectText(std::string_view text);
 
-  // The current row, which the keyboard acts on; nothing for none.
+  // The current row, which the keyboard acts on; nullopt if there is none.
   std::optional<std::size_t> current() const { return current_; }
-  // Its text. When the current row has been removed, its text stays the current text until the handler ends; then the
-  // row in its place becomes current, or the last one.
+  // Its text; empty if there is none. If the current row has been removed, its text stays the current text until the
+  // handler ends; then the row that has taken its index becomes current, or the last row.
   std::string currentText() const;
   void setCurrent(std::optional<std::size_t> row);
 
-  // The row asked to be the topmost in view. As asked, even where no such row is.
+  // The row requested as the topmost in view; kept as requested, even if there is no such row.
   long top() const { return top_; }
   void setTop(long row);
 
@@ -93,33 +96,32 @@ class ListBox : public Control {
   Event scroll;
   Event rightDown;  // the right mouse button, or the menu key
 
-  // --- The user's door ---
+  // --- User-input API ---
   enum class Keys { none, control, shift };
-  // A click on a row with a key held: alone selects that row only, control flips it, shift extends from the last row
-  // clicked alone or flipped.
+  // A click on a row: without a modifier it selects only that row, control toggles it, shift extends the selection from
+  // the anchor, which is the last row clicked without shift.
   void userClickRow(std::size_t row, Keys keys);
   // Moves the current row; the selection stays.
   void userMoveCurrent(std::size_t row);
   // Moves the current row and extends the selection to it.
   void userExtendTo(std::size_t row);
-  // Clicks until exactly these rows are selected (in a check-box list: ticked, each change raising its tick); the last
-  // one becomes current. Raises click once.
+  // Selects exactly these rows (check-box list: ticks them, raising tick for each change); the last one becomes
+  // current. Raises click once.
   void userSelect(std::span<const std::size_t> rows);
   void userTick(std::size_t row, bool ticked);
   void userDoubleClick();
-  // One character: a letter, blank (32), Enter (13), Esc (27) or Backspace (8). Blank flips the current row's tick in a
-  // check-box list.
+  // One character: a letter, blank (32), Enter (13), Esc (27) or Backspace (8). Blank toggles the current row's tick in
+  // a check-box list.
   void userKey(char key);
-  // Without a row: over no row, or by key.
   void userRightDown();
   void userScroll();
 
-  // The observer also hears of rows. It hears the present state first.
-  void observeRows(ListObserver& observer);
-  void unobserveRows(ListObserver& observer);
-  // Tells the observers what has changed since the last time.
+  // Also notifies the observer of row changes, after an initial notification of the present state.
+  void addRowObserver(ListObserver& observer);
+  void removeRowObserver(ListObserver& observer);
+  // Notifies the row observers of the changes since the last flush.
   void flush();
-  // Bytes held for the rows, those shared with other lists included.
+  // Bytes held for the rows, including those shared with other lists.
   std::size_t memory() const;
 
  private:
@@ -138,7 +140,7 @@ class ListBox : public Control {
     bool top = false;
   };
 
-  bool reads(std::size_t row, std::string_view wanted) const;
+  bool hasText(std::size_t row, std::string_view wanted) const;
   Row store(std::string_view text);
   void makeRoom(std::size_t rows);
   void sortRows();
@@ -146,7 +148,7 @@ class ListBox : public Control {
   void replaceRows(const ListBox& other);
   void changedRows(std::size_t first, std::size_t appended, std::size_t removed);
   void compactStore();
-  void settle();
+  void resolveRemovedCurrent();
   void takeFocus();
   void selectOnly(std::size_t first, std::size_t last);
   void tickExactly(std::span<const std::size_t> rows);
@@ -154,13 +156,13 @@ class ListBox : public Control {
 
   Style style_;
   Order order_;
-  RowTexts texts_;
+  RowStore texts_;
   std::vector<Row> rows_;
   std::size_t unused_ = 0;  // bytes in the store that no row refers to
   std::size_t selectedCount_ = 0;
   std::optional<std::size_t> current_;
   std::optional<std::string> removedText_;  // the current row's, when it was removed in this handler
-  std::size_t removedPlace_ = 0;
+  std::size_t removedRow_ = 0;
   std::size_t anchor_ = 0;
   long top_ = 0;
   Changes changes_;

@@ -7,8 +7,8 @@
 
 namespace plimo {
 
-// A menu without an owner and in the bar is a menu of the bar; out of the bar it only pops up. Items of a pop-up menu
-// can be reached whenever it is shown.
+// A menu of the bar has no owner, nor has a pop-up menu, which is shown only on request. Items of a pop-up menu
+// can be clicked whenever it is shown.
 class Menu : public Control {
  public:
   enum class Role { bar, popUp, item };

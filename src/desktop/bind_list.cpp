@@ -26,11 +26,11 @@ class ListBinder : public Binder, public ListObserver {
   ListBinder(ListBox& list, QWidget* parent)
       : Binder(list, new ListView(list, parent)), list_(list), view_(static_cast<ListView*>(widget())) {
     view_->setAutoFillBackground(true);
-    list_.observeRows(*this);
+    list_.addRowObserver(*this);
     // A letter alone tells little: beside the lists' drives stand their root folders.
     if (list.name() == "List5" || list.name() == "List7") view_->beside = [this](std::size_t row) { return root(row); };
   }
-  ~ListBinder() override { list_.unobserveRows(*this); }
+  ~ListBinder() override { list_.removeRowObserver(*this); }
 
   void propertyChanged(Property property) override { Binder::propertyChanged(property); }
   void rowsReset() override {

@@ -12,9 +12,9 @@ class BoundMenus::Item : public ControlObserver {
  public:
   Item(Menu& menu, QAction* action) : menu_(menu), action_(action) {
     action_->setObjectName(qstring(menu.name()));
-    menu_.observe(*this);
+    menu_.addObserver(*this);
   }
-  ~Item() override { menu_.unobserve(*this); }
+  ~Item() override { menu_.removeObserver(*this); }
 
   void propertyChanged(Property property) override {
     if (property == Property::caption) action_->setText(qstring(menu_.caption()));

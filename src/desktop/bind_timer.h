@@ -4,7 +4,7 @@
 #include <QTimer>
 #include <functional>
 
-#include "controls/widgets.h"
+#include "controls/simple_controls.h"
 
 namespace plimo {
 
@@ -15,9 +15,9 @@ class TimerBinder : public ControlObserver {
     QObject::connect(&clock_, &QTimer::timeout, &clock_, [this] {
       if (open_()) timer_.elapsed();
     });
-    timer_.observe(*this);
+    timer_.addObserver(*this);
   }
-  ~TimerBinder() override { timer_.unobserve(*this); }
+  ~TimerBinder() override { timer_.removeObserver(*this); }
 
   void propertyChanged(Property property) override {
     if (property != Property::interval && property != Property::enabled) return;

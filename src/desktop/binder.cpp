@@ -14,8 +14,8 @@ Binder::Binder(Control& control, QWidget* widget) : control_(control), widget_(w
 
 void Binder::propertyChanged(Property property) {
   switch (property) {
-    case Property::place:
-      widget_->setGeometry(pixelRect(control_.place()));
+    case Property::geometry:
+      widget_->setGeometry(pixelRect(control_.geometry()));
       break;
     case Property::enabled:
       widget_->setEnabled(control_.enabled());

@@ -5,10 +5,11 @@
 #include <QWidget>
 #include <memory>
 
-#include "controls/choosers.h"
+#include "controls/drive_list.h"
+#include "controls/folder_list.h"
 #include "controls/form.h"
 #include "controls/list_box.h"
-#include "controls/widgets.h"
+#include "controls/simple_controls.h"
 
 namespace plimo {
 
@@ -59,11 +60,11 @@ std::unique_ptr<Binder> bindPlayer(Control& control, MpvPlayer& player, QWidget*
 class Observing {
  public:
   Observing(Control& control, ControlObserver& observer) : control_(control), observer_(observer) {
-    control_.observe(observer_);
+    control_.addObserver(observer_);
   }
   Observing(const Observing&) = delete;
   Observing& operator=(const Observing&) = delete;
-  ~Observing() { control_.unobserve(observer_); }
+  ~Observing() { control_.removeObserver(observer_); }
 
  private:
   Control& control_;

@@ -105,7 +105,7 @@ void FormWindow::orderKeyboard() {
   }
   for (auto& [panel, within] : panelOrder_) {
     std::stable_sort(within.begin(), within.end(), [](const Binder* one, const Binder* other) {
-      return one->control().place().top < other->control().place().top;
+      return one->control().geometry().top < other->control().geometry().top;
     });
     for (std::size_t i = 1; i < within.size(); ++i) setTabOrder(within[i - 1]->widget(), within[i]->widget());
   }

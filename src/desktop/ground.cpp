@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "controls/widgets.h"
+#include "controls/simple_controls.h"
 #include "desktop/look.h"
 #include "desktop/units.h"
 
@@ -55,7 +55,7 @@ const Control* Ground::shown(const char* name) const {
 
 QRect Ground::placeOf(const char* name) const {
   const Control* control = form_.find(name);
-  return control == nullptr ? QRect() : pixelRect(control->place());
+  return control == nullptr ? QRect() : pixelRect(control->geometry());
 }
 
 void Ground::paintEvent(QPaintEvent*) {
@@ -82,7 +82,7 @@ void Ground::paintHeading(QPainter& painter, const Column& column) const {
   const auto& list = static_cast<const ListBox&>(*control);
   const bool folded = shown(column.closedHandle) != nullptr;
   if (!folded && shown(column.openHandle) == nullptr) return;
-  const QRect listPlace = pixelRect(list.place());
+  const QRect listPlace = pixelRect(list.geometry());
   const QRect handle = placeOf(column.closedHandle);
   const QString title = QString::fromUtf8(column.title);
   QString count = counted(list.count(), column.oneRow, column.manyRows);

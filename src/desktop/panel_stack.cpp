@@ -6,7 +6,7 @@ namespace plimo {
 
 namespace {
 
-bool meet(const Place& one, const Place& other) {
+bool meet(const Geometry& one, const Geometry& other) {
   return one.left < other.left + other.width && other.left < one.left + one.width &&
          one.top < other.top + other.height && other.top < one.top + one.height;
 }
@@ -15,8 +15,8 @@ bool meet(const Place& one, const Place& other) {
 
 class PanelStack::Watch : public ControlObserver {
  public:
-  Watch(PanelStack& stack, Control& frame) : stack_(stack), frame_(frame) { frame_.observe(*this); }
-  ~Watch() override { frame_.unobserve(*this); }
+  Watch(PanelStack& stack, Control& frame) : stack_(stack), frame_(frame) { frame_.addObserver(*this); }
+  ~Watch() override { frame_.removeObserver(*this); }
   void propertyChanged(Property property) override {
     if (property == Property::visible) stack_.told(frame_);
   }
@@ -37,7 +37,7 @@ PanelStack::~PanelStack() = default;
 bool PanelStack::covered(const Control& frame) const {
   const auto panel = std::find_if(open_.begin(), open_.end(), [&](const Open& open) { return open.frame == &frame; });
   return panel != open_.end() && std::any_of(panel + 1, open_.end(), [&frame](const Open& later) {
-           return meet(frame.place(), later.frame->place());
+           return meet(frame.geometry(), later.frame->geometry());
          });
 }
 

@@ -14,10 +14,10 @@ inline int pixels(double twips) { return static_cast<int>(std::lround(twips / tw
 inline double twips(int pixelCount) { return pixelCount * twipsPerPixel; }
 
 // Edges are rounded, not sizes, so that what touches in twips touches in pixels.
-inline QRect pixelRect(const Place& place) {
-  const int left = pixels(place.left);
-  const int top = pixels(place.top);
-  return {left, top, pixels(place.left + place.width) - left, pixels(place.top + place.height) - top};
+inline QRect pixelRect(const Geometry& geometry) {
+  const int left = pixels(geometry.left);
+  const int top = pixels(geometry.top);
+  return {left, top, pixels(geometry.left + geometry.width) - left, pixels(geometry.top + geometry.height) - top};
 }
 
 }  // namespace plimo

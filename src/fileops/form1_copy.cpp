@@ -56,10 +56,7 @@ void Form1::Command6_Click() {
   Command6.setCaption("Please Wait");
   Command6.setEnabled(false);
   if (!List1.empty()) {
-    std::vector<std::string_view> names;
-    for (std::size_t row = 0; row < List1.count(); ++row) {
-      if (List1.selected(row)) names.push_back(List1.text(row));
-    }
+    const std::vector<std::string_view> names = List1.selectedTexts();
     copySongs(platform.files, platform.pump, ownFile(catalogueName), {names, List1.selected(0)}, Dir2.path(),
               [this](std::string_view name) {
                 platform.dialogs.message(

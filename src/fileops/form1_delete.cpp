@@ -1,6 +1,4 @@
 // Deleting the song files behind the scratch playlist's rows.
-#include <vector>
-
 #include "app/form1.h"
 #include "fileops/delete_songs.h"
 
@@ -23,10 +21,8 @@ void offerScan(Form1& form) {
 }
 
 void deleteFilesOf(Form1& form, const ListBox& list, const char* failureMessage) {
-  std::vector<std::string_view> names(list.count());
-  for (std::size_t row = 0; row < names.size(); ++row) names[row] = list.text(row);
   try {
-    deleteSongs(form.platform.files, form.platform.pump, form.ownFile(catalogueName), names);
+    deleteSongs(form.platform.files, form.platform.pump, form.ownFile(catalogueName), list.texts());
   } catch (const RuntimeError&) {
     form.platform.dialogs.message(failureMessage);
   }
@@ -52,11 +48,7 @@ void Form1::Command15_Click() {
 void Form1::ds_Click() { Command10_Click(); }
 
 void Form1::deleteselectedfiles() {
-  std::vector<std::size_t> rows;
-  for (std::size_t row = 0; row < List1.count(); ++row) {
-    if (List1.selected(row)) rows.push_back(row);
-  }
-  List3.assign(List1, rows);
+  List3.assign(List1, List1.selectedRows());
   deleteFilesOf(*this, List3, "The File(s) could not be deleted due to some mysterical problem!");
 }
 

@@ -41,10 +41,8 @@ void startWinampWithSong(Form1& form, const std::string& song) {
 void playRun(Form1& form, const ListBox& names) {
   form.platform.player.setFileName("c:\\");
   form.platform.player.stop();
-  std::vector<std::string_view> texts(names.count());
-  for (std::size_t row = 0; row < texts.size(); ++row) texts[row] = names.text(row);
   const std::string playlist = form.ownFile(runPlaylistName);
-  writeRun(form.platform.files, playlist, form.ownFile(catalogueName), texts);
+  writeRun(form.platform.files, playlist, form.ownFile(catalogueName), names.texts());
   if (form.winamp1) {
     startWinampWithRun(form);
   } else {

@@ -45,12 +45,6 @@ class Names {
 
 }  // namespace
 
-std::vector<std::string_view> rowTexts(const ListBox& list) {
-  std::vector<std::string_view> texts(list.count());
-  for (std::size_t row = 0; row < texts.size(); ++row) texts[row] = list.text(row);
-  return texts;
-}
-
 void appendSongs(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> artists,
                  ListBox& songs) {
   const Names names(files, catalogue, artists, displayName);
@@ -67,7 +61,7 @@ void appendSongs(FileSystemObject& files, const std::string& catalogue, std::spa
 void removeSongs(FileSystemObject& files, const std::string& catalogue, std::string_view artist, ListBox& songs) {
   const Names names(files, catalogue, std::span(&artist, 1),
                     [](std::string_view title) { return std::optional(prefixBefore(title, '.')); });
-  songs.removeAll(removedByWalks(rowTexts(songs), names.of(0)));
+  songs.removeAll(removedByWalks(songs.texts(), names.of(0)));
 }
 
 }  // namespace plimo

@@ -4,16 +4,12 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/file_system_object.h"
 
 namespace plimo {
 
 class ListBox;
-
-// All rows' texts, good until the list changes.
-std::vector<std::string_view> rowTexts(const ListBox& list);
 
 // Appends the display names of each artist's songs, artist by artist in the order given, each artist's in the order of
 // the catalogue; a song whose title holds no "." adds nothing. The catalogue is read once. A failure, or a record that

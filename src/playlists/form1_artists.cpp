@@ -30,7 +30,7 @@ void Form1::tickArtists(std::span<const std::size_t> rows) {
     keys.push_back(List2.text(row));
   }
   if (changed.empty()) return;
-  List2.setSelectedQuietly(changed, true);
+  List2.setSelectedWithoutEvents(changed, true);
   if (fromsettings) return;
   appendSongs(platform.files, ownFile(catalogueName), keys, List1);
   List1.setTop(static_cast<long>(List1.count()) - 1);

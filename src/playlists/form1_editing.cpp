@@ -4,11 +4,7 @@
 namespace plimo {
 
 void Form1::Command1_Click() {
-  std::vector<std::string_view> songs;
-  for (std::size_t row = 0; row < List1.count(); ++row) {
-    if (List1.selected(row)) songs.push_back(List1.text(row));
-  }
-  finalList().addAll(songs);
+  finalList().addAll(List1.selectedTexts());
   List1.clearSelection();
 }
 

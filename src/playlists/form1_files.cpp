@@ -81,11 +81,8 @@ void Form1::Command3_Click() {
 
 // With the scratch playlist empty, unticking takes nothing off it.
 void Form1::untickArtists() {
-  std::vector<std::size_t> ticked;
-  for (std::size_t row = 0; row < List2.count(); ++row) {
-    if (List2.selected(row)) ticked.push_back(row);
-  }
-  List2.setSelectedQuietly(ticked, false);
+  const std::vector<std::size_t> ticked = List2.selectedRows();
+  List2.setSelectedWithoutEvents(ticked, false);
   if (!ticked.empty()) List1.setTop(0);
 }
 
@@ -117,13 +114,13 @@ void Form1::fillFromPlaylist(std::span<const std::string_view> paths) {
 std::vector<std::size_t> Form1::rowsOfArtists() {
   StringInterner index(List2.count());
   std::vector<std::uint32_t> numbers(List2.count());
-  index.add(rowTexts(List2), numbers);
+  index.add(List2.texts(), numbers);
   std::vector<std::size_t> rowOf;  // of each number
   for (std::size_t row = 0; row < numbers.size(); ++row) {
     if (numbers[row] == rowOf.size()) rowOf.push_back(row);
   }
   std::vector<std::uint32_t> wanted(List3.count());
-  index.find(rowTexts(List3), wanted);
+  index.find(List3.texts(), wanted);
   std::vector<bool> seen(rowOf.size());
   std::vector<std::size_t> found;
   for (const std::uint32_t number : wanted) {
@@ -156,7 +153,7 @@ void Form1::Command4_Click() {
     }
   }
   const auto file = platform.files.replaceFile(target, force);  // a target that cannot be written is told first
-  const std::vector<std::string_view> songs = rowTexts(List4);
+  const std::vector<std::string_view> songs = List4.texts();
   const SongPaths paths(platform.files, ownFile(catalogueName), songs);
   writePlaylist(*file, paths, songs.size());
   const std::string standard = ownFile(defaultPlaylistName);

@@ -1,6 +1,4 @@
 // The welcome and the credits.
-#include <vector>
-
 #include "app/form1.h"
 
 namespace plimo {
@@ -33,11 +31,7 @@ void Form1::Command00_Click() {
   Frame2.setVisible(false);
   Picture7.setVisible(true);
   foldSongStrip();
-  std::vector<std::string_view> songs;
-  for (std::size_t row = 0; row < List1.count(); ++row) {
-    if (List1.selected(row)) songs.push_back(List1.text(row));
-  }
-  finalList().addAll(songs);
+  finalList().addAll(List1.selectedTexts());
   List1.clearSelection();
 }
 

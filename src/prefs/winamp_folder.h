@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "controls/choosers.h"
+#include "controls/drive_list.h"
 #include "platform/file_system_object.h"
 
 namespace plimo {

@@ -160,7 +160,7 @@ std::string joined(std::span<const std::string> words) {
 void place(Session& session, const Line& line) {
   const Control* control = named(session, line);
   if (control == nullptr) return;
-  const Place& got = control->place();
+  const Geometry& got = control->geometry();
   const std::array numbers{got.left, got.top, got.width, got.height};
   for (std::size_t i = 1; i < line.words.size(); ++i) {
     if (rounded(numbers[i - 1], *decimalNumber(line.words[i]))) continue;

@@ -32,8 +32,8 @@ class Captions {
 
 class CaptionObserver : public ControlObserver {
  public:
-  explicit CaptionObserver(Control& control) : control_(control) { control_.observe(*this); }
-  ~CaptionObserver() override { control_.unobserve(*this); }
+  explicit CaptionObserver(Control& control) : control_(control) { control_.addObserver(*this); }
+  ~CaptionObserver() override { control_.removeObserver(*this); }
   void propertyChanged(Property property) override {
     if (property == Property::caption) captions.bear(control_.caption());
   }

@@ -7,13 +7,13 @@
 namespace plimo::scenario {
 
 Run::Run(MemoryFiles& files, ScriptedDialogs& dialogs, MemoryLauncher& launcher, ScriptedPump& pump, const Size& screen,
-         const std::map<std::string, Place>& designs)
+         const std::map<std::string, Geometry>& designs)
     : mainWindow(screen), splashWindow(screen), program(Platform{files, player, dialogs, launcher, pump}) {
-  for (const auto& [name, place] : designs) {
+  for (const auto& [name, geometry] : designs) {
     if (name == mainWindowName) {
-      program.form1().designSize(place.width, place.height);
+      program.form1().designSize(geometry.width, geometry.height);
     } else {
-      findControl(program, name)->setPlace(place);
+      findControl(program, name)->setGeometry(geometry);
     }
   }
   mainWindow.attach(program.form1());

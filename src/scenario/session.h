@@ -25,7 +25,7 @@ class Run {
  public:
   // `designs`: by name, where controls (and Form1) stand instead of where they were designed.
   Run(MemoryFiles& files, ScriptedDialogs& dialogs, MemoryLauncher& launcher, ScriptedPump& pump, const Size& screen,
-      const std::map<std::string, Place>& designs);
+      const std::map<std::string, Geometry>& designs);
 
   MemoryPlayer player;
   ScriptedWindow mainWindow;
@@ -58,7 +58,7 @@ class Session {
   double duration = 0;  // what the player reports, in seconds
   double position = 0;
   bool drivesNamed = false;  // a drive line has replaced drive C
-  std::map<std::string, Place> designs;
+  std::map<std::string, Geometry> designs;
 
   // --- The program ---
   std::unique_ptr<Run> run;  // null before the first start

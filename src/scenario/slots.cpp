@@ -96,13 +96,13 @@ constexpr std::array slots{
 
 constexpr std::string_view alternative = " / ";
 
-struct Place {
+struct Geometry {
   std::string_view slot;
   char repeat = ' ';  // or ?, * or +
 };
 
-std::vector<Place> placesOf(std::string_view shape) {
-  std::vector<Place> places;
+std::vector<Geometry> placesOf(std::string_view shape) {
+  std::vector<Geometry> places;
   if (shape.empty()) return places;
   for (const std::string_view piece : split(shape, ' ')) {
     const char last = piece.back();
@@ -172,7 +172,7 @@ class Matcher {
     furthest_ = word;
   }
 
-  std::vector<Place> places_;
+  std::vector<Geometry> places_;
   const std::vector<std::string>& words_;
   const Vocabulary& names_;
   std::size_t furthest_ = 0;

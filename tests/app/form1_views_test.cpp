@@ -76,15 +76,15 @@ class Views : public testing::TestWithParam<bool> {
     window.settle();
   }
 
-  using Places = std::vector<Place>;
+  using Places = std::vector<Geometry>;
   Places places() {
     Places all;
-    for (const Control* control : form.controls()) all.push_back(control->place());
+    for (const Control* control : form.controls()) all.push_back(control->geometry());
     return all;
   }
   void expectPlaces(const Places& expected) {
     for (std::size_t i = 0; i < expected.size(); ++i) {
-      EXPECT_EQ(form.controls()[i]->place(), expected[i]) << form.controls()[i]->name();
+      EXPECT_EQ(form.controls()[i]->geometry(), expected[i]) << form.controls()[i]->name();
     }
   }
 
@@ -102,22 +102,22 @@ INSTANTIATE_TEST_SUITE_P(Windows, Views, testing::Bool(),
                          [](const auto& answer) { return answer.param ? "ThatAnswerAtOnce" : "ThatAnswerLater"; });
 
 TEST_P(Views, TheStartFillsTheScreenInProportion) {
-  const Place designed = form.List2.place();
+  const Geometry designed = form.List2.geometry();
   const double designedWidth = form.scaleWidth();
   start();
   EXPECT_EQ(form.scaleWidth(), screen.width);
-  EXPECT_NEAR(form.List2.place().width, designed.width * screen.width / designedWidth, 0.01);
-  EXPECT_EQ(form.Shape1.place(), form.List2.place());
+  EXPECT_NEAR(form.List2.geometry().width, designed.width * screen.width / designedWidth, 0.01);
+  EXPECT_EQ(form.Shape1.geometry(), form.List2.geometry());
 }
 
 TEST_P(Views, CompactShrinksTheWindowAroundThePlayer) {
   start();
-  const Place player = form.MediaPlayer1.place();
+  const Geometry player = form.MediaPlayer1.geometry();
   click(form.Compact);
   EXPECT_EQ(form.windowState(), WindowState::normal);
   EXPECT_DOUBLE_EQ(form.width(), player.width * 41 / 40);
   EXPECT_DOUBLE_EQ(form.height(), player.height * 2);
-  EXPECT_EQ(form.MediaPlayer1.place(), (Place{0, 0, player.width, player.height}));
+  EXPECT_EQ(form.MediaPlayer1.geometry(), (Geometry{0, 0, player.width, player.height}));
   EXPECT_TRUE(form.MediaPlayer1.visible());
 }
 
@@ -127,7 +127,7 @@ TEST_P(Views, CompactMovesNothingButThePlayer) {
   click(form.Compact);
   window.userResizes({5000, 3000});
   for (std::size_t i = 0; i < expected.size(); ++i) {
-    if (form.controls()[i] == &form.MediaPlayer1) expected[i] = form.MediaPlayer1.place();
+    if (form.controls()[i] == &form.MediaPlayer1) expected[i] = form.MediaPlayer1.geometry();
   }
   expectPlaces(expected);
 }
@@ -167,7 +167,7 @@ TEST_P(Views, LargeFromAnOrdinaryWindowFillsTheScreen) {
   start();
   const Places expected = places();
   window.userResizes({9600, 7200});
-  EXPECT_NEAR(form.List2.place().width, expected[0].width / 2, 0.01);
+  EXPECT_NEAR(form.List2.geometry().width, expected[0].width / 2, 0.01);
   click(form.large);
   expectPlaces(expected);
 }
@@ -233,7 +233,7 @@ TEST_P(Views, AFailingStartUpLeavesAWholeWindow) {
   EXPECT_FALSE(form.frommenu);
   expectPlaces(expected);
   window.userResizes({9600, 7200});
-  EXPECT_NEAR(form.List2.place().width, expected[0].width / 2, 0.01);
+  EXPECT_NEAR(form.List2.geometry().width, expected[0].width / 2, 0.01);
 }
 
 TEST_P(Views, APanelOpenedFromTheCompactViewLeavesIt) {
@@ -249,11 +249,11 @@ TEST_P(Views, APanelOpenedFromTheCompactViewLeavesIt) {
 
 TEST_P(Views, APanelPutsThePlayerBackBeforeTheWindowHasGrown) {
   start();
-  const Place player = form.MediaPlayer1.place();
+  const Geometry player = form.MediaPlayer1.geometry();
   click(form.Compact);
   form.cop.userClick();
-  EXPECT_NEAR(form.MediaPlayer1.place().left, player.left, 0.5);
-  EXPECT_NEAR(form.MediaPlayer1.place().top, player.top, 0.5);
+  EXPECT_NEAR(form.MediaPlayer1.geometry().left, player.left, 0.5);
+  EXPECT_NEAR(form.MediaPlayer1.geometry().top, player.top, 0.5);
 }
 
 TEST_P(Views, APanelOpenedFromAMaximisedCompactWindowLeavesItToo) {

@@ -13,18 +13,18 @@ TEST(Layout, KeepsProportions) {
   EXPECT_FLOAT_EQ(ratio.top, 0.25F);
   EXPECT_FLOAT_EQ(ratio.width, 0.3F);
   EXPECT_FLOAT_EQ(ratio.height, 0.5F);
-  const Place place = placeFor(ratio, 20000, 4000);
-  EXPECT_NEAR(place.left, 2000, 0.01);
-  EXPECT_NEAR(place.top, 1000, 0.01);
-  EXPECT_NEAR(place.width, 6000, 0.01);
-  EXPECT_NEAR(place.height, 2000, 0.01);
+  const Geometry geometry = geometryFor(ratio, 20000, 4000);
+  EXPECT_NEAR(geometry.left, 2000, 0.01);
+  EXPECT_NEAR(geometry.top, 1000, 0.01);
+  EXPECT_NEAR(geometry.width, 6000, 0.01);
+  EXPECT_NEAR(geometry.height, 2000, 0.01);
 }
 
 TEST(Layout, LeavesTimersAndMenusOut) {
-  EXPECT_FALSE(takesPlace(ControlKind::timer));
-  EXPECT_FALSE(takesPlace(ControlKind::menu));
-  EXPECT_TRUE(takesPlace(ControlKind::mediaPlayer));
-  EXPECT_TRUE(takesPlace(ControlKind::shape));
+  EXPECT_FALSE(hasGeometry(ControlKind::timer));
+  EXPECT_FALSE(hasGeometry(ControlKind::menu));
+  EXPECT_TRUE(hasGeometry(ControlKind::mediaPlayer));
+  EXPECT_TRUE(hasGeometry(ControlKind::shape));
 }
 
 TEST(Layout, MakesTheCompactWindowAFortiethWiderAndTwiceAsHigh) {

@@ -33,10 +33,10 @@ using Texts = std::vector<std::string>;
 // Follows a list by what it is told alone.
 class Follower : public ListObserver {
  public:
-  explicit Follower(ListBox& list) : list_(list) { list.observeRows(*this); }
+  explicit Follower(ListBox& list) : list_(list) { list.addRowObserver(*this); }
   Follower(const Follower&) = delete;
   Follower& operator=(const Follower&) = delete;
-  ~Follower() override { list_.unobserveRows(*this); }
+  ~Follower() override { list_.removeRowObserver(*this); }
   void propertyChanged(Property) override {}
   void rowsReset() override { seen = rows(list_); }
   void rowsAppended(std::size_t first, std::size_t count) override {

@@ -26,7 +26,7 @@ class ListOnScreen : public testing::Test {
  protected:
   ListView& show(ListBox& list) {
     binder_ = bindList(list, &window_);
-    list.setPlace({0, 0, 300 * 15, 400 * 15});
+    list.setGeometry({0, 0, 300 * 15, 400 * 15});
     binder_->applyVisible(true);
     window_.resize(300, 400);
     window_.show();

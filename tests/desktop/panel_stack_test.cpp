@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "controls/widgets.h"
+#include "controls/simple_controls.h"
 
 namespace plimo {
 namespace {
@@ -10,9 +10,9 @@ namespace {
 class PanelStackTest : public testing::Test {
  protected:
   PanelStackTest() {
-    left.setPlace({0, 0, 100, 100});
-    right.setPlace({100, 0, 100, 100});
-    wide.setPlace({50, 50, 100, 100});
+    left.setGeometry({0, 0, 100, 100});
+    right.setGeometry({100, 0, 100, 100});
+    wide.setGeometry({50, 50, 100, 100});
     for (Frame* frame : {&left, &right, &wide}) frame->setVisible(false);
   }
 

@@ -10,7 +10,7 @@ namespace plimo {
 
 // Texts one behind the other, told by offset and length. Copies share the bytes until one of them appends: to fill a
 // list from another one costs nothing for the texts.
-class RowTexts {
+class RowStore {
  public:
   std::size_t size() const { return bytes_ ? bytes_->size : 0; }
   // Good until the next append, makeRoom or assignment. There must be such a text.
@@ -21,7 +21,7 @@ class RowTexts {
   // The same for many texts, one behind the other.
   std::size_t append(std::span<const std::string_view> texts);
   // All of the other's texts; what is to be added to their offsets from now on.
-  std::size_t append(const RowTexts& other);
+  std::size_t append(const RowStore& other);
   // Makes room for so many more bytes: at least half as much again, so that many small steps do not move all bytes each
   // time.
   void makeRoom(std::size_t more);

@@ -1,4 +1,4 @@
-#include "controls/row_texts.h"
+#include "controls/row_store.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -10,9 +10,9 @@
 
 namespace plimo {
 
-void RowTexts::Free::operator()(char* data) const { std::free(data); }
+void RowStore::Free::operator()(char* data) const { std::free(data); }
 
-std::size_t RowTexts::append(std::string_view text) {
+std::size_t RowStore::append(std::string_view text) {
   if (!bytes_ || bytes_.use_count() > 1 || text.size() > bytes_->capacity - bytes_->size) makeRoom(text.size());
   const std::size_t offset = bytes_->size;
   if (!text.empty()) std::memcpy(bytes_->data.get() + offset, text.data(), text.size());
@@ -20,7 +20,7 @@ std::size_t RowTexts::append(std::string_view text) {
   return offset;
 }
 
-std::size_t RowTexts::append(std::span<const std::string_view> texts) {
+std::size_t RowStore::append(std::span<const std::string_view> texts) {
   // Texts from all over the memory are waited for, one by one: two threads wait for half as long.
   constexpr std::size_t worthTwoThreads = 32768;
   const auto sizeOf = [](std::span<const std::string_view> some) {
@@ -47,12 +47,12 @@ std::size_t RowTexts::append(std::span<const std::string_view> texts) {
   return offset;
 }
 
-std::size_t RowTexts::append(const RowTexts& other) {
+std::size_t RowStore::append(const RowStore& other) {
   const std::shared_ptr<const Bytes> theirs = other.bytes_;  // they stay where they are, should this share them
   return append(theirs ? std::string_view(theirs->data.get(), theirs->size) : std::string_view());
 }
 
-void RowTexts::makeRoom(std::size_t more) {
+void RowStore::makeRoom(std::size_t more) {
   const std::size_t used = size();
   if (!bytes_ || bytes_.use_count() > 1) {
     auto own = std::make_shared<Bytes>();

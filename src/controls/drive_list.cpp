@@ -1,4 +1,4 @@
-#include "controls/choosers.h"
+#include "controls/drive_list.h"
 
 #include <algorithm>
 #include <cctype>
@@ -44,25 +44,6 @@ void DriveList::replay(ControlObserver& observer) {
   Control::replay(observer);
   observer.propertyChanged(Property::contents);
   observer.propertyChanged(Property::value);
-}
-
-void FolderList::setPath(std::string_view folder) {
-  if (!source) return;
-  listing_ = source(folder);
-  notify(Property::contents);
-}
-
-void FolderList::userPick(std::string_view folder) {
-  form().setFocus(this);
-  raise([this, folder] {
-    setPath(folder);
-    if (change) change();
-  });
-}
-
-void FolderList::replay(ControlObserver& observer) {
-  Control::replay(observer);
-  observer.propertyChanged(Property::contents);
 }
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-#include "controls/widgets.h"
+#include "controls/simple_controls.h"
 
 #include <algorithm>
 

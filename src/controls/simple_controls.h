@@ -1,4 +1,4 @@
-// The small controls: everything on a window but its lists and menus.
+// The simple controls: everything on a window but its lists and menus.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ class CommandButton : public Control {
       : Control(form, ControlKind::commandButton, name, container) {}
   void userClick() override;
 
-  // True for a panel's way out, which the Escape key presses.
+  // True for the button that the Escape key presses in its panel.
   bool cancels() const { return cancels_; }
   void setCancels() { cancels_ = true; }
 
@@ -111,10 +111,10 @@ class Slider : public Control {
   // Clamped to minimum and maximum.
   void setValue(int value);
 
-  Event change;  // the position has changed, by whatever way
+  Event change;  // the value has changed, by any means
   Event scroll;  // while it is dragged
   // `click` (of every control): the track was clicked
-  Event keyUp;  // a key that moved it was let go
+  Event keyUp;  // a key that moved it was released
 
   void userDrag(int value);
   void userClickAt(int value);
@@ -129,7 +129,7 @@ class Slider : public Control {
   int value_ = 0;
 };
 
-// The place on the window where the player shows itself. What plays is the platform's.
+// The area of the window in which the player is shown. The platform does the playing.
 class MediaPlayerControl : public Control {
  public:
   MediaPlayerControl(Form& form, std::string_view name, Control* container = nullptr)
