@@ -33,7 +33,7 @@ class ToldReplacement : public FileReplacement {
 }  // namespace
 
 std::unique_ptr<FileReplacement> BenchFiles::replaceFile(std::string_view path, Force force) {
-  auto file = PosixFiles::replaceFile(path, force);
+  auto file = LinuxFiles::replaceFile(path, force);
   if (!catalogueWritten || fileName(path) != catalogueName) return file;
   return std::make_unique<ToldReplacement>(std::move(file), catalogueWritten);
 }

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "app/program.h"
-#include "platform/posix/posix_files.h"
+#include "platform/linux/linux_files.h"
 
 namespace plimo::bench {
 
@@ -31,7 +31,7 @@ class Answers : public Dialogs {
   [[noreturn]] void report(const RuntimeError& error) override;
 };
 
-class NoPause : public EventPump {
+class NoPause : public Progress {
  public:
   void pause(std::chrono::milliseconds) override {}
   void scanBegins() override {}
@@ -60,9 +60,9 @@ class NoLauncher : public Launcher {
 };
 
 // A real machine's files, and the moment at which the catalogue stands on the disk.
-class BenchFiles : public PosixFiles {
+class BenchFiles : public LinuxFiles {
  public:
-  using PosixFiles::PosixFiles;
+  using LinuxFiles::LinuxFiles;
   std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) override;
 
   std::function<void()> catalogueWritten;

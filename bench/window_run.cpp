@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "own_memory.h"
-#include "platform/posix/posix_files.h"
+#include "platform/linux/linux_files.h"
 #include "window_commands.h"
 #include "window_work.h"
 
@@ -42,7 +42,7 @@ Library libraryOf(std::size_t songs) { return {songs, songs / songsOfArtist, Ord
 void lists(std::size_t songs, const std::string& folder) {
   const Library library = libraryOf(songs);
   prepareFolder(library, folder);
-  plimo::PosixFiles files({plimo::DriveRoot{'M', plimo::DriveType::fixed, "/srv"}});
+  plimo::LinuxFiles files({plimo::DriveRoot{'M', plimo::DriveType::fixed, "/srv"}});
   const auto gaps = playWindow(files, [&](Stage& stage) { giveCommands(stage, library, folder); });
   for (const Gap& gap : gaps) tell(gap, 0, 0);
 }
@@ -51,7 +51,7 @@ void scroll(std::size_t songs, const std::string& folder) {
   constexpr std::size_t pages = 20;  // which 1,000 songs have
   const Library library = libraryOf(songs);
   prepareFolder(library, folder);
-  plimo::PosixFiles files({plimo::DriveRoot{'M', plimo::DriveType::fixed, "/srv"}});
+  plimo::LinuxFiles files({plimo::DriveRoot{'M', plimo::DriveType::fixed, "/srv"}});
   std::vector<double> times;
   OwnMemory memory;
   forgetMost();
@@ -65,10 +65,10 @@ void scroll(std::size_t songs, const std::string& folder) {
 
 void work(std::size_t songs, std::size_t bytes, const std::string& folder) {
   prepareWork(songs, folder, bytes);
-  plimo::PosixFiles files(std::vector<plimo::DriveRoot>{{'M', plimo::DriveType::fixed, musicFolder(folder)}});
-  std::vector<Progress> told;
+  plimo::LinuxFiles files(std::vector<plimo::DriveRoot>{{'M', plimo::DriveType::fixed, musicFolder(folder)}});
+  std::vector<ProgressSample> told;
   playWindow(files, [&](Stage& stage) { told = giveWork(stage, songs, folder, bytes > 0); });
-  for (const Progress& one : told) tell(one.gap, one.seconds, one.paintings);
+  for (const ProgressSample& one : told) tell(one.gap, one.seconds, one.paintings);
 }
 
 }  // namespace

@@ -83,10 +83,10 @@ void prepareWork(std::size_t songs, const std::string& folder, std::size_t bytes
   }
 }
 
-std::vector<Progress> giveWork(Stage& stage, std::size_t songs, const std::string& folder, bool copying,
-                               const std::size_t* files) {
+std::vector<ProgressSample> giveWork(Stage& stage, std::size_t songs, const std::string& folder, bool copying,
+                                     const std::size_t* files) {
   RepaintWatch repaints(stage, files);
-  std::vector<Progress> told;
+  std::vector<ProgressSample> told;
   const auto give = [&](const std::string& command, const std::function<void()>& act,
                         const std::function<bool()>& done) {
     repaints.restart();

@@ -37,7 +37,7 @@ class RepaintWatch {
 };
 
 // What came of one such command.
-struct Progress {
+struct ProgressSample {
   Gap gap;
   std::size_t paintings = 0;
   double seconds = 0;            // the longest between two paintings
@@ -52,7 +52,7 @@ std::string musicFolder(const std::string& folder);
 
 // The start with a scan and a scan by command; all songs copied into the program's folder, where that is wanted; all
 // songs deleted.
-std::vector<Progress> giveWork(Stage& stage, std::size_t songs, const std::string& folder, bool copying,
-                               const std::size_t* files = nullptr);
+std::vector<ProgressSample> giveWork(Stage& stage, std::size_t songs, const std::string& folder, bool copying,
+                                     const std::size_t* files = nullptr);
 
 }  // namespace plimo::bench

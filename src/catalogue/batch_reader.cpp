@@ -35,10 +35,10 @@ std::span<const CatalogueRecord> BatchReader::next(std::size_t end) {
 // Behind the window, nothing is looked at again; ahead, all of it will be.
 void BatchReader::moveWindow() {
   if (position() < windowEnd_) return;
-  view_.passed(windowBegin_, position());
+  view_.dontNeed(windowBegin_, position());
   windowBegin_ = position();
   windowEnd_ = std::min(position() + windowSize, view_.bytes().size());
-  view_.expected(windowBegin_, windowEnd_);
+  view_.willNeed(windowBegin_, windowEnd_);
 }
 
 void BatchReader::keepTexts(CatalogueRecord& record) {

@@ -14,13 +14,13 @@ constexpr int searchedLevels = 10;
 // The scan's panel, shown as long as this lives.
 class ScanPanel {
  public:
-  explicit ScanPanel(EventPump& pump) : pump_(pump) { pump_.scanBegins(); }
+  explicit ScanPanel(Progress& pump) : pump_(pump) { pump_.scanBegins(); }
   ScanPanel(const ScanPanel&) = delete;
   ScanPanel& operator=(const ScanPanel&) = delete;
   ~ScanPanel() { pump_.scanEnds(); }
 
  private:
-  EventPump& pump_;
+  Progress& pump_;
 };
 
 }  // namespace

@@ -8,13 +8,13 @@
 #include <memory>
 
 #include "desktop/input_gate.h"
-#include "platform/event_pump.h"
+#include "platform/progress.h"
 
 namespace plimo {
 
 class ProgressPanel;
 
-class DesktopPump : public EventPump {
+class DesktopPump : public Progress {
  public:
   explicit DesktopPump(InputGate& gate);
   ~DesktopPump() override;

@@ -6,7 +6,7 @@
 
 namespace plimo {
 
-void copySongs(FileSystemObject& files, EventPump& pump, const std::string& catalogue, const CopyOrder& order,
+void copySongs(FileSystemObject& files, Progress& pump, const std::string& catalogue, const CopyOrder& order,
                const std::string& folder, const std::function<void(std::string_view name)>& present) {
   const MatchingFiles found(files, catalogue, order.names);
   CopyProgress progress;

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/event_pump.h"
 #include "platform/file_system_object.h"
+#include "platform/progress.h"
 
 namespace plimo {
 
@@ -21,7 +21,7 @@ struct CopyOrder {
 // order. A file whose name stands there already is not copied; `present` hears of its name. Throws where the catalogue
 // cannot be read, 53 where the first file to be copied is gone, and 76 where the folder is gone when its turn comes;
 // from then on, every failure is ignored.
-void copySongs(FileSystemObject& files, EventPump& pump, const std::string& catalogue, const CopyOrder& order,
+void copySongs(FileSystemObject& files, Progress& pump, const std::string& catalogue, const CopyOrder& order,
                const std::string& folder, const std::function<void(std::string_view name)>& present);
 
 }  // namespace plimo

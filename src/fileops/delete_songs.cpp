@@ -5,7 +5,7 @@
 
 namespace plimo {
 
-void deleteSongs(FileSystemObject& files, EventPump& pump, const std::string& catalogue,
+void deleteSongs(FileSystemObject& files, Progress& pump, const std::string& catalogue,
                  std::span<const std::string_view> names) {
   if (names.empty()) return;
   const MatchingFiles found(files, catalogue, names);

@@ -1,13 +1,13 @@
 // The panel that shows how far a long command is: it goes when the command is over, however that ends.
 #pragma once
 
-#include "platform/event_pump.h"
+#include "platform/progress.h"
 
 namespace plimo {
 
 class WorkPanel {
  public:
-  explicit WorkPanel(EventPump& pump) : pump_(pump) {}
+  explicit WorkPanel(Progress& pump) : pump_(pump) {}
   WorkPanel(const WorkPanel&) = delete;
   WorkPanel& operator=(const WorkPanel&) = delete;
   ~WorkPanel() { pump_.workEnds(); }
@@ -16,7 +16,7 @@ class WorkPanel {
   void copied(const CopyProgress& progress) { pump_.copied(progress); }
 
  private:
-  EventPump& pump_;
+  Progress& pump_;
 };
 
 }  // namespace plimo

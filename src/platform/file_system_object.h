@@ -41,8 +41,8 @@ class FileView {
   virtual std::string_view bytes() const = 0;
   // These bytes will soon be read, or are not needed for now: what they take of the memory may come and go. They can
   // be read all the same. May be called by several threads.
-  virtual void expected(std::size_t /*begin*/, std::size_t /*end*/) {}
-  virtual void passed(std::size_t /*begin*/, std::size_t /*end*/) {}
+  virtual void willNeed(std::size_t /*begin*/, std::size_t /*end*/) {}
+  virtual void dontNeed(std::size_t /*begin*/, std::size_t /*end*/) {}
 };
 
 // A file that is being written anew. Nothing of it is seen under its own name until `commit`; without one, whatever
@@ -63,7 +63,7 @@ class FileReplacement {
 enum class Force { no, yes };
 
 // Hears of each file (or folder) as a walk comes to it, by its path; false ends the walk.
-using FoundFile = std::function<bool(std::string_view path)>;
+using FileVisitor = std::function<bool(std::string_view path)>;
 
 class FileSystemObject {
  public:
@@ -79,10 +79,11 @@ class FileSystemObject {
 
   // The process's current directory, absolute.
   virtual std::string currentDirectory() = 0;
-  // "folder + separator + name"; a folder that already ends in a separator gets a second one only by joinDoubled.
+  // "folder + separator + name"; a folder that already ends in a separator gets a second one only by
+  // joinAlwaysSeparated.
   virtual std::string join(std::string_view folder, std::string_view name) = 0;
   // The same with the separator always added, even behind a drive's root ("C:\\winamp.exe").
-  virtual std::string joinDoubled(std::string_view folder, std::string_view name) = 0;
+  virtual std::string joinAlwaysSeparated(std::string_view folder, std::string_view name) = 0;
   // The last piece; a path without a separator is its own last piece. May be asked by several threads.
   virtual std::string_view fileName(std::string_view path) = 0;
   // All pieces but the last, as join took them; a drive's root for a file that stands in it.
@@ -116,9 +117,9 @@ class FileSystemObject {
   // that is asked on other threads too, and a little ahead of the walk, for folders near by are listed meanwhile.
   // `entered` hears of each folder before its files. Links to folders are not followed. Throws as `contents` does, when
   // the walk reaches the folder that fails. Returns false when `found` or `entered` ended the walk.
-  virtual bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FoundFile& found,
-                    const FoundFile& entered) = 0;
-  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FoundFile& found) {
+  virtual bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FileVisitor& found,
+                    const FileVisitor& entered) = 0;
+  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FileVisitor& found) {
     return walk(folder, depth, wanted, found, [](std::string_view) { return true; });
   }
 

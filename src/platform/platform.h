@@ -2,10 +2,10 @@
 #pragma once
 
 #include "platform/dialogs.h"
-#include "platform/event_pump.h"
 #include "platform/file_system_object.h"
 #include "platform/launcher.h"
 #include "platform/media_player.h"
+#include "platform/progress.h"
 
 namespace plimo {
 
@@ -14,7 +14,7 @@ struct Platform {
   MediaPlayer& player;
   Dialogs& dialogs;
   Launcher& launcher;
-  EventPump& pump;
+  Progress& pump;
 };
 
 }  // namespace plimo

@@ -27,7 +27,7 @@ std::optional<std::string> winampIn(FileSystemObject& files, std::string_view fo
 
 std::string winampPath(FileSystemObject& files, std::string_view folder, std::string_view found) {
   const bool asItIs = files.caseSensitive() && !files.fileExists(files.join(folder, winampName));
-  return files.joinDoubled(folder, asItIs ? found : winampName);
+  return files.joinAlwaysSeparated(folder, asItIs ? found : winampName);
 }
 
 std::optional<std::string> folderOfWinamp(FileSystemObject& files, std::string_view winampPath) {

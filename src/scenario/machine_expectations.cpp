@@ -60,7 +60,7 @@ void started(Session& session, const Line& line) {
     session.verdicts.fail(expected, "none");
     return;
   }
-  const MemoryLauncher::Started got = std::move(starts.front());
+  const FakeLauncher::Started got = std::move(starts.front());
   starts.pop_front();
   if (got.commandLine != line.words[0] || (minimised && !got.minimised)) {
     session.verdicts.fail(expected, quoted(got.commandLine) + (got.minimised ? " minimised" : ""));
@@ -102,7 +102,7 @@ bool hasPlayer(Session& session) {
 void player(Session& session, const Line& line) {
   if (!hasPlayer(session)) return;
   const std::string& property = line.words[0];
-  const MemoryPlayer& player = session.run->player;
+  const FakePlayer& player = session.run->player;
   const bool on = property == "visible"        ? session.shows(session.run->program.form1().MediaPlayer1)
                   : property == "AutoStart"    ? player.autoStart()
                   : property == "ShowControls" ? player.showControls()
@@ -116,7 +116,7 @@ void playerFileName(Session& session, const Line& line) {
 
 void playerState(Session& session, const Line& line) {
   if (!hasPlayer(session)) return;
-  const bool playing = session.run->player.state() == MemoryPlayer::State::playing;
+  const bool playing = session.run->player.state() == FakePlayer::State::playing;
   expectPlayer(session, "state", line.words[0], playing ? "playing" : "stopped");
 }
 

@@ -46,10 +46,10 @@ Outcome runFile(const std::string& file, const Vocabulary& vocabulary, std::ostr
 int runScenarioFiles(std::span<const std::string> files, std::ostream& out, std::ostream& err) {
   // Only its control names are asked for, so that one world does for all files.
   Verdicts verdicts("", err);
-  MemoryFiles disk;
-  MemoryPlayer player;
+  FakeFileSystem disk;
+  FakePlayer player;
   ScriptedDialogs dialogs(verdicts);
-  MemoryLauncher launcher(disk);
+  FakeLauncher launcher(disk);
   ScriptedPump pump;
   const Vocabulary vocabulary(Platform{disk, player, dialogs, launcher, pump});
 

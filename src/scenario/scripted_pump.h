@@ -5,11 +5,11 @@
 #include <deque>
 #include <optional>
 
-#include "platform/event_pump.h"
+#include "platform/progress.h"
 
 namespace plimo::scenario {
 
-class ScriptedPump : public EventPump {
+class ScriptedPump : public Progress {
  public:
   // The next scan is cancelled once it has found so many songs.
   void queueCancel(std::size_t songs) { cancels_.push_back(songs); }

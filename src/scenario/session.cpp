@@ -6,8 +6,8 @@
 
 namespace plimo::scenario {
 
-Run::Run(MemoryFiles& files, ScriptedDialogs& dialogs, MemoryLauncher& launcher, ScriptedPump& pump, const Size& screen,
-         const std::map<std::string, Geometry>& designs)
+Run::Run(FakeFileSystem& files, ScriptedDialogs& dialogs, FakeLauncher& launcher, ScriptedPump& pump,
+         const Size& screen, const std::map<std::string, Geometry>& designs)
     : mainWindow(screen), splashWindow(screen), program(Platform{files, player, dialogs, launcher, pump}) {
   for (const auto& [name, geometry] : designs) {
     if (name == mainWindowName) {
@@ -89,7 +89,7 @@ bool Session::windowShows(std::string_view name) const {
 
 bool Session::shows(const Control& control) const { return control.form().visible() && control.showing(); }
 
-std::deque<MemoryLauncher::Started>& Session::started() {
+std::deque<FakeLauncher::Started>& Session::started() {
   while (startedSeen_ < launcher.started().size()) started_.push_back(launcher.started()[startedSeen_++]);
   return started_;
 }
@@ -106,7 +106,7 @@ void Session::leftovers() {
   for (const RuntimeError& error : dialogs.errors) {
     verdicts.fail("no further run-time error", quoted(error.report()));
   }
-  for (const MemoryLauncher::Started& program : started()) {
+  for (const FakeLauncher::Started& program : started()) {
     verdicts.fail("no further program start", quoted(program.commandLine));
   }
   for (const std::string& path : opened()) verdicts.fail("no further opening by the player", quoted(path));

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "app/program.h"
-#include "platform/memory/memory_files.h"
-#include "platform/memory/memory_launcher.h"
-#include "platform/memory/memory_player.h"
+#include "platform/memory/fake_file_system.h"
+#include "platform/memory/fake_launcher.h"
+#include "platform/memory/fake_player.h"
 #include "scenario/script.h"
 #include "scenario/scripted_dialogs.h"
 #include "scenario/scripted_pump.h"
@@ -24,10 +24,10 @@ namespace plimo::scenario {
 class Run {
  public:
   // `designs`: by name, where controls (and Form1) stand instead of where they were designed.
-  Run(MemoryFiles& files, ScriptedDialogs& dialogs, MemoryLauncher& launcher, ScriptedPump& pump, const Size& screen,
+  Run(FakeFileSystem& files, ScriptedDialogs& dialogs, FakeLauncher& launcher, ScriptedPump& pump, const Size& screen,
       const std::map<std::string, Geometry>& designs);
 
-  MemoryPlayer player;
+  FakePlayer player;
   ScriptedWindow mainWindow;
   ScriptedWindow splashWindow;
   Program program;
@@ -50,8 +50,8 @@ class Session {
   Verdicts verdicts;
 
   // --- The world ---
-  MemoryFiles files;
-  MemoryLauncher launcher{files};
+  FakeFileSystem files;
+  FakeLauncher launcher{files};
   ScriptedDialogs dialogs{verdicts};
   ScriptedPump pump;
   Size screen{15360, 11520};
@@ -75,7 +75,7 @@ class Session {
   bool shows(const Control& control) const;
 
   // --- What has been seen and not been expected yet, the oldest first ---
-  std::deque<MemoryLauncher::Started>& started();
+  std::deque<FakeLauncher::Started>& started();
   std::deque<std::string>& opened();
   std::size_t promptsExpected = 0;    // of dialogs.inputs
   std::size_t proposalsExpected = 0;  // the same
@@ -85,7 +85,7 @@ class Session {
  private:
   void leftovers();
 
-  std::deque<MemoryLauncher::Started> started_;
+  std::deque<FakeLauncher::Started> started_;
   std::size_t startedSeen_ = 0;
   std::deque<std::string> opened_;
   std::size_t openedSeen_ = 0;  // of the present run's player

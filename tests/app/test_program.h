@@ -9,10 +9,10 @@
 #include "app/program.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/song_name.h"
-#include "fileops/quiet_pump.h"
-#include "platform/memory/memory_files.h"
-#include "platform/memory/memory_launcher.h"
-#include "platform/memory/memory_player.h"
+#include "fileops/quiet_progress.h"
+#include "platform/memory/fake_file_system.h"
+#include "platform/memory/fake_launcher.h"
+#include "platform/memory/fake_player.h"
 
 namespace plimo {
 
@@ -62,11 +62,11 @@ class TestProgram {
 
   Form1& form() { return program.form1(); }
 
-  MemoryFiles files;
-  MemoryPlayer player;
+  FakeFileSystem files;
+  FakePlayer player;
   TestDialogs dialogs;
-  MemoryLauncher launcher{files};
-  QuietPump pump;
+  FakeLauncher launcher{files};
+  QuietProgress pump;
   Program program{Platform{files, player, dialogs, launcher, pump}};
 
  private:

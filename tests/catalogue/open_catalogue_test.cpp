@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "catalogue/catalogue_join.h"
-#include "platform/posix/posix_files.h"
+#include "platform/linux/linux_files.h"
 #include "platform/temporary_folder.h"
 
 namespace plimo {
@@ -61,7 +61,7 @@ class OpenCatalogueTest : public testing::Test {
   }
 
   TemporaryFolder folder_;
-  PosixFiles files_{std::vector<DriveRoot>{}};
+  LinuxFiles files_{std::vector<DriveRoot>{}};
   std::string bytes_;
   Texts fields_;
   bool broken_ = false;

@@ -18,14 +18,14 @@
 #include "bench/turn_watch.h"
 #include "bench/window_commands.h"
 #include "bench/window_work.h"
-#include "platform/posix/posix_files.h"
+#include "platform/linux/linux_files.h"
 #include "platform/temporary_folder.h"
 
 namespace plimo {
 namespace {
 
 using bench::Gap;
-using bench::Progress;
+using bench::ProgressSample;
 using bench::Stage;
 using bench::TurnWatch;
 using std::chrono::milliseconds;
@@ -92,15 +92,15 @@ TEST(TurnWatch, DoesNotCountWaiting) {
 }
 
 // A disk on which every song takes its time.
-class SlowFiles : public PosixFiles {
+class SlowFiles : public LinuxFiles {
  public:
   static constexpr int songTime = 5;  // milliseconds, at least
 
-  explicit SlowFiles(const std::string& music) : PosixFiles({DriveRoot{'M', DriveType::fixed, music}}) {}
+  explicit SlowFiles(const std::string& music) : LinuxFiles({DriveRoot{'M', DriveType::fixed, music}}) {}
 
-  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FoundFile& found,
-            const FoundFile& entered) override {
-    return PosixFiles::walk(
+  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FileVisitor& found,
+            const FileVisitor& entered) override {
+    return LinuxFiles::walk(
         folder, depth, wanted,
         [&](std::string_view path) {
           dealWithOne();
@@ -110,12 +110,12 @@ class SlowFiles : public PosixFiles {
   }
   void deleteFile(std::string_view path, Force force) override {
     dealWithOne();
-    PosixFiles::deleteFile(path, force);
+    LinuxFiles::deleteFile(path, force);
   }
   void copyFile(std::string_view from, std::string_view to, bool overwrite,
                 const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress) override {
     dealWithOne();
-    PosixFiles::copyFile(from, to, overwrite, progress);
+    LinuxFiles::copyFile(from, to, overwrite, progress);
   }
 
   std::size_t songs = 0;
@@ -138,11 +138,11 @@ TEST(Window, ShowsHowFarAScanACopyAndADeletionAreAgainAndAgain) {
   const TemporaryFolder folder;
   bench::prepareWork(songs, folder.path(), 1000);
   SlowFiles files(bench::musicFolder(folder.path()));
-  std::vector<Progress> told;
+  std::vector<ProgressSample> told;
   bench::playWindow(files,
                     [&](Stage& stage) { told = bench::giveWork(stage, songs, folder.path(), true, &files.songs); });
   ASSERT_EQ(told.size(), 4U);
-  for (const Progress& progress : told) {
+  for (const ProgressSample& progress : told) {
     SCOPED_TRACE(progress.gap.command);
     std::printf("%-20s %2zu repaints, at most %2zu songs between two\n", progress.gap.command.c_str(),
                 progress.paintings, progress.files);
@@ -184,7 +184,7 @@ TEST(Window, IsNeverDeafForLongWithAHundredThousandSongs) {
   for (int round = 0; round < rounds && over; ++round) {
     const TemporaryFolder folder;
     bench::prepareFolder(library, folder.path());
-    PosixFiles files(std::vector<DriveRoot>{{'M', DriveType::fixed, "/srv"}});
+    LinuxFiles files(std::vector<DriveRoot>{{'M', DriveType::fixed, "/srv"}});
     slow = std::max(slow, slowness());
     const std::vector<Gap> gaps =
         bench::playWindow(files, [&](Stage& stage) { bench::giveCommands(stage, library, folder.path()); });

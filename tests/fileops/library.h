@@ -12,8 +12,8 @@
 #include "base/errors.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/song_name.h"
-#include "fileops/quiet_pump.h"
-#include "platform/memory/memory_files.h"
+#include "fileops/quiet_progress.h"
+#include "platform/memory/fake_file_system.h"
 
 namespace plimo {
 
@@ -45,8 +45,8 @@ class Library : public testing::Test {
     return std::nullopt;
   }
 
-  MemoryFiles files;
-  QuietPump pump;
+  FakeFileSystem files;
+  QuietProgress pump;
 
  private:
   std::string catalogue_;

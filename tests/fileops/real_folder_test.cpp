@@ -12,7 +12,7 @@
 #include <iterator>
 
 #include "app/test_program.h"
-#include "platform/posix/posix_files.h"
+#include "platform/linux/linux_files.h"
 #include "platform/temporary_folder.h"
 #include "platform/test_machines.h"
 
@@ -74,9 +74,9 @@ class RealProgram {
   TestDialogs dialogs;
 
  private:
-  MemoryPlayer player_;
-  MemoryLauncher launcher_;
-  QuietPump pump_;
+  FakePlayer player_;
+  FakeLauncher launcher_;
+  QuietProgress pump_;
   Program program_;
   std::string home_;
 };
@@ -116,7 +116,7 @@ class RealFolder : public testing::Test {
 
   OrdinaryUser user_;
   TemporaryFolder folder_;
-  PosixFiles files_;
+  LinuxFiles files_;
   RealProgram program_;
 };
 

@@ -39,7 +39,7 @@ TYPED_TEST(FileReadingContract, OnlyADrivesRootIsARootFolder) {
   auto& files = this->files();
   this->machine_.addFolder(this->at({"Music"}));
   EXPECT_TRUE(files.isRootFolder(this->machine_.root()));
-  EXPECT_TRUE(files.isRootFolder(files.joinDoubled(this->machine_.root(), "")));
+  EXPECT_TRUE(files.isRootFolder(files.joinAlwaysSeparated(this->machine_.root(), "")));
   EXPECT_FALSE(files.isRootFolder(this->at({"Music"})));
   EXPECT_FALSE(files.isRootFolder(this->at({"missing"})));
   EXPECT_FALSE(files.isRootFolder(""));
@@ -61,7 +61,7 @@ TYPED_TEST(FileReadingContract, PathsComeApartAsTheyWereJoined) {
 TYPED_TEST(FileReadingContract, ADoubledSeparatorLeadsToTheSameFile) {
   auto& files = this->files();
   this->machine_.addFile(this->at({"winamp.exe"}), "x");
-  const std::string doubled = files.joinDoubled(files.join(this->machine_.root(), ""), "winamp.exe");
+  const std::string doubled = files.joinAlwaysSeparated(files.join(this->machine_.root(), ""), "winamp.exe");
   EXPECT_TRUE(files.fileExists(doubled));
   EXPECT_TRUE(files.sameFile(doubled, this->at({"winamp.exe"})));
   EXPECT_FALSE(files.sameFile(doubled, this->at({"other.exe"})));

@@ -192,7 +192,7 @@ TYPED_TEST(FileWritingContract, CopyingFailsByItsReason) {
   EXPECT_EQ(this->copying(this->at({"closed"}), this->at({"b"}), false), 53);
   EXPECT_EQ(this->copying(this->at({"secret"}), this->at({"b"}), false), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"a"}), true), 70);
-  EXPECT_EQ(this->copying(this->at({"a"}), this->files().joinDoubled(this->machine_.root(), "a"), true), 70);
+  EXPECT_EQ(this->copying(this->at({"a"}), this->files().joinAlwaysSeparated(this->machine_.root(), "a"), true), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"fixed"}), true), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"closed"}), true), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"closed", "b"}), false), 70);

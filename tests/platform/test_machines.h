@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "platform/file_system_object.h"
-#include "platform/memory/memory_files.h"
-#include "platform/posix/posix_files.h"
+#include "platform/linux/linux_files.h"
+#include "platform/memory/fake_file_system.h"
 #include "platform/temporary_folder.h"
 
 namespace plimo {
@@ -39,7 +39,7 @@ class MemoryMachine {
  private:
   void setFlags(const std::string& path, FileFlags flags);
 
-  MemoryFiles files_;
+  FakeFileSystem files_;
 };
 
 class PosixMachine {
@@ -62,7 +62,7 @@ class PosixMachine {
  private:
   OrdinaryUser user_;
   TemporaryFolder folder_;
-  PosixFiles files_;
+  LinuxFiles files_;
 };
 
 }  // namespace plimo

@@ -10,8 +10,8 @@
 #include "app/program.h"
 #include "app/test_program.h"
 #include "base/quoted_format.h"
-#include "platform/posix/posix_files.h"
-#include "platform/posix/posix_launcher.h"
+#include "platform/linux/linux_files.h"
+#include "platform/linux/linux_launcher.h"
 #include "platform/temporary_folder.h"
 
 namespace plimo {
@@ -61,11 +61,11 @@ class Winamp : public testing::Test {
   std::string winamp_ = folder_ / "Program Files (x86)/\"Win  amp\"/winamp.exe";
   std::string song_ = folder_ / "My $HOME Songs/it's & so.mp3";
   std::string told_ = folder_ / "told";
-  PosixFiles files_{std::vector<DriveRoot>{{'C', DriveType::fixed, folder_.path()}}};
-  PosixLauncher launcher_;
-  MemoryPlayer player_;
+  LinuxFiles files_{std::vector<DriveRoot>{{'C', DriveType::fixed, folder_.path()}}};
+  LinuxLauncher launcher_;
+  FakePlayer player_;
   TestDialogs dialogs_;
-  QuietPump pump_;
+  QuietProgress pump_;
   Program program_{Platform{files_, player_, dialogs_, launcher_, pump_}};
 };
 

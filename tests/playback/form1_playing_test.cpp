@@ -27,7 +27,7 @@ TEST_F(Playing, ARunMakesThePlayerStartAndUsable) {
   form.Picture7.userClick();
   EXPECT_TRUE(test.player.autoStart());
   EXPECT_TRUE(test.player.enabled());
-  EXPECT_EQ(test.player.state(), MemoryPlayer::State::playing);
+  EXPECT_EQ(test.player.state(), FakePlayer::State::playing);
   EXPECT_FALSE(test.player.showControls()) << "only one song alone shows the controls";
 }
 
@@ -38,7 +38,7 @@ TEST_F(Playing, OneSongAloneShowsTheControlsToo) {
   EXPECT_TRUE(test.player.autoStart());
   EXPECT_TRUE(test.player.enabled());
   EXPECT_TRUE(test.player.showControls());
-  EXPECT_EQ(test.player.state(), MemoryPlayer::State::playing);
+  EXPECT_EQ(test.player.state(), FakePlayer::State::playing);
 }
 
 TEST_F(Playing, TheDefaultPlaylistMakesThePlayerStartAndUsable) {
@@ -47,7 +47,7 @@ TEST_F(Playing, TheDefaultPlaylistMakesThePlayerStartAndUsable) {
   form.playdefaultlist();
   EXPECT_TRUE(test.player.autoStart());
   EXPECT_TRUE(test.player.enabled());
-  EXPECT_EQ(test.player.state(), MemoryPlayer::State::playing);
+  EXPECT_EQ(test.player.state(), FakePlayer::State::playing);
 }
 
 TEST_F(Playing, TheCompactViewMakesThePlayerStart) {

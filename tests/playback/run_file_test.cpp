@@ -6,7 +6,7 @@
 
 #include "base/errors.h"
 #include "catalogue/catalogue_reader.h"
-#include "platform/memory/memory_files.h"
+#include "platform/memory/fake_file_system.h"
 
 namespace plimo {
 namespace {
@@ -35,7 +35,7 @@ class RunFile : public testing::Test {
     return ErrorNumber::invalidCall;
   }
 
-  MemoryFiles files;
+  FakeFileSystem files;
 };
 
 TEST_F(RunFile, HoldsThePathsInTheNamesOrder) {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
-#include "platform/memory/memory_files.h"
-#include "platform/posix/posix_files.h"
+#include "platform/linux/linux_files.h"
+#include "platform/memory/fake_file_system.h"
 #include "platform/temporary_folder.h"
 
 namespace plimo {
@@ -13,7 +13,7 @@ namespace {
 using Drives = std::vector<DriveList::Entry>;
 
 TEST(WinampFolder, ItIsFoundInAnyCaseByItsShortName) {
-  MemoryFiles files;
+  FakeFileSystem files;
   files.addFile("C:\\A\\Readme.txt");
   files.addFile("C:\\A\\WinAmp.exE");
   files.addFile("C:\\B\\Winamp Player.exe");
@@ -26,12 +26,12 @@ TEST(WinampFolder, ItIsFoundInAnyCaseByItsShortName) {
 }
 
 TEST(WinampFolder, AFolderThatCannotBeReadIsAnError) {
-  MemoryFiles files;
+  FakeFileSystem files;
   EXPECT_THROW(winampIn(files, "C:\\nowhere"), RuntimeError);
 }
 
 TEST(WinampFolder, ItsPathIsInLowerCaseWithASeparatorBehindARootToo) {
-  MemoryFiles files;
+  FakeFileSystem files;
   files.addFile("C:\\Winamp\\WINAMP.EXE");
   EXPECT_EQ(winampPath(files, "C:\\Winamp", "WINAMP.EXE"), "C:\\Winamp\\winamp.exe");
   EXPECT_EQ(winampPath(files, "C:\\", "winamp.exe"), "C:\\\\winamp.exe");
@@ -39,7 +39,7 @@ TEST(WinampFolder, ItsPathIsInLowerCaseWithASeparatorBehindARootToo) {
 
 TEST(WinampFolder, WhereCasesAreToldApartThePathNamesTheProgramThatIsThere) {
   TemporaryFolder folder;
-  PosixFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
+  LinuxFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
   writeFile(folder / "WinAmp.EXE", "");
   EXPECT_EQ(winampIn(files, folder.path()), "WinAmp.EXE");
   EXPECT_EQ(winampPath(files, folder.path(), "WinAmp.EXE"), folder / "WinAmp.EXE");
@@ -48,7 +48,7 @@ TEST(WinampFolder, WhereCasesAreToldApartThePathNamesTheProgramThatIsThere) {
 }
 
 TEST(WinampFolder, TheFolderOfAStoredPathIsInCapitals) {
-  MemoryFiles files;
+  FakeFileSystem files;
   files.addFolder("C:\\Program Files\\Winamp");
   EXPECT_EQ(folderOfWinamp(files, "C:\\Program Files\\Winamp\\winamp.exe"), "C:\\PROGRAM FILES\\WINAMP");
   EXPECT_EQ(folderOfWinamp(files, "C:\\\\winamp.exe"), "C:\\");
@@ -57,14 +57,14 @@ TEST(WinampFolder, TheFolderOfAStoredPathIsInCapitals) {
 
 TEST(WinampFolder, WhereCasesAreToldApartTheFolderKeepsItsCase) {
   TemporaryFolder folder;
-  PosixFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
+  LinuxFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
   makeFolders(folder / "Winamp");
   EXPECT_EQ(folderOfWinamp(files, folder / "Winamp/WinAmp.exe"), folder / "Winamp");
   EXPECT_EQ(folderOfWinamp(files, folder / "winamp/winamp.exe"), folder.path());
 }
 
 TEST(WinampFolder, AFolderThatIsGoneGivesWayToTheNearestOneAboveIt) {
-  MemoryFiles files;
+  FakeFileSystem files;
   files.addFolder("C:\\Programs");
   files.addDrive('D', DriveType::cdrom, false);
   EXPECT_EQ(folderOfWinamp(files, "C:\\Programs\\Old\\Winamp\\winamp.exe"), "C:\\PROGRAMS");
@@ -75,7 +75,7 @@ TEST(WinampFolder, AFolderThatIsGoneGivesWayToTheNearestOneAboveIt) {
 }
 
 TEST(WinampFolder, ADriveHoldsTheFoldersBelowItsRoot) {
-  MemoryFiles files;
+  FakeFileSystem files;
   const Drives drives{{'C', "Hard Drive", "C:\\"}, {'D', "CDROM", "D:\\"}};
   EXPECT_EQ(driveHolding(files, drives, "d:\\Winamp"), 'D');
   EXPECT_EQ(driveHolding(files, drives, "C:\\"), 'C');
@@ -86,7 +86,7 @@ TEST(WinampFolder, ADriveHoldsTheFoldersBelowItsRoot) {
 TEST(WinampFolder, OfDrivesInsideEachOtherTheInnermostHoldsTheFolder) {
   TemporaryFolder folder;
   makeFolders(folder / "disk/Winamp");
-  PosixFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
+  LinuxFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
   const Drives drives{{'C', "Hard Drive", folder.path()}, {'D', "Hard Drive", folder / "disk"}};
   EXPECT_EQ(driveHolding(files, drives, folder / "disk/Winamp"), 'D');
   EXPECT_EQ(driveHolding(files, drives, folder / "disks"), 'C');

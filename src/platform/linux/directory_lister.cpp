@@ -1,0 +1,83 @@
+#include "platform/linux/directory_lister.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+
+#include "base/text.h"
+
+namespace plimo {
+
+namespace {
+
+enum class Kind { file, folder, other };
+
+Kind kindOf(mode_t mode) { return S_ISREG(mode) ? Kind::file : S_ISDIR(mode) ? Kind::folder : Kind::other; }
+
+// Asks the disk where the listing itself does not tell.
+Kind kindOf(int folder, const char* name, unsigned char type, const FolderQuery& query) {
+  if (type == DT_REG) return Kind::file;
+  if (type == DT_DIR) return Kind::folder;
+  if (type != DT_LNK && type != DT_UNKNOWN) return Kind::other;
+  struct stat status {};
+  if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0) return Kind::other;
+  if (!S_ISLNK(status.st_mode)) return kindOf(status.st_mode);
+  if (::fstatat(folder, name, &status, 0) != 0) return Kind::other;
+  const Kind kind = kindOf(status.st_mode);
+  return kind == Kind::folder && !query.linkedFolders ? Kind::other : kind;
+}
+
+}  // namespace
+
+void DirectoryLister::add(Names& names, std::string_view name) {
+  Name entry{text_.size(), name.size(), 0, 0};
+  text_.append(name);
+  entry.key = text_.size();
+  appendFolded(text_, name);
+  entry.keyLength = text_.size() - entry.key;
+  names.found.push_back(entry);
+}
+
+void DirectoryLister::sort(Names& names) const {
+  const std::string_view text = text_;
+  std::sort(names.found.begin(), names.found.end(), [text](const Name& left, const Name& right) {
+    const int order = text.substr(left.key, left.keyLength).compare(text.substr(right.key, right.keyLength));
+    if (order != 0) return order < 0;
+    return text.substr(left.offset, left.length) < text.substr(right.offset, right.length);
+  });
+  names.sorted.clear();
+  for (const Name& name : names.found) names.sorted.push_back(text.substr(name.offset, name.length));
+}
+
+bool DirectoryLister::read(int descriptor, const FolderQuery& query) {
+  text_.clear();
+  files_.found.clear();
+  folders_.found.clear();
+  alignas(dirent64) std::array<char, 64 * 1024> buffer;
+  for (;;) {
+    const ssize_t filled = ::getdents64(descriptor, buffer.data(), buffer.size());
+    if (filled < 0) return false;
+    if (filled == 0) break;
+    for (ssize_t at = 0; at < filled;) {
+      const auto* entry = reinterpret_cast<const dirent64*>(buffer.data() + at);
+      at += entry->d_reclen;
+      const std::string_view name = entry->d_name;
+      if (name == "." || name == "..") continue;
+      if (entry->d_type == DT_DIR && !query.folders) continue;
+      const bool wanted = !query.wantedFile || query.wantedFile(name);
+      // A link's kind costs a look at the disk; most are of no interest.
+      if (!wanted && (entry->d_type == DT_REG || (entry->d_type == DT_LNK && !query.linkedFolders))) continue;
+      const Kind kind = kindOf(descriptor, entry->d_name, entry->d_type, query);
+      if (kind == Kind::file && wanted) add(files_, name);
+      if (kind == Kind::folder && query.folders) add(folders_, name);
+    }
+  }
+  sort(files_);
+  sort(folders_);
+  return true;
+}
+
+}  // namespace plimo

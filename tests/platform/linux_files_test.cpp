@@ -1,0 +1,210 @@
+// What only a POSIX disk has: bytes for names, links, pipes, permissions.
+#include "platform/linux/linux_files.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/temporary_folder.h"
+
+namespace plimo {
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+
+class PosixFilesTest : public testing::Test {
+ protected:
+  PosixFilesTest() : files_(std::vector<DriveRoot>{{'C', DriveType::fixed, folder_.path()}}) {}
+
+  Names songs() {
+    Names paths;
+    files_.walk(
+        folder_.path(), 10, [](std::string_view name) { return name.ends_with("mp3"); },
+        [&](std::string_view path) {
+          paths.emplace_back(path.substr(folder_.path().size() + 1));
+          return true;
+        });
+    return paths;
+  }
+
+  unsigned modeOf(const std::string& path) {
+    struct stat status {};
+    EXPECT_EQ(::stat(path.c_str(), &status), 0);
+    return status.st_mode & 07777U;
+  }
+
+  int errorOf(const std::function<void()>& call) {
+    try {
+      call();
+    } catch (const RuntimeError& error) {
+      return static_cast<int>(error.number());
+    }
+    return 0;
+  }
+
+  TemporaryFolder folder_;
+  LinuxFiles files_;
+};
+
+TEST_F(PosixFilesTest, ANameThatIsNotUtf8SurvivesEverything) {
+  const std::string name = "caf\xE9 \xFF\n.mp3";
+  writeFile(folder_ / name, "x");
+  EXPECT_EQ(files_.contents(folder_.path()).files, Names{name});
+  EXPECT_EQ(songs(), Names{name});
+  EXPECT_EQ(files_.openForReading(folder_ / name)->bytes(), "x");
+  files_.copyFile(folder_ / name, folder_ / ("2" + name), false, {});
+  files_.deleteFile(folder_ / name, Force::no);
+  EXPECT_EQ(songs(), Names{"2" + name});
+}
+
+TEST_F(PosixFilesTest, NamesThatDifferInCaseAreTwoFilesInTheOrderOfTheirBytes) {
+  for (const char* name : {"a.mp3", "A.mp3", "B.mp3", "b.mp3"}) writeFile(folder_ / name, "");
+  EXPECT_EQ(songs(), (Names{"A.mp3", "a.mp3", "B.mp3", "b.mp3"}));
+  EXPECT_FALSE(files_.sameFile(folder_ / "a.mp3", folder_ / "A.mp3"));
+}
+
+TEST_F(PosixFilesTest, APipeIsNoSongAndIsNeverOpened) {
+  ASSERT_EQ(::mkfifo((folder_ / "x.mp3").c_str(), 0600), 0);
+  EXPECT_EQ(songs(), Names{});
+  EXPECT_EQ(files_.contents(folder_.path()).files, Names{});
+  EXPECT_FALSE(files_.fileExists(folder_ / "x.mp3"));
+  EXPECT_EQ(errorOf([&] { files_.openForReading(folder_ / "x.mp3"); }), 75);
+  EXPECT_EQ(errorOf([&] { files_.replaceFile(folder_ / "x.mp3", Force::yes); }), 75);
+  EXPECT_EQ(errorOf([&] { files_.copyFile(folder_ / "x.mp3", folder_ / "y.mp3", false, {}); }), 53);
+  EXPECT_EQ(errorOf([&] { files_.deleteFile(folder_ / "x.mp3", Force::yes); }), 53);
+}
+
+TEST_F(PosixFilesTest, AWalkTakesLinkedFilesButNoLinkedFolders) {
+  writeFile(folder_ / "f/a.mp3", "");
+  fs::create_symlink(folder_ / "f/a.mp3", folder_ / "link.mp3");
+  fs::create_symlink(folder_ / "f", folder_ / "folder");
+  fs::create_symlink("..", folder_ / "f/up");
+  fs::create_symlink("self.mp3", folder_ / "self.mp3");
+  fs::create_symlink("nowhere", folder_ / "broken.mp3");
+  fs::create_symlink("f", folder_ / "folder.mp3");
+  EXPECT_EQ(songs(), (Names{"link.mp3", "f/a.mp3"}));
+  EXPECT_EQ(files_.contents(folder_.path()).folders, (Names{"f", "folder", "folder.mp3"}));
+  EXPECT_EQ(files_.contents(folder_.path()).files, Names{"link.mp3"});
+}
+
+TEST_F(PosixFilesTest, LostAndFoundIsLeftOutInADrivesRootAlone) {
+  writeFile(folder_ / "lost+found/a.mp3", "");
+  writeFile(folder_ / "f/lost+found/b.mp3", "");
+  EXPECT_EQ(songs(), Names{"f/lost+found/b.mp3"});
+  EXPECT_EQ(files_.contents(folder_.path()).folders, Names{"f"});
+  EXPECT_EQ(files_.contents(folder_ / "f").folders, Names{"lost+found"});
+}
+
+TEST_F(PosixFilesTest, AReplacementKeepsTheOldFilesPermissions) {
+  writeFile(folder_ / "x", "old");
+  changeMode(folder_ / "x", 0640);
+  replaceWhole(files_, folder_ / "x", "new", Force::no);
+  EXPECT_EQ(modeOf(folder_ / "x"), 0640U);
+  changeMode(folder_ / "x", 0440);
+  replaceWhole(files_, folder_ / "x", "newer", Force::yes);
+  EXPECT_EQ(modeOf(folder_ / "x"), 0640U);
+}
+
+TEST_F(PosixFilesTest, ANewFileHasThePermissionsThatTheUserGivesNewFiles) {
+  const mode_t mask = ::umask(027);
+  replaceWhole(files_, folder_ / "x", "new", Force::no);
+  ::umask(mask);
+  EXPECT_EQ(modeOf(folder_ / "x"), 0640U);
+}
+
+TEST_F(PosixFilesTest, ALinkStaysALinkWhenItsFileIsReplaced) {
+  writeFile(folder_ / "f/real", "old");
+  fs::create_symlink("f/real", folder_ / "link");
+  replaceWhole(files_, folder_ / "link", "new", Force::no);
+  EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
+  EXPECT_FALSE(fs::is_symlink(folder_ / "f/real"));
+  EXPECT_EQ(files_.openForReading(folder_ / "f/real")->bytes(), "new");
+  fs::create_symlink("f/fresh", folder_ / "broken");
+  replaceWhole(files_, folder_ / "broken", "made", Force::no);
+  EXPECT_EQ(files_.openForReading(folder_ / "f/fresh")->bytes(), "made");
+  fs::create_symlink("loop", folder_ / "loop");
+  EXPECT_EQ(errorOf([&] { files_.replaceFile(folder_ / "loop", Force::yes); }), 75);
+}
+
+TEST_F(PosixFilesTest, DeletingALinkLeavesItsFile) {
+  writeFile(folder_ / "real.mp3", "x");
+  changeMode(folder_ / "real.mp3", 0444);
+  fs::create_symlink("real.mp3", folder_ / "link.mp3");
+  files_.deleteFile(folder_ / "link.mp3", Force::no);
+  EXPECT_EQ(songs(), Names{"real.mp3"});
+}
+
+TEST_F(PosixFilesTest, ReadOnlyIsReadOnlyForRootToo) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only root can show this";
+  writeFile(folder_ / "x", "old");
+  changeMode(folder_ / "x", 0444);
+  writeFile(folder_ / "y", "y");
+  EXPECT_EQ(errorOf([&] { files_.replaceFile(folder_ / "x", Force::no); }), 75);
+  EXPECT_EQ(errorOf([&] { files_.deleteFile(folder_ / "x", Force::no); }), 70);
+  EXPECT_EQ(errorOf([&] { files_.copyFile(folder_ / "y", folder_ / "x", true, {}); }), 70);
+  EXPECT_EQ(files_.openForReading(folder_ / "x")->bytes(), "old");
+}
+
+TEST_F(PosixFilesTest, ACopyKeepsTimeAndPermissions) {
+  writeFile(folder_ / "a.mp3", "x");
+  changeMode(folder_ / "a.mp3", 0604);
+  const timespec times[] = {{1000000000, 5}, {1100000000, 7}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, (folder_ / "a.mp3").c_str(), times, 0), 0);
+  files_.copyFile(folder_ / "a.mp3", folder_ / "b.mp3", false, {});
+  struct stat status {};
+  ASSERT_EQ(::stat((folder_ / "b.mp3").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mtim.tv_sec, 1100000000);
+  EXPECT_EQ(status.st_mtim.tv_nsec, 7);
+  EXPECT_EQ(status.st_mode & 07777U, 0604U);
+}
+
+TEST_F(PosixFilesTest, ACopyOntoAnotherNameOfItsOwnFileIsRefused) {
+  writeFile(folder_ / "a.mp3", "x");
+  fs::create_symlink("a.mp3", folder_ / "link.mp3");
+  fs::create_hard_link(folder_ / "a.mp3", folder_ / "hard.mp3");
+  for (const char* name : {"link.mp3", "hard.mp3"}) {
+    EXPECT_TRUE(files_.sameFile(folder_ / "a.mp3", folder_ / name));
+    EXPECT_EQ(errorOf([&] { files_.copyFile(folder_ / "a.mp3", folder_ / name, true, {}); }), 70);
+  }
+  EXPECT_EQ(files_.openForReading(folder_ / "a.mp3")->bytes(), "x");
+}
+
+TEST_F(PosixFilesTest, ATargetThatAppearsDuringACopyIsNotOverwritten) {
+  writeFile(folder_ / "a.mp3", "x");
+  const auto meanwhile = [&](std::uint64_t, std::uint64_t) { writeFile(folder_ / "b.mp3", "other"); };
+  EXPECT_EQ(errorOf([&] { files_.copyFile(folder_ / "a.mp3", folder_ / "b.mp3", false, meanwhile); }), 58);
+  EXPECT_EQ(files_.openForReading(folder_ / "b.mp3")->bytes(), "other");
+  EXPECT_EQ(files_.contents(folder_.path()).files, (Names{"a.mp3", "b.mp3"}));
+}
+
+TEST_F(PosixFilesTest, TheMachinesRootAndLinksToADrivesRootAreRootFolders) {
+  EXPECT_TRUE(files_.isRootFolder("/"));
+  EXPECT_TRUE(files_.isRootFolder(folder_.path() + "//"));
+  makeFolders(folder_ / "f");
+  fs::create_symlink(folder_.path(), folder_ / "f/link");
+  EXPECT_TRUE(files_.isRootFolder(folder_ / "f/link"));
+  EXPECT_FALSE(files_.isRootFolder(folder_ / "f"));
+}
+
+TEST_F(PosixFilesTest, OnlyASlashSeparates) {
+  EXPECT_TRUE(files_.holdsSeparator("a/b"));
+  EXPECT_FALSE(files_.holdsSeparator("a\\b:c"));
+  EXPECT_TRUE(files_.caseSensitive());
+  EXPECT_EQ(files_.joinAlwaysSeparated("/", "winamp.exe"), "//winamp.exe");
+}
+
+TEST_F(PosixFilesTest, AFolderOfManyFilesIsReadToItsEnd) {
+  for (int i = 0; i < 5000; ++i)
+    writeFile(folder_ / ("a rather long name of a song " + std::to_string(i) + ".mp3"), "");
+  const Names paths = songs();
+  EXPECT_EQ(paths.size(), 5000U);
+  EXPECT_TRUE(std::is_sorted(paths.begin(), paths.end()));
+}
+
+}  // namespace
+}  // namespace plimo
