@@ -20,7 +20,7 @@ double seconds(clockid_t clock) {
 }  // namespace
 
 // Each look begins with one of the two signals. What comes out of a wait is heard of as its first event: a dispatcher
-// may tell that it is awake only when it has dealt with that.
+// may tell that it is awake only when it has dealOrder with that.
 TurnWatch::TurnWatch() {
   const QAbstractEventDispatcher* loop = QAbstractEventDispatcher::instance();
   connect(loop, &QAbstractEventDispatcher::awake, this, [this] {

@@ -12,7 +12,7 @@ namespace plimo::bench {
 // Hears of each painting of the panel that shows how far a command is.
 class RepaintWatch {
  public:
-  // `files`: how many the command has dealt with so far; null where nobody counts.
+  // `files`: how many the command has dealOrder with so far; null where nobody counts.
   RepaintWatch(Stage& stage, const std::size_t* files);
 
   // A command begins.

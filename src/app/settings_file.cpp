@@ -18,7 +18,7 @@ Colour toColour(double number, const std::string& path) {
   return static_cast<Colour>(std::nearbyint(number));
 }
 
-LooseValue loose(const Field& item) { return {std::string(item.text), item.isTrue()}; }
+UntypedValue untyped(const Field& item) { return {std::string(item.text), item.isTrue()}; }
 
 double number(const Field& item, const std::string& path) {
   double value = 0;
@@ -35,12 +35,12 @@ int shortInteger(const Field& item, const std::string& path) {
 
 }  // namespace
 
-bool LooseValue::equals(int wanted) const {
+bool UntypedValue::equals(int wanted) const {
   double value = 0;
   return parseNumber(text_, value) && value == wanted;
 }
 
-Colour LooseValue::colour(const std::string& path) const {
+Colour UntypedValue::colour(const std::string& path) const {
   if (text_.empty()) return 0;
   double value = 0;
   if (!parseNumber(text_, value)) throw RuntimeError(ErrorNumber::typeMismatch, path);
@@ -60,15 +60,15 @@ SavedSettings readSettings(FileSystemObject& files, const std::string& path) {
   const auto view = files.openForReading(path);
   QuotedReader reader(view->bytes(), path);
   SavedSettings settings;
-  settings.useWinamp = loose(reader.next());
-  settings.noScan = loose(reader.next());
-  settings.scan = loose(reader.next());
+  settings.useWinamp = untyped(reader.next());
+  settings.noScan = untyped(reader.next());
+  settings.scan = untyped(reader.next());
   const Field drives = reader.next();
   if (drives.hashFramed()) throw RuntimeError(ErrorNumber::typeMismatch, path);
   settings.driveLetters = splitDriveLetters(drives.text);
-  settings.splash = loose(reader.next());
+  settings.splash = untyped(reader.next());
   settings.compact = shortInteger(reader.next(), path);
-  for (LooseValue& colour : settings.colours) colour = loose(reader.next());
+  for (UntypedValue& colour : settings.colours) colour = untyped(reader.next());
   settings.lastColour = number(reader.next(), path);
   return settings;
 }

@@ -16,10 +16,10 @@ inline constexpr std::string_view newSettingsName = "plimo2.ini";  // the colour
 inline constexpr std::string_view winampPathName = "path.kvx";     // one text: the full path of Winamp
 
 // An untyped value: a text that may be a number, or true or false.
-class LooseValue {
+class UntypedValue {
  public:
-  LooseValue() = default;
-  LooseValue(std::string text, bool isTrue) : text_(std::move(text)), true_(isTrue) {}
+  UntypedValue() = default;
+  UntypedValue(std::string text, bool isTrue) : text_(std::move(text)), true_(isTrue) {}
   // A number that equals this one.
   bool equals(int number) const;
   bool isTrue() const { return true_; }
@@ -33,16 +33,16 @@ class LooseValue {
 };
 
 struct SavedSettings {
-  LooseValue useWinamp;                   // 1: Winamp plays
-  LooseValue noScan;                      // true: "Do not scan" is chosen
-  LooseValue scan;                        // true: "Scan the following drives" is chosen
+  UntypedValue useWinamp;                 // 1: Winamp plays
+  UntypedValue noScan;                    // true: "Do not scan" is chosen
+  UntypedValue scan;                      // true: "Scan the following drives" is chosen
   std::vector<std::string> driveLetters;  // to scan at start; the last one is empty
-  LooseValue splash;                      // 1: ticked
+  UntypedValue splash;                    // 1: ticked
   int compact = 0;                        // 1: start compact
-  std::array<LooseValue, 5> colours;      // text and background of List2 and List1, text of List4
+  std::array<UntypedValue, 5> colours;    // text and background of List2 and List1, text of List4
   double lastColour = 0;                  // background of List4, which stands in the file as a text
 
-  // Of the six, in the file's order; throws as LooseValue::colour does.
+  // Of the six, in the file's order; throws as UntypedValue::colour does.
   Colour colour(std::size_t which, const std::string& path) const;
 };
 

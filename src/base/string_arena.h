@@ -18,7 +18,7 @@ class StringArena {
   StringArena(StringArena&&) = default;
   StringArena& operator=(StringArena&&) = default;
 
-  std::string_view keep(std::string_view text) {
+  std::string_view store(std::string_view text) {
     if (text.empty()) return {};
     if (text.size() > left_) {
       left_ = std::max(text.size(), blockSize);

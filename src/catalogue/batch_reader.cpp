@@ -27,7 +27,7 @@ std::span<const CatalogueRecord> BatchReader::next(std::size_t end) {
       ++count;
     }
   } catch (const RuntimeError& error) {
-    broken_ = error;
+    truncation_ = error;
   }
   return std::span(batch_).first(count);
 }
@@ -47,7 +47,7 @@ void BatchReader::keepTexts(CatalogueRecord& record) {
   }
 }
 
-std::size_t likelyMiddle(std::string_view catalogue) {
+std::size_t findRecordNearMiddle(std::string_view catalogue) {
   // A record is known by a path that is a song's and holds the record's title.
   constexpr std::string_view edge = "\r\n\"";
   constexpr int tries = 16;

@@ -29,7 +29,7 @@ class BatchReader {
   // Where the next record begins.
   std::size_t position() const { return reader_.position(); }
   // Why no record comes any more, where the last one breaks off.
-  const std::optional<RuntimeError>& broken() const { return broken_; }
+  const std::optional<RuntimeError>& truncation() const { return truncation_; }
 
  private:
   void moveWindow();
@@ -41,10 +41,10 @@ class BatchReader {
   std::size_t windowEnd_;
   std::array<CatalogueRecord, batchSize> batch_;
   std::deque<std::string> copies_;  // of texts that do not stand in the file as they are
-  std::optional<RuntimeError> broken_;
+  std::optional<RuntimeError> truncation_;
 };
 
 // Where a record probably begins in the middle of a catalogue; the catalogue's size where nothing looks like it.
-std::size_t likelyMiddle(std::string_view catalogue);
+std::size_t findRecordNearMiddle(std::string_view catalogue);
 
 }  // namespace plimo

@@ -13,8 +13,8 @@
 
 #include "base/string_arena.h"
 #include "base/string_interner.h"
+#include "catalogue/catalogue_file.h"
 #include "catalogue/catalogue_reader.h"
-#include "catalogue/open_catalogue.h"
 
 namespace plimo {
 
@@ -69,9 +69,9 @@ class CatalogueJoin {
   // `sourceOf(record)` gives the text that a record's key is made from, or nothing where it can match none;
   // `keyOf(source, scratch)` makes the key, in `scratch` where it is not the source itself; `valueOf(record, texts)`
   // gives the value of a record that matches, with its texts kept in the arena `texts`. All three are called by several
-  // threads. Throws as OpenCatalogue::gather does.
+  // threads. Throws as CatalogueFile::gather does.
   template <class SourceOf, class KeyOf, class ValueOf>
-  CatalogueJoin(OpenCatalogue& catalogue, std::span<const std::string_view> keys, BrokenEnd end, SourceOf sourceOf,
+  CatalogueJoin(CatalogueFile& catalogue, std::span<const std::string_view> keys, OnTruncation end, SourceOf sourceOf,
                 KeyOf keyOf, ValueOf valueOf)
       : groupOfKey_(keys.size()) {
     StringInterner index(keys.size());
@@ -85,12 +85,12 @@ class CatalogueJoin {
         if (group != StringInterner::none) found.add({group, valueOf(records[i], found.texts)});
       }
     };
-    order(catalogue.gather<Matches>(end, look), index.size());
+    order(catalogue.parallelCollect<Matches>(end, look), index.size());
   }
 
   // The same for a key that is the record's text as it stands.
   template <class SourceOf, class ValueOf>
-  CatalogueJoin(OpenCatalogue& catalogue, std::span<const std::string_view> keys, BrokenEnd end, SourceOf sourceOf,
+  CatalogueJoin(CatalogueFile& catalogue, std::span<const std::string_view> keys, OnTruncation end, SourceOf sourceOf,
                 ValueOf valueOf)
       : CatalogueJoin(
             catalogue, keys, end, sourceOf, [](std::string_view source, std::string&) { return source; }, valueOf) {}

@@ -4,8 +4,8 @@
 
 #include "app/form1.h"
 #include "base/parallel.h"
-#include "catalogue/artist_set.h"
 #include "catalogue/catalogue_reader.h"
+#include "catalogue/distinct_artists.h"
 #include "catalogue/song_name.h"
 
 namespace plimo {

@@ -10,10 +10,10 @@
 namespace plimo {
 
 // A path in two pieces, each shorter than 4 GiB.
-class KeptPath {
+class StoredPath {
  public:
-  KeptPath() = default;
-  KeptPath(std::string_view folder, std::string_view name)
+  StoredPath() = default;
+  StoredPath(std::string_view folder, std::string_view name)
       : folderText_(folder.data()),
         nameText_(name.data()),
         folderSize_(static_cast<std::uint32_t>(folder.size())),
@@ -32,15 +32,15 @@ class KeptPath {
   std::uint32_t nameSize_ = 0;
 };
 
-inline void append(std::string& target, const KeptPath& path) { target.append(path.folder()).append(path.name()); }
+inline void append(std::string& target, const StoredPath& path) { target.append(path.folder()).append(path.name()); }
 
 // Copies of paths, good as long as the arena. Songs that stand next to one another in a catalogue mostly lie in the
 // same folder: they share its text, most of a path.
 class PathArena {
  public:
-  KeptPath keep(std::string_view path) {
-    if (!liesIn(folder_, path)) folder_ = texts_.keep(folderOf(path));
-    return {folder_, texts_.keep(path.substr(folder_.size()))};
+  StoredPath store(std::string_view path) {
+    if (!liesIn(folder_, path)) folder_ = texts_.store(folderOf(path));
+    return {folder_, texts_.store(path.substr(folder_.size()))};
   }
 
  private:

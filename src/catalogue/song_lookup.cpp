@@ -6,14 +6,14 @@ namespace plimo {
 
 SongPaths::SongPaths(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> names) {
   if (names.empty()) return;
-  OpenCatalogue open(files, catalogue);
+  CatalogueFile open(files, catalogue);
   join_.emplace(
-      open, names, BrokenEnd::fails, [](const CatalogueRecord& record) { return displayName(record.title); },
-      [](const CatalogueRecord& record, PathArena& texts) { return texts.keep(record.path); });
+      open, names, OnTruncation::fail, [](const CatalogueRecord& record) { return displayName(record.title); },
+      [](const CatalogueRecord& record, PathArena& texts) { return texts.store(record.path); });
 }
 
 std::optional<std::string> firstPath(FileSystemObject& files, const std::string& catalogue, std::string_view name) {
-  OpenCatalogue open(files, catalogue);
+  CatalogueFile open(files, catalogue);
   std::optional<std::string> path;
   open.read([&](const CatalogueRecord& record) {
     if (displayName(record.title) == name) path = record.path;

@@ -23,10 +23,12 @@ class SongPaths {
   SongPaths(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> names);
 
   // The paths for the name at this place in the list, in record order; good as long as this object.
-  std::span<const KeptPath> of(std::size_t name) const { return join_ ? join_->of(name) : std::span<const KeptPath>(); }
+  std::span<const StoredPath> of(std::size_t name) const {
+    return join_ ? join_->of(name) : std::span<const StoredPath>();
+  }
 
  private:
-  std::optional<CatalogueJoin<KeptPath, PathArena>> join_;
+  std::optional<CatalogueJoin<StoredPath, PathArena>> join_;
 };
 
 // The path of the first record that matches the name; reads no further. Throws as SongPaths does.

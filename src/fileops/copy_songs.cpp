@@ -6,18 +6,18 @@
 
 namespace plimo {
 
-void copySongs(FileSystemObject& files, Progress& pump, const std::string& catalogue, const CopyOrder& order,
+void copySongs(FileSystemObject& files, Progress& pump, const std::string& catalogue, const CopyRequest& order,
                const std::string& folder, const std::function<void(std::string_view name)>& present) {
   const MatchingFiles found(files, catalogue, order.names);
   CopyProgress progress;
   for (std::size_t name = 0; name < order.names.size(); ++name) progress.files += found.of(name).size();
   // The catalogue's broken end is met behind the first row's files; only they can have made errors be ignored before.
   const bool ignoredByThen = order.firstRowSelected && !found.of(0).empty();
-  if (found.brokenEnd() && !ignoredByThen) throw *found.brokenEnd();
+  if (found.truncation() && !ignoredByThen) throw *found.truncation();
 
   WorkPanel panel(pump);
   for (std::size_t name = 0; name < order.names.size(); ++name) {
-    for (const KeptPath& kept : found.of(name)) {
+    for (const StoredPath& kept : found.of(name)) {
       const std::string path = kept.text();
       ++progress.file;
       progress.name = files.fileName(path);

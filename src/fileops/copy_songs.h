@@ -12,7 +12,7 @@
 namespace plimo {
 
 // What is to be copied out of a list of songs: the selected rows' names, and whether the first row is among them.
-struct CopyOrder {
+struct CopyRequest {
   std::span<const std::string_view> names;
   bool firstRowSelected = false;
 };
@@ -21,7 +21,7 @@ struct CopyOrder {
 // order. A file whose name stands there already is not copied; `present` hears of its name. Throws where the catalogue
 // cannot be read, 53 where the first file to be copied is gone, and 76 where the folder is gone when its turn comes;
 // from then on, every failure is ignored.
-void copySongs(FileSystemObject& files, Progress& pump, const std::string& catalogue, const CopyOrder& order,
+void copySongs(FileSystemObject& files, Progress& pump, const std::string& catalogue, const CopyRequest& order,
                const std::string& folder, const std::function<void(std::string_view name)>& present);
 
 }  // namespace plimo

@@ -14,11 +14,11 @@ void deleteSongs(FileSystemObject& files, Progress& pump, const std::string& cat
   WorkPanel panel(pump);
   std::size_t done = 0;
   for (std::size_t name = 0; name < names.size(); ++name) {
-    for (const KeptPath& path : found.of(name)) {
+    for (const StoredPath& path : found.of(name)) {
       panel.deleted(++done, all);
       files.deleteFile(path.text(), Force::no);
     }
-    if (found.brokenEnd()) throw *found.brokenEnd();
+    if (found.truncation()) throw *found.truncation();
   }
 }
 

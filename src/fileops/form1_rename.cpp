@@ -1,7 +1,7 @@
 // Renaming the song file behind the scratch playlist's current row.
 #include "app/form1.h"
 #include "catalogue/song_lookup.h"
-#include "fileops/new_name.h"
+#include "fileops/rename_target.h"
 #include "fileops/work_panel.h"
 
 namespace plimo {

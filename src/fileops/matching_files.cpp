@@ -8,7 +8,7 @@ MatchingFiles::MatchingFiles(FileSystemObject& files, const std::string& catalog
                              std::span<const std::string_view> names)
     : open_(files, catalogue),
       join_(
-          open_, names, BrokenEnd::ignored, [](const CatalogueRecord& record) { return displayName(record.title); },
-          [](const CatalogueRecord& record, PathArena& texts) { return texts.keep(record.path); }) {}
+          open_, names, OnTruncation::ignore, [](const CatalogueRecord& record) { return displayName(record.title); },
+          [](const CatalogueRecord& record, PathArena& texts) { return texts.store(record.path); }) {}
 
 }  // namespace plimo

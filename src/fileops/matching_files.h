@@ -20,14 +20,14 @@ class MatchingFiles {
 
   // The paths of all records that match the name at this place in the list, in record order; good as long as this
   // object.
-  std::span<const KeptPath> of(std::size_t name) const { return join_.of(name); }
+  std::span<const StoredPath> of(std::size_t name) const { return join_.of(name); }
 
   // Where the catalogue's last record breaks off: the failure that a walk meets behind the first song's files.
-  const std::optional<RuntimeError>& brokenEnd() const { return open_.broken(); }
+  const std::optional<RuntimeError>& truncation() const { return open_.truncation(); }
 
  private:
-  OpenCatalogue open_;
-  CatalogueJoin<KeptPath, PathArena> join_;
+  CatalogueFile open_;
+  CatalogueJoin<StoredPath, PathArena> join_;
 };
 
 }  // namespace plimo

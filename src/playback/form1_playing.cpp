@@ -5,7 +5,7 @@
 #include "app/form1.h"
 #include "app/settings_file.h"
 #include "catalogue/song_lookup.h"
-#include "playback/run_file.h"
+#include "playback/play_queue.h"
 #include "playlists/m3u.h"
 
 namespace plimo {
@@ -28,7 +28,7 @@ void startWinampWithRun(Form1& form) {
         "The Path specified for winamp is wrong. Please change the path or disable 'Play with winamp' in preferences");
     return;
   }
-  form.platform.launcher.start(program, form.platform.files.join(folder, runPlaylistName));
+  form.platform.launcher.start(program, form.platform.files.join(folder, playQueueName));
 }
 
 void startWinampWithSong(Form1& form, const std::string& song) {
@@ -38,11 +38,11 @@ void startWinampWithSong(Form1& form, const std::string& song) {
 }
 
 // Plays the songs named by the list's rows, in order.
-void playRun(Form1& form, const ListBox& names) {
+void playQueue(Form1& form, const ListBox& names) {
   form.platform.player.setFileName("c:\\");
   form.platform.player.stop();
-  const std::string playlist = form.ownFile(runPlaylistName);
-  writeRun(form.platform.files, playlist, form.ownFile(catalogueName), names.texts());
+  const std::string playlist = form.ownFile(playQueueName);
+  writePlayQueue(form.platform.files, playlist, form.ownFile(catalogueName), names.texts());
   if (form.winamp1) {
     startWinampWithRun(form);
   } else {
@@ -51,7 +51,7 @@ void playRun(Form1& form, const ListBox& names) {
 }
 
 // Plays from the first row named like the current one; without a current row, from the first.
-void playOnwards(Form1& form, ListBox& list) {
+void playFromCurrent(Form1& form, ListBox& list) {
   if (list.selectedCount() == 0) {
     form.platform.dialogs.message("Nothing is selected! I'll start playing from the beginning!");
   }
@@ -59,7 +59,7 @@ void playOnwards(Form1& form, ListBox& list) {
   std::vector<std::size_t> rows(list.count() - start);
   std::iota(rows.begin(), rows.end(), start);
   form.List3.assign(list, rows);
-  playRun(form, form.List3);
+  playQueue(form, form.List3);
   list.clearSelection();
 }
 
@@ -88,8 +88,8 @@ bool playSelectedOne(Form1& form, const ListBox& list) {
 }  // namespace
 
 void Form1::List1_DblClick() { play_Click(); }
-void Form1::List4_DblClick() { playOnwards(*this, List4); }
-void Form1::List6_DblClick() { playOnwards(*this, List6); }
+void Form1::List4_DblClick() { playFromCurrent(*this, List4); }
+void Form1::List6_DblClick() { playFromCurrent(*this, List6); }
 
 void Form1::playall_Click() { startplaylist(); }
 void Form1::startplaylist() { playcurrentlist(); }
@@ -104,13 +104,13 @@ void Form1::playcurrentlist() {
 
 void Form1::Picture7_Click() {
   if (List4.visible()) {
-    playRun(*this, List4);
+    playQueue(*this, List4);
   } else {
     list6play();
   }
 }
 
-void Form1::list6play() { playRun(*this, List6); }
+void Form1::list6play() { playQueue(*this, List6); }
 
 void Form1::pal_Click() {
   if (List4.visible()) {

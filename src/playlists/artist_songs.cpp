@@ -7,7 +7,7 @@
 #include "catalogue/catalogue_join.h"
 #include "catalogue/song_name.h"
 #include "controls/list_box.h"
-#include "playlists/row_rules.h"
+#include "playlists/row_operations.h"
 
 namespace plimo {
 
@@ -21,9 +21,9 @@ class Names {
   Names(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> artists,
         NameOf nameOf) {
     try {
-      OpenCatalogue open(files, catalogue);
+      CatalogueFile open(files, catalogue);
       join_.emplace(
-          open, artists, BrokenEnd::ignored,
+          open, artists, OnTruncation::ignore,
           [nameOf](const CatalogueRecord& record) {
             return nameOf(record.title) ? std::optional(record.artist) : std::nullopt;
           },
@@ -31,7 +31,7 @@ class Names {
             artistKey(artist, key);
             return std::string_view(key);
           },
-          [nameOf](const CatalogueRecord& record, StringArena& texts) { return texts.keep(*nameOf(record.title)); });
+          [nameOf](const CatalogueRecord& record, StringArena& texts) { return texts.store(*nameOf(record.title)); });
     } catch (const RuntimeError&) {  // ticking ignores errors
     }
   }

@@ -27,7 +27,7 @@ std::vector<std::string_view> readPlaylist(std::string_view content, const std::
   std::vector<std::string_view> items;
   while (!reader.atEnd()) {
     const std::string_view text = reader.next().text;
-    items.push_back(isSubview(content, text) ? text : texts.keep(text));
+    items.push_back(isSubview(content, text) ? text : texts.store(text));
   }
   return items;
 }
@@ -89,11 +89,11 @@ void Form1::untickArtists() {
 void Form1::fillFromPlaylist(std::span<const std::string_view> paths) {
   if (paths.empty()) return;
   Picture7.setVisible(true);
-  OpenCatalogue catalogue(platform.files, ownFile(catalogueName));
+  CatalogueFile catalogue(platform.files, ownFile(catalogueName));
   const CatalogueJoin<Song> songs(
-      catalogue, paths, BrokenEnd::ignored, [](const CatalogueRecord& record) { return std::optional(record.path); },
+      catalogue, paths, OnTruncation::ignore, [](const CatalogueRecord& record) { return std::optional(record.path); },
       [](const CatalogueRecord& record, StringArena& texts) {
-        return Song{texts.keep(record.artist), texts.keep(record.title)};
+        return Song{texts.store(record.artist), texts.store(record.title)};
       });
 
   ListBox& list = finalList();
@@ -105,7 +105,7 @@ void Form1::fillFromPlaylist(std::span<const std::string_view> paths) {
       if (const auto name = displayName(song.title)) list.add(*name);
     }
     // A broken end is met at the end of the first item's reading, with its songs already listed.
-    if (catalogue.broken()) throw RuntimeError(*catalogue.broken());
+    if (catalogue.truncation()) throw RuntimeError(*catalogue.truncation());
   }
   tickArtists(rowsOfArtists());
 }

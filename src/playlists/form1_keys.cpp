@@ -1,6 +1,6 @@
 // What the song lists do at single keys, and their pop-up menus.
 #include "app/form1.h"
-#include "playlists/row_rules.h"
+#include "playlists/row_operations.h"
 
 namespace plimo {
 
@@ -119,7 +119,7 @@ void Form1::drop() {
     songs.push_back(List6.count());
     List6.add(pickedup);
   }
-  List6.assign(List6, dropped(List6.count(), songs, targets));
+  List6.assign(List6, orderAfterDrop(List6.count(), songs, targets));
   List3.clear();
   List6.setCurrent(List6.find(pickedup));
   pickedup.clear();

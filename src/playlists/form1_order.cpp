@@ -1,6 +1,6 @@
 // Shuffle and sort, and which of the two final lists shows.
 #include "app/form1.h"
-#include "playlists/row_rules.h"
+#include "playlists/row_operations.h"
 
 namespace plimo {
 
@@ -16,7 +16,7 @@ void Form1::Shuffle_Click() {
   const bool hadCurrent = finalList().current().has_value();
   const std::string current = finalList().currentText();
   if (List4.count() < List6.count()) List4.assign(List6);
-  List6.assign(List4, dealt(List4.count()));
+  List6.assign(List4, dealOrder(List4.count()));
   List4.assign(List6);
   swapFinalLists(List6, List4);
   for (ListBox* list : {&List2, &List1}) list->setVisible(true);

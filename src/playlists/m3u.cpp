@@ -8,7 +8,7 @@ void writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t so
   constexpr std::size_t pieceSize = std::size_t{1} << 20;  // bytes that go to the disk at once
   std::string piece;
   for (std::size_t song = 0; song < songs; ++song) {
-    for (const KeptPath& path : paths.of(song)) {
+    for (const StoredPath& path : paths.of(song)) {
       append(piece, path);
       piece += "\r\n";
     }

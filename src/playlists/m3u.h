@@ -10,7 +10,7 @@
 namespace plimo {
 
 inline constexpr std::string_view defaultPlaylistName = "default.m3u";
-inline constexpr std::string_view runPlaylistName = "list.m3u";
+inline constexpr std::string_view playQueueName = "list.m3u";
 
 // Writes the paths of the first `songs` songs' records, song by song, and commits the file. Throws as writing does.
 void writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t songs);

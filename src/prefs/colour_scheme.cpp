@@ -12,7 +12,7 @@ constexpr int settingsBeforeScheme = 6;
 constexpr int driveSetting = 4;  // a text, whatever it looks like
 
 // An untyped value goes back as what it was read as: nothing, a truth value, a number or a text.
-void restate(std::string& file, const Field& item) {
+void rewriteField(std::string& file, const Field& item) {
   double number = 0;
   if (item.form == Field::Form::bare && (item.text.empty() || item.hashFramed() || parseNumber(item.text, number))) {
     file.append(trimBlanks(item.text)).append("\r\n");
@@ -23,13 +23,13 @@ void restate(std::string& file, const Field& item) {
 
 }  // namespace
 
-std::string restateSettings(std::string_view content, const std::string& path) {
+std::string rewriteFirstSix(std::string_view content, const std::string& path) {
   std::string firstSix;
   QuotedReader reader(content, path);
   for (int setting = 1; setting <= settingsBeforeScheme; ++setting) {
     const Field item = reader.next();
     if (setting != driveSetting) {
-      restate(firstSix, item);
+      rewriteField(firstSix, item);
     } else if (item.hashFramed()) {
       throw RuntimeError(ErrorNumber::typeMismatch, path);
     } else {

@@ -21,7 +21,7 @@ inline constexpr std::string_view noSettings = "\r\n\r\n\r\n\"\"\r\n\r\n\r\n";
 // The first six values of a settings file's content as they are written back: each in the form in which it was read,
 // the fourth as a text. Throws RuntimeError 62 where there are fewer, 13 where the fourth is framed by hashes; `path`
 // names the file in it.
-std::string restateSettings(std::string_view content, const std::string& path);
+std::string rewriteFirstSix(std::string_view content, const std::string& path);
 
 // The settings file that begins with these six values; the scheme follows, its last colour as a text.
 std::string settingsWithScheme(std::string_view firstSix, const ColourScheme& scheme);

@@ -94,7 +94,7 @@ void Form1::storeColours(const std::array<Colour, 6>& scheme) {
   const std::string settings = ownFile(settingsName);
   std::string firstSix(noSettings);
   if (platform.files.fileExists(settings)) {
-    firstSix = restateSettings(platform.files.openForReading(settings)->bytes(), settings);
+    firstSix = rewriteFirstSix(platform.files.openForReading(settings)->bytes(), settings);
   }
   const std::string content = settingsWithScheme(firstSix, scheme);
   replaceWhole(platform.files, ownFile(newSettingsName), content, Force::yes);

@@ -29,8 +29,8 @@ TEST(PathArena, GivesEveryPathBackAsItStood) {
                                           "/m/AC/c.mp3",
                                           "/m/\\/d.mp3"};
   PathArena arena;
-  std::vector<KeptPath> kept;
-  for (const std::string& path : paths) kept.push_back(arena.keep(std::string(path)));
+  std::vector<StoredPath> kept;
+  for (const std::string& path : paths) kept.push_back(arena.store(std::string(path)));
   const PathArena elsewhere = std::move(arena);
   std::string all;
   std::string expected;
@@ -44,9 +44,9 @@ TEST(PathArena, GivesEveryPathBackAsItStood) {
 
 TEST(PathArena, SongsOfOneFolderShareItsText) {
   PathArena arena;
-  const KeptPath first = arena.keep("/m/in/a.mp3");
-  EXPECT_EQ(arena.keep("/m/in/b.mp3").folder().data(), first.folder().data());
-  EXPECT_NE(arena.keep("/m/in/deep/c.mp3").folder().data(), first.folder().data());
+  const StoredPath first = arena.store("/m/in/a.mp3");
+  EXPECT_EQ(arena.store("/m/in/b.mp3").folder().data(), first.folder().data());
+  EXPECT_NE(arena.store("/m/in/deep/c.mp3").folder().data(), first.folder().data());
   EXPECT_EQ(first.folder(), "/m/in/");
 }
 

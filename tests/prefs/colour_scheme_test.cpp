@@ -9,7 +9,7 @@ namespace {
 
 int errorOf(std::string_view content) {
   try {
-    restateSettings(content, "plimo.ini");
+    rewriteFirstSix(content, "plimo.ini");
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.path(), "plimo.ini");
     return static_cast<int>(error.number());
@@ -26,19 +26,19 @@ TEST(ColourScheme, RedIsTheLowestByteAndBlueTheHighest) {
 }
 
 TEST(ColourScheme, SettingsGoBackInTheFormsInWhichTheyWereRead) {
-  EXPECT_EQ(restateSettings("1\r\n#TRUE#\r\n#FALSE#\r\n\"C:E:\"\r\n0\r\n1\r\n", ""),
+  EXPECT_EQ(rewriteFirstSix("1\r\n#TRUE#\r\n#FALSE#\r\n\"C:E:\"\r\n0\r\n1\r\n", ""),
             "1\r\n#TRUE#\r\n#FALSE#\r\n\"C:E:\"\r\n0\r\n1\r\n");
-  EXPECT_EQ(restateSettings("\"1\"\r\nyes\r\n#NULL#\r\n7\r\n\r\n-1.5\r\n", ""),
+  EXPECT_EQ(rewriteFirstSix("\"1\"\r\nyes\r\n#NULL#\r\n7\r\n\r\n-1.5\r\n", ""),
             "\"1\"\r\n\"yes\"\r\n#NULL#\r\n\"7\"\r\n\r\n-1.5\r\n");
 }
 
 TEST(ColourScheme, SettingsEndedByCommasOrLineFeedsComeBackALineEach) {
-  EXPECT_EQ(restateSettings("1, #TRUE#,#FALSE#\n\"a \"\"b\"\":\" ,0 ,1", ""),
+  EXPECT_EQ(rewriteFirstSix("1, #TRUE#,#FALSE#\n\"a \"\"b\"\":\" ,0 ,1", ""),
             "1\r\n#TRUE#\r\n#FALSE#\r\n\"a \"\"b\"\":\"\r\n0\r\n1\r\n");
 }
 
 TEST(ColourScheme, WhatFollowsTheSixthSettingIsLeftBehind) {
-  EXPECT_EQ(restateSettings("0\r\n0\r\n0\r\n\"\"\r\n0\r\n0\r\n65535\r\n\"5\"\r\n", ""),
+  EXPECT_EQ(rewriteFirstSix("0\r\n0\r\n0\r\n\"\"\r\n0\r\n0\r\n65535\r\n\"5\"\r\n", ""),
             "0\r\n0\r\n0\r\n\"\"\r\n0\r\n0\r\n");
 }
 
@@ -55,7 +55,7 @@ TEST(ColourScheme, TheLastColourOfTheFileIsAText) {
 
 TEST(ColourScheme, NoSettingsAreFiveEmptyLinesAndAnEmptyText) {
   EXPECT_EQ(noSettings, "\r\n\r\n\r\n\"\"\r\n\r\n\r\n");
-  EXPECT_EQ(restateSettings(noSettings, ""), noSettings);
+  EXPECT_EQ(rewriteFirstSix(noSettings, ""), noSettings);
 }
 
 }  // namespace

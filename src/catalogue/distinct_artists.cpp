@@ -1,4 +1,4 @@
-#include "catalogue/artist_set.h"
+#include "catalogue/distinct_artists.h"
 
 #include <cstddef>
 #include <span>
@@ -25,7 +25,7 @@ class Artists {
       const std::string_view artist = records[i].artist;
       if (batch_.number(i) != StringInterner::none || (i > 0 && artist == records[i - 1].artist)) continue;
       if (spellings_.find(artist) != StringInterner::none) continue;  // new in this batch
-      spellings_.add(kept_.keep(artist));
+      spellings_.add(kept_.store(artist));
       artistKey(artist, key_);
       addKey(key_);
     }
@@ -39,7 +39,7 @@ class Artists {
  private:
   void addKey(std::string_view key) {
     if (distinct_.find(key) != StringInterner::none) return;
-    keys_.push_back(kept_.keep(key));
+    keys_.push_back(kept_.store(key));
     distinct_.add(keys_.back());
   }
 
@@ -54,9 +54,9 @@ class Artists {
 }  // namespace
 
 std::vector<std::string> distinctArtists(FileSystemObject& files, const std::string& catalogue) {
-  OpenCatalogue open(files, catalogue);
+  CatalogueFile open(files, catalogue);
   const auto add = [](Artists& artists, std::span<const CatalogueRecord> records) { artists.add(records); };
-  std::vector<Artists> parts = open.gather<Artists>(BrokenEnd::fails, add);
+  std::vector<Artists> parts = open.parallelCollect<Artists>(OnTruncation::fail, add);
   for (std::size_t part = 1; part < parts.size(); ++part) parts.front().add(parts[part]);
   return parts.front().keys();
 }

@@ -18,10 +18,10 @@ std::vector<std::size_t> removedByWalks(std::span<const std::string_view> rows,
 
 // So many rows, by their places, after a song has been dropped on a target: it leaves every place where it stands, of
 // which there is one at least, and stands again behind every target. Both in rising order.
-std::vector<std::size_t> dropped(std::size_t count, std::span<const std::size_t> songs,
-                                 std::span<const std::size_t> targets);
+std::vector<std::size_t> orderAfterDrop(std::size_t count, std::span<const std::size_t> songs,
+                                        std::span<const std::size_t> targets);
 
 // The order in which a shuffle deals the rows: first the even places, then the odd ones.
-std::vector<std::size_t> dealt(std::size_t count);
+std::vector<std::size_t> dealOrder(std::size_t count);
 
 }  // namespace plimo

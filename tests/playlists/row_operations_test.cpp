@@ -1,4 +1,4 @@
-#include "playlists/row_rules.h"
+#include "playlists/row_operations.h"
 
 #include <gtest/gtest.h>
 
@@ -85,7 +85,7 @@ TEST(RemovalByWalk, IsTheSameAsRowByRowForLongLists) {
 
 Texts afterDrop(const Texts& rows, std::size_t song, std::string_view target) {
   Texts texts;
-  for (const std::size_t place : dropped(rows.size(), placesOf(rows, rows[song]), placesOf(rows, target))) {
+  for (const std::size_t place : orderAfterDrop(rows.size(), placesOf(rows, rows[song]), placesOf(rows, target))) {
     texts.push_back(rows[place]);
   }
   return texts;
@@ -143,7 +143,7 @@ TEST(Shuffle, IsTheDealByHandHoweverOftenAndHoweverManyRows) {
     for (int time = 0; time < 13; ++time) {
       expected = dealtByHand(expected);
       std::vector<std::size_t> next;
-      for (const std::size_t place : dealt(count)) next.push_back(rows[place]);
+      for (const std::size_t place : dealOrder(count)) next.push_back(rows[place]);
       rows = next;
       ASSERT_EQ(rows, expected) << count << " rows, time " << time;
     }
@@ -151,10 +151,10 @@ TEST(Shuffle, IsTheDealByHandHoweverOftenAndHoweverManyRows) {
 }
 
 TEST(Shuffle, DealsEvenPlacesThenOddOnes) {
-  EXPECT_EQ(dealt(5), (std::vector<std::size_t>{0, 2, 4, 1, 3}));
-  EXPECT_EQ(dealt(4), (std::vector<std::size_t>{0, 2, 1, 3}));
-  EXPECT_EQ(dealt(1), (std::vector<std::size_t>{0}));
-  EXPECT_TRUE(dealt(0).empty());
+  EXPECT_EQ(dealOrder(5), (std::vector<std::size_t>{0, 2, 4, 1, 3}));
+  EXPECT_EQ(dealOrder(4), (std::vector<std::size_t>{0, 2, 1, 3}));
+  EXPECT_EQ(dealOrder(1), (std::vector<std::size_t>{0}));
+  EXPECT_TRUE(dealOrder(0).empty());
 }
 
 }  // namespace

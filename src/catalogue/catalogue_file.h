@@ -19,12 +19,12 @@
 namespace plimo {
 
 // What a record that breaks off at the catalogue's end means.
-enum class BrokenEnd { fails, ignored };
+enum class OnTruncation { fail, ignore };
 
-class OpenCatalogue {
+class CatalogueFile {
  public:
   // Throws as FileSystemObject::openForReading does.
-  OpenCatalogue(FileSystemObject& files, const std::string& path) : view_(files.openForReading(path)), path_(path) {}
+  CatalogueFile(FileSystemObject& files, const std::string& path) : view_(files.openForReading(path)), path_(path) {}
 
   // Calls `each` with every record, in order, until it returns false. A record is good until `each` returns. Throws 62
   // where it meets a record that breaks off.
@@ -36,7 +36,7 @@ class OpenCatalogue {
         if (!each(record)) return;
       }
     }
-    if (reader.broken()) throw RuntimeError(*reader.broken());
+    if (reader.truncation()) throw RuntimeError(*reader.truncation());
   }
 
   // Calls `each(part, records)` with all records, some at a time and each time in order, to gather what it wants from
@@ -44,7 +44,7 @@ class OpenCatalogue {
   // follow one another as the records do. The records are good until `each` returns. Throws 62 where a record breaks
   // off and that fails; where it is ignored, `broken` tells of it.
   template <class Part, class Each>
-  std::vector<Part> gather(BrokenEnd end, Each each) {
+  std::vector<Part> parallelCollect(OnTruncation end, Each each) {
     struct Stretch {
       BatchReader reader;
       Part part{};
@@ -59,7 +59,7 @@ class OpenCatalogue {
       readOn(*stretch, to);
       return stretch;
     };
-    const std::size_t middle = size() < worthTwoReaders ? size() : likelyMiddle(view_->bytes());
+    const std::size_t middle = size() < worthTwoReaders ? size() : findRecordNearMiddle(view_->bytes());
     std::unique_ptr<Stretch> first;
     std::unique_ptr<Stretch> second;
     if (middle == size()) {
@@ -71,8 +71,8 @@ class OpenCatalogue {
       second.reset();
       readOn(*first, size());
     }
-    broken_ = (second ? second : first)->reader.broken();
-    if (broken_ && end == BrokenEnd::fails) throw RuntimeError(*broken_);
+    truncation_ = (second ? second : first)->reader.truncation();
+    if (truncation_ && end == OnTruncation::fail) throw RuntimeError(*truncation_);
     std::vector<Part> parts;
     parts.push_back(std::move(first->part));
     if (second) parts.push_back(std::move(second->part));
@@ -80,7 +80,7 @@ class OpenCatalogue {
   }
 
   // The broken end that gathering ignored, if it met one.
-  const std::optional<RuntimeError>& broken() const { return broken_; }
+  const std::optional<RuntimeError>& truncation() const { return truncation_; }
 
  private:
   // Bytes from which on a second thread is worth its start.
@@ -90,7 +90,7 @@ class OpenCatalogue {
 
   std::unique_ptr<FileView> view_;
   std::string path_;
-  std::optional<RuntimeError> broken_;
+  std::optional<RuntimeError> truncation_;
 };
 
 }  // namespace plimo

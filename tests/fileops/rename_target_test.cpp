@@ -1,4 +1,4 @@
-#include "fileops/new_name.h"
+#include "fileops/rename_target.h"
 
 #include "fileops/library.h"
 

@@ -1,4 +1,4 @@
-#include "playlists/row_rules.h"
+#include "playlists/row_operations.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -55,8 +55,8 @@ std::vector<std::size_t> removedByWalks(std::span<const std::string_view> rows,
   return removed;
 }
 
-std::vector<std::size_t> dropped(std::size_t count, std::span<const std::size_t> songs,
-                                 std::span<const std::size_t> targets) {
+std::vector<std::size_t> orderAfterDrop(std::size_t count, std::span<const std::size_t> songs,
+                                        std::span<const std::size_t> targets) {
   std::vector<std::size_t> places;
   places.reserve(count + targets.size());
   auto song = songs.begin();
@@ -75,7 +75,7 @@ std::vector<std::size_t> dropped(std::size_t count, std::span<const std::size_t>
   return places;
 }
 
-std::vector<std::size_t> dealt(std::size_t count) {
+std::vector<std::size_t> dealOrder(std::size_t count) {
   std::vector<std::size_t> order;
   order.reserve(count);
   for (const std::size_t first : {std::size_t{0}, std::size_t{1}}) {

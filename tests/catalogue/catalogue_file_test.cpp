@@ -1,4 +1,4 @@
-#include "catalogue/open_catalogue.h"
+#include "catalogue/catalogue_file.h"
 
 #include <gtest/gtest.h>
 
@@ -44,19 +44,20 @@ class OpenCatalogueTest : public testing::Test {
   }
 
   // The records as they were gathered, and by how many readers.
-  Texts gathered(std::size_t readers, BrokenEnd end = BrokenEnd::fails) {
-    OpenCatalogue catalogue(files_, written());
-    const auto parts = catalogue.gather<Gathered>(end, [](Gathered& part, std::span<const CatalogueRecord> records) {
-      for (const CatalogueRecord& record : records) {
-        for (const std::string_view text : {record.path, record.artist, record.second, record.title}) {
-          part.fields.emplace_back(text);
-        }
-      }
-    });
+  Texts gathered(std::size_t readers, OnTruncation end = OnTruncation::fail) {
+    CatalogueFile catalogue(files_, written());
+    const auto parts =
+        catalogue.parallelCollect<Gathered>(end, [](Gathered& part, std::span<const CatalogueRecord> records) {
+          for (const CatalogueRecord& record : records) {
+            for (const std::string_view text : {record.path, record.artist, record.second, record.title}) {
+              part.fields.emplace_back(text);
+            }
+          }
+        });
     EXPECT_EQ(parts.size(), readers);
     Texts all;
     for (const Gathered& part : parts) all.insert(all.end(), part.fields.begin(), part.fields.end());
-    broken_ = catalogue.broken().has_value();
+    truncation_ = catalogue.truncation().has_value();
     return all;
   }
 
@@ -64,7 +65,7 @@ class OpenCatalogueTest : public testing::Test {
   LinuxFiles files_{std::vector<DriveRoot>{}};
   std::string bytes_;
   Texts fields_;
-  bool broken_ = false;
+  bool truncation_ = false;
 };
 
 TEST_F(OpenCatalogueTest, OneReaderIsEnoughForASmallCatalogue) {
@@ -82,7 +83,7 @@ TEST_F(OpenCatalogueTest, TwoReadersShareALargeOne) {
 TEST_F(OpenCatalogueTest, WhatOnlyLooksLikeARecordsBeginningIsSeenThrough) {
   // Read from its second text on, each record looks like a song's: "x.mp3", and a title that its path holds.
   while (bytes_.size() < large) add({"", "x.mp3", "second", "title.mp3"});
-  const std::size_t middle = likelyMiddle(bytes_);
+  const std::size_t middle = findRecordNearMiddle(bytes_);
   ASSERT_EQ(bytes_.substr(middle, 7), "\"x.mp3\"");
   EXPECT_TRUE(gathered(1) == fields_);
 }
@@ -95,9 +96,9 @@ TEST_F(OpenCatalogueTest, WithoutAnythingLikeABeginningOneReaderTakesAll) {
 TEST_F(OpenCatalogueTest, ABrokenEndIsMetWhoeverReadsIt) {
   addSongs(large);
   bytes_ += "\"half a record\"\r\n";
-  EXPECT_TRUE(gathered(2, BrokenEnd::ignored) == fields_);
-  EXPECT_TRUE(broken_);
-  EXPECT_THROW(gathered(2, BrokenEnd::fails), RuntimeError);
+  EXPECT_TRUE(gathered(2, OnTruncation::ignore) == fields_);
+  EXPECT_TRUE(truncation_);
+  EXPECT_THROW(gathered(2, OnTruncation::fail), RuntimeError);
 }
 
 TEST_F(OpenCatalogueTest, AStrayValueShiftsAllThatFollowsForBothReaders) {
@@ -106,17 +107,17 @@ TEST_F(OpenCatalogueTest, AStrayValueShiftsAllThatFollowsForBothReaders) {
   fields_.emplace_back("stray");
   addSongs(large);
   fields_.resize(fields_.size() / 4 * 4);
-  EXPECT_TRUE(gathered(1, BrokenEnd::ignored) == fields_);
-  EXPECT_TRUE(broken_);
+  EXPECT_TRUE(gathered(1, OnTruncation::ignore) == fields_);
+  EXPECT_TRUE(truncation_);
 }
 
 TEST_F(OpenCatalogueTest, AJoinGivesEachKeyItsRecordsInTheirOrder) {
   addSongs(large);
-  OpenCatalogue catalogue(files_, written());
+  CatalogueFile catalogue(files_, written());
   const std::vector<std::string_view> keys = {"Artist 3", "nobody", "Artist 8", "Artist 3"};
   const CatalogueJoin<std::string_view> titles(
-      catalogue, keys, BrokenEnd::fails, [](const CatalogueRecord& record) { return std::optional(record.artist); },
-      [](const CatalogueRecord& record, StringArena& texts) { return texts.keep(record.title); });
+      catalogue, keys, OnTruncation::fail, [](const CatalogueRecord& record) { return std::optional(record.artist); },
+      [](const CatalogueRecord& record, StringArena& texts) { return texts.store(record.title); });
   for (std::size_t key = 0; key < keys.size(); ++key) {
     Texts expected;
     for (std::size_t i = 0; i < fields_.size(); i += 4) {
@@ -130,7 +131,7 @@ TEST_F(OpenCatalogueTest, AJoinGivesEachKeyItsRecordsInTheirOrder) {
 
 TEST_F(OpenCatalogueTest, ReadingStopsWhereItIsTold) {
   addSongs(large);
-  OpenCatalogue catalogue(files_, written());
+  CatalogueFile catalogue(files_, written());
   std::size_t read = 0;
   catalogue.read([&read](const CatalogueRecord&) { return ++read < 1000; });
   EXPECT_EQ(read, 1000U);

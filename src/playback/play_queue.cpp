@@ -1,12 +1,12 @@
-#include "playback/run_file.h"
+#include "playback/play_queue.h"
 
 #include "catalogue/song_lookup.h"
 #include "playlists/m3u.h"
 
 namespace plimo {
 
-void writeRun(FileSystemObject& files, const std::string& playlist, const std::string& catalogue,
-              std::span<const std::string_view> names) {
+void writePlayQueue(FileSystemObject& files, const std::string& playlist, const std::string& catalogue,
+                    std::span<const std::string_view> names) {
   const auto replacement = files.replaceFile(playlist, Force::no);
   const SongPaths paths(files, catalogue, names);
   writePlaylist(*replacement, paths, names.size());

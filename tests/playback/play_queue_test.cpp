@@ -1,4 +1,4 @@
-#include "playback/run_file.h"
+#include "playback/play_queue.h"
 
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ class RunFile : public testing::Test {
 
   ErrorNumber failureOf(const Names& names) {
     try {
-      writeRun(files, playlist, catalogue, names);
+      writePlayQueue(files, playlist, catalogue, names);
     } catch (const RuntimeError& error) {
       return error.number();
     }
@@ -40,31 +40,31 @@ class RunFile : public testing::Test {
 
 TEST_F(RunFile, HoldsThePathsInTheNamesOrder) {
   catalogueOf({{"C:\\1.mp3", "one.mp3"}, {"C:\\2.mp3", "two.mp3"}});
-  writeRun(files, playlist, catalogue, Names{"two", "one", "two"});
+  writePlayQueue(files, playlist, catalogue, Names{"two", "one", "two"});
   EXPECT_EQ(files.fileContent(playlist), "C:\\2.mp3\r\nC:\\1.mp3\r\nC:\\2.mp3\r\n");
 }
 
 TEST_F(RunFile, HoldsEveryRecordOfAName) {
   catalogueOf({{"C:\\a\\x.mp3", "x.mp3"}, {"C:\\y.mp3", "y.mp3"}, {"C:\\b\\x.mp3", "x.mp3"}});
-  writeRun(files, playlist, catalogue, Names{"x", "x"});
+  writePlayQueue(files, playlist, catalogue, Names{"x", "x"});
   EXPECT_EQ(files.fileContent(playlist), "C:\\a\\x.mp3\r\nC:\\b\\x.mp3\r\nC:\\a\\x.mp3\r\nC:\\b\\x.mp3\r\n");
 }
 
 TEST_F(RunFile, LeavesOutNamesWithoutARecord) {
   catalogueOf({{"C:\\x.mp3", "x.mp3"}, {"C:\\ab.mp3", "a.b.mp3"}, {"C:\\n.mp3", "n"}});
-  writeRun(files, playlist, catalogue, Names{"X", "a.b", "n", "gone"});
+  writePlayQueue(files, playlist, catalogue, Names{"X", "a.b", "n", "gone"});
   EXPECT_EQ(files.fileContent(playlist), "");
 }
 
 TEST_F(RunFile, ReplacesTheRunBefore) {
   files.addTextFile(playlist, "C:\\old.mp3\r\n");
   catalogueOf({{"C:\\x.mp3", "x.mp3"}});
-  writeRun(files, playlist, catalogue, Names{"x"});
+  writePlayQueue(files, playlist, catalogue, Names{"x"});
   EXPECT_EQ(files.fileContent(playlist), "C:\\x.mp3\r\n");
 }
 
 TEST_F(RunFile, OfNothingNeedsNoCatalogue) {
-  writeRun(files, playlist, catalogue, Names{});
+  writePlayQueue(files, playlist, catalogue, Names{});
   EXPECT_EQ(files.fileContent(playlist), "");
 }
 
