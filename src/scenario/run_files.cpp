@@ -50,8 +50,8 @@ int runScenarioFiles(std::span<const std::string> files, std::ostream& out, std:
   FakePlayer player;
   ScriptedDialogs dialogs(verdicts);
   FakeLauncher launcher(disk);
-  ScriptedPump pump;
-  const Vocabulary vocabulary(Platform{disk, player, dialogs, launcher, pump});
+  ScriptedProgress progress;
+  const Vocabulary vocabulary(Platform{disk, player, dialogs, launcher, progress});
 
   std::size_t passed = 0;
   bool unreadable = false;

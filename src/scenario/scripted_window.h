@@ -66,6 +66,7 @@ class ScriptedWindow : public FormHost {
   void resizeTo(Form& form, double width, double height) override;
   void focusChanged(Form&) override {}
   void popUp(Form&, Menu& menu) override { popUpShown = &menu; }
+  void pause(Form&, std::chrono::milliseconds) override {}
 
  private:
   // Gives a window that shows the size that goes with its state.

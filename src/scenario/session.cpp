@@ -6,9 +6,9 @@
 
 namespace plimo::scenario {
 
-Run::Run(FakeFileSystem& files, ScriptedDialogs& dialogs, FakeLauncher& launcher, ScriptedPump& pump,
+Run::Run(FakeFileSystem& files, ScriptedDialogs& dialogs, FakeLauncher& launcher, ScriptedProgress& progress,
          const Size& screen, const std::map<std::string, Geometry>& designs)
-    : mainWindow(screen), splashWindow(screen), program(Platform{files, player, dialogs, launcher, pump}) {
+    : mainWindow(screen), splashWindow(screen), program(Platform{files, player, dialogs, launcher, progress}) {
   for (const auto& [name, geometry] : designs) {
     if (name == mainWindowName) {
       program.form1().designSize(geometry.width, geometry.height);
@@ -50,7 +50,7 @@ void Session::start() {
   opened();  // what the player of the run before was told
   openedSeen_ = 0;
   run.reset();
-  run = std::make_unique<Run>(files, dialogs, launcher, pump, screen, designs);
+  run = std::make_unique<Run>(files, dialogs, launcher, progress, screen, designs);
   run->player.setDuration(duration);
   run->player.setCurrentPosition(position);
   run->program.start();
@@ -111,7 +111,7 @@ void Session::leftovers() {
   }
   for (const std::string& path : opened()) verdicts.fail("no further opening by the player", quoted(path));
   for (const Answer& answer : dialogs.answers()) verdicts.fail("every answer to be taken", answer.spelling);
-  for (const std::size_t songs : pump.cancels()) {
+  for (const std::size_t songs : progress.cancels()) {
     verdicts.fail("every answer to be taken", "answer scan cancel " + std::to_string(songs));
   }
 }

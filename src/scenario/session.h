@@ -14,7 +14,7 @@
 #include "platform/memory/fake_player.h"
 #include "scenario/script.h"
 #include "scenario/scripted_dialogs.h"
-#include "scenario/scripted_pump.h"
+#include "scenario/scripted_progress.h"
 #include "scenario/scripted_window.h"
 #include "scenario/verdicts.h"
 
@@ -24,8 +24,8 @@ namespace plimo::scenario {
 class Run {
  public:
   // `designs`: by name, where controls (and Form1) stand instead of where they were designed.
-  Run(FakeFileSystem& files, ScriptedDialogs& dialogs, FakeLauncher& launcher, ScriptedPump& pump, const Size& screen,
-      const std::map<std::string, Geometry>& designs);
+  Run(FakeFileSystem& files, ScriptedDialogs& dialogs, FakeLauncher& launcher, ScriptedProgress& progress,
+      const Size& screen, const std::map<std::string, Geometry>& designs);
 
   FakePlayer player;
   ScriptedWindow mainWindow;
@@ -53,7 +53,7 @@ class Session {
   FakeFileSystem files;
   FakeLauncher launcher{files};
   ScriptedDialogs dialogs{verdicts};
-  ScriptedPump pump;
+  ScriptedProgress progress;
   Size screen{15360, 11520};
   double duration = 0;  // what the player reports, in seconds
   double position = 0;

@@ -213,7 +213,7 @@ void answerOpen(Session& session, const Line& line) { answerBox(session, line, A
 void answerSave(Session& session, const Line& line) { answerBox(session, line, Answer::Kind::save); }
 
 void answerScanCancel(Session& session, const Line& line) {
-  session.pump.queueCancel(static_cast<std::size_t>(*wholeNumber(line.words[0])));
+  session.progress.queueCancel(static_cast<std::size_t>(*wholeNumber(line.words[0])));
 }
 
 constexpr std::array commands{

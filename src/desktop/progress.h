@@ -1,4 +1,4 @@
-// Lets the desktop's window live while a handler of the program is at work.
+// Shows the progress panel over the window while a handler of the program runs.
 #pragma once
 
 #include <QElapsedTimer>
@@ -14,27 +14,22 @@ namespace plimo {
 
 class ProgressPanel;
 
-class DesktopPump : public Progress {
+class DesktopProgress : public Progress {
  public:
-  explicit DesktopPump(InputGate& gate);
-  ~DesktopPump() override;
+  explicit DesktopProgress(InputGate& gate);
+  ~DesktopProgress() override;
 
   // Called before each painting: what has changed so far is to be seen. Set once.
   std::function<void()> beforePaint;
   // The window over which the panel stands; null for none yet.
   std::function<QWidget*()> window;
 
-  void pause(std::chrono::milliseconds time) override;
-  void scanBegins() override;
-  bool scanned(std::size_t songs, std::string_view folder) override;
-  void scanEnds() override;
-  void copied(const CopyProgress& progress) override;
-  void deleted(std::size_t file, std::size_t files) override;
-  void workEnds() override;
+  void begin(Task task) override;
+  void update(const ProgressUpdate& update) override;
+  void end() override;
+  bool cancelled() const override;
 
  private:
-  void begin(const QString& title, bool cancellable);
-  void end();
   // True at most ten times a second: the panel is to tell how far it is. Looks at what goes on meanwhile.
   bool due();
   void look();
@@ -45,9 +40,7 @@ class DesktopPump : public Progress {
   QElapsedTimer since_;
   qint64 lastLook_ = 0;
   qint64 lastPaint_ = 0;
-  QString title_;
-  bool cancellable_ = false;
-  bool working_ = false;
+  Task task_ = Task::scan;
 };
 
 }  // namespace plimo
