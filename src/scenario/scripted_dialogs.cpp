@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "scenario/words.h"
+#include "scenario/literals.h"
 
 namespace plimo::scenario {
 
@@ -31,7 +31,7 @@ std::optional<std::string> ScriptedDialogs::take(Answer::Kind kind, const std::s
   const auto found =
       std::find_if(answers_.begin(), answers_.end(), [kind](const Answer& answer) { return answer.kind == kind; });
   if (found == answers_.end()) {
-    verdicts_.fail("an answer to " + asked, answers_.empty() ? "none" : answers_.front().spelling);
+    reporter_.fail("an answer to " + asked, answers_.empty() ? "none" : answers_.front().spelling);
     return std::nullopt;
   }
   const Answer answer = std::move(*found);

@@ -1,4 +1,4 @@
-// Time that takes no time, and the Cancel button of the scan's panel.
+// Pauses that take no time, and the Cancel button of the scan's panel.
 #pragma once
 
 #include <cstddef>
@@ -11,9 +11,9 @@ namespace plimo::scenario {
 
 class ScriptedPump : public EventPump {
  public:
-  // The next scan is cancelled once it has found so many songs.
+  // The next scan is cancelled when it has found this many songs.
   void queueCancel(std::size_t songs) { cancels_.push_back(songs); }
-  // Those that no scan has taken yet.
+  // Those not used yet.
   const std::deque<std::size_t>& cancels() const { return cancels_; }
 
   void pause(std::chrono::milliseconds) override {}

@@ -1,121 +1,122 @@
-// Expectations of what asks or tells: message boxes, questions, input boxes, file dialogs, run-time error reports.
+// Expectations of message boxes, questions, input boxes, file dialogs and run-time error reports.
 #include <algorithm>
 #include <array>
 
 #include "base/text.h"
 #include "scenario/command.h"
+#include "scenario/literals.h"
 #include "scenario/paths.h"
 #include "scenario/session.h"
-#include "scenario/words.h"
 
 namespace plimo::scenario {
 
 namespace {
 
-// The line's text, or its block's lines joined by CR LF.
+// The line's argument, or its block's lines joined by CR LF.
 std::string textOf(const Line& line) {
-  if (!line.hasBlock) return line.words[0];
+  if (!line.hasBlock) return line.arguments[0];
   std::string text;
   for (std::size_t i = 0; i < line.block.size(); ++i) text.append(i == 0 ? "" : "\r\n").append(line.block[i]);
   return text;
 }
 
-std::string described(const ScriptedDialogs::Box& box) {
+std::string describe(const ScriptedDialogs::Box& box) {
   return (box.question ? "the question " : "the message ") + quoted(box.text);
 }
 
-// Takes the oldest box, which must have the line's text.
+// Removes the oldest box and compares it with the line's text.
 void expectBox(Session& session, const Line& line, bool question) {
   const std::string expected = (question ? "the question " : "the message ") + quoted(textOf(line));
   if (session.dialogs.boxes.empty()) {
-    session.verdicts.fail(expected, "none");
+    session.reporter.fail(expected, "none");
     return;
   }
   const ScriptedDialogs::Box box = std::move(session.dialogs.boxes.front());
   session.dialogs.boxes.pop_front();
   session.titleExpected = programName;
   session.boxExpected = true;
-  if (box.text != textOf(line) || (question && !box.question)) session.verdicts.fail(expected, described(box));
+  if (box.text != textOf(line) || (question && !box.question)) session.reporter.fail(expected, describe(box));
 }
 
 void message(Session& session, const Line& line) { expectBox(session, line, false); }
 void question(Session& session, const Line& line) { expectBox(session, line, true); }
 
 void noMessage(Session& session, const Line&) {
-  if (!session.dialogs.boxes.empty()) session.verdicts.fail("no message", described(session.dialogs.boxes.front()));
+  if (!session.dialogs.boxes.empty()) session.reporter.fail("no message", describe(session.dialogs.boxes.front()));
 }
 
 void prompt(Session& session, const Line& line) {
   const std::string expected = "the prompt " + quoted(textOf(line));
   const auto& inputs = session.dialogs.inputs;
   if (session.promptsExpected == inputs.size()) {
-    session.verdicts.fail(expected, "no input box");
+    session.reporter.fail(expected, "no input box");
     return;
   }
   const ScriptedDialogs::InputBox& box = inputs[session.promptsExpected++];
   session.titleExpected = box.title;
   session.boxExpected = true;
-  if (box.prompt != textOf(line)) session.verdicts.fail(expected, quoted(box.prompt));
+  if (box.prompt != textOf(line)) session.reporter.fail(expected, quoted(box.prompt));
 }
 
-// A box's proposal can be expected before its prompt or right behind it.
+// A box's proposal can be expected before its prompt or directly after it.
 void proposed(Session& session, const Line& line) {
-  const std::string expected = "the proposal " + quoted(line.words[0]);
+  const std::string expected = "the proposal " + quoted(line.arguments[0]);
   const auto& inputs = session.dialogs.inputs;
   std::size_t box = std::max(session.promptsExpected, session.proposalsExpected);
   if (box == inputs.size() && session.proposalsExpected < session.promptsExpected) --box;
   if (box == inputs.size()) {
-    session.verdicts.fail(expected, "no input box");
+    session.reporter.fail(expected, "no input box");
     return;
   }
   session.proposalsExpected = box + 1;
   session.titleExpected = inputs[box].title;
   session.boxExpected = true;
-  if (inputs[box].proposed != line.words[0]) session.verdicts.fail(expected, quoted(inputs[box].proposed));
+  if (inputs[box].proposed != line.arguments[0]) session.reporter.fail(expected, quoted(inputs[box].proposed));
 }
 
 void titled(Session& session, const Line& line) {
-  if (session.boxExpected && session.titleExpected == line.words[0]) return;
-  session.verdicts.fail("the title " + quoted(line.words[0]),
+  if (session.boxExpected && session.titleExpected == line.arguments[0]) return;
+  session.reporter.fail("the title " + quoted(line.arguments[0]),
                         session.boxExpected ? quoted(session.titleExpected) : "no box expected before");
 }
 
-std::string described(const FileDialog& dialog) {
+std::string describe(const FileDialog& dialog) {
   return "the dialog " + quoted(dialog.title) + " " + quoted(dialog.name) + " " + quoted(dialog.folder);
 }
 
 void dialog(Session& session, const Line& line) {
-  const FileDialog expected{line.words[0], line.words[1], line.words[2]};
+  const FileDialog expected{line.arguments[0], line.arguments[1], line.arguments[2]};
   if (session.dialogs.fileDialogs.empty()) {
-    session.verdicts.fail(described(expected), "none");
+    session.reporter.fail(describe(expected), "none");
     return;
   }
   const FileDialog shown = std::move(session.dialogs.fileDialogs.front());
   session.dialogs.fileDialogs.pop_front();
   if (shown.title != expected.title || shown.name != expected.name || !samePath(shown.folder, expected.folder)) {
-    session.verdicts.fail(described(expected), described(shown));
+    session.reporter.fail(describe(expected), describe(shown));
   }
 }
 
 void error(Session& session, const Line& line) {
   std::string expected = "a run-time error";
-  for (const std::string& word : line.words) expected.append(" ").append(word);
+  for (const std::string& word : line.arguments) expected.append(" ").append(word);
   if (session.dialogs.errors.empty()) {
-    session.verdicts.fail(expected, "none");
+    session.reporter.fail(expected, "none");
     return;
   }
   const RuntimeError reported = session.dialogs.errors.front();
   session.dialogs.errors.pop_front();
   session.titleExpected = programName;
   session.boxExpected = true;
-  const bool holds = (line.words.empty() || *wholeNumber(line.words[0]) == static_cast<long long>(reported.number())) &&
-                     (line.words.size() < 2 || samePath(line.words[1], reported.path()));
-  if (!holds) session.verdicts.fail(expected, quoted(reported.report()));
+  const bool holds =
+      (line.arguments.empty() || *parseInteger(line.arguments[0]) == static_cast<long long>(reported.number())) &&
+      (line.arguments.size() < 2 || samePath(line.arguments[1], reported.path()));
+  if (!holds) session.reporter.fail(expected, quoted(reported.report()));
 }
 
 void noError(Session& session, const Line&) {
   if (!session.dialogs.errors.empty()) {
-    session.verdicts.fail("no run-time error", quoted(session.dialogs.errors.front().report()));
+    session.reporter.fail("no run-time error", quoted(session.dialogs.errors.front().report()));
   }
 }
 
@@ -133,6 +134,6 @@ constexpr std::array commands{
 
 }  // namespace
 
-std::span<const Command> boxExpectations() { return commands; }
+std::span<const Command> dialogExpectations() { return commands; }
 
 }  // namespace plimo::scenario

@@ -10,15 +10,15 @@ namespace plimo::scenario {
 inline constexpr std::string_view mainWindowName = "Form1";
 inline constexpr std::string_view splashName = "frmSplash";
 
-// The control, menu item or timer of that name; those of the splash window are written "frmSplash.Timer1". Null for
-// none.
+// The control, menu item or timer of that name; those of the splash window are written "frmSplash.Timer1". Null if
+// there is none.
 Control* findControl(Program& program, std::string_view name);
 
-// A program that is never started, to ask which names there are.
-class Vocabulary {
+// Looks names up in a program that is never started.
+class ControlNames {
  public:
-  explicit Vocabulary(Platform platform) : program_(platform) {}
-  // Null for none.
+  explicit ControlNames(Platform platform) : program_(platform) {}
+  // Null if there is none.
   const Control* find(std::string_view name) const { return findControl(program_, name); }
 
  private:

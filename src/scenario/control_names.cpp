@@ -1,4 +1,4 @@
-#include "scenario/vocabulary.h"
+#include "scenario/control_names.h"
 
 namespace plimo::scenario {
 

@@ -1,4 +1,4 @@
-#include "scenario/run_files.h"
+#include "scenario/runner.h"
 
 #include <filesystem>
 #include <fstream>
@@ -6,15 +6,17 @@
 #include <optional>
 #include <system_error>
 
+#include "scenario/parse_error.h"
+#include "scenario/parser.h"
 #include "scenario/session.h"
 
 namespace plimo::scenario {
 
 namespace {
 
-std::optional<std::string> contentOf(const std::string& file) {
-  std::error_code unknown;
-  if (std::filesystem::is_directory(file, unknown)) return std::nullopt;
+std::optional<std::string> readFile(const std::string& file) {
+  std::error_code ignored;
+  if (std::filesystem::is_directory(file, ignored)) return std::nullopt;
   std::ifstream stream(file, std::ios::binary);
   if (!stream) return std::nullopt;
   std::string content{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
@@ -24,39 +26,39 @@ std::optional<std::string> contentOf(const std::string& file) {
 
 enum class Outcome { passed, failed, unreadable };
 
-Outcome runFile(const std::string& file, const Vocabulary& vocabulary, std::ostream& err) {
-  const auto content = contentOf(file);
+Outcome runFile(const std::string& file, const ControlNames& names, std::ostream& err) {
+  const auto content = readFile(file);
   if (!content) {
     err << file << ": cannot be read\n";
     return Outcome::unreadable;
   }
   try {
-    const Script script = readScript(*content, vocabulary);
+    const Scenario scenario = parseScenario(*content, names);
     Session session(file, err);
-    session.play(script);
-    return session.verdicts.failures() == 0 ? Outcome::passed : Outcome::failed;
-  } catch (const UnreadableLine& bad) {
-    err << file << ':' << bad.line << ": cannot read '" << bad.word << "': " << bad.reason << '\n';
+    session.execute(scenario);
+    return session.reporter.count() == 0 ? Outcome::passed : Outcome::failed;
+  } catch (const ParseError& error) {
+    err << file << ':' << error.line << ": cannot read '" << error.word << "': " << error.reason << '\n';
     return Outcome::unreadable;
   }
 }
 
 }  // namespace
 
-int runScenarioFiles(std::span<const std::string> files, std::ostream& out, std::ostream& err) {
-  // Only its control names are asked for, so that one world does for all files.
-  Verdicts verdicts("", err);
+int runScenarios(std::span<const std::string> files, std::ostream& out, std::ostream& err) {
+  // Only looked up, never started: one instance serves all files.
+  FailureReporter reporter("", err);
   MemoryFiles disk;
   MemoryPlayer player;
-  ScriptedDialogs dialogs(verdicts);
+  ScriptedDialogs dialogs(reporter);
   MemoryLauncher launcher(disk);
   ScriptedPump pump;
-  const Vocabulary vocabulary(Platform{disk, player, dialogs, launcher, pump});
+  const ControlNames names(Platform{disk, player, dialogs, launcher, pump});
 
   std::size_t passed = 0;
   bool unreadable = false;
   for (const std::string& file : files) {
-    const Outcome outcome = runFile(file, vocabulary, err);
+    const Outcome outcome = runFile(file, names, err);
     if (outcome == Outcome::passed) ++passed;
     if (outcome == Outcome::unreadable) unreadable = true;
   }
