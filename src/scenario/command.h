@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "scenario/source_location.h"
+
 namespace plimo::scenario {
 
 class Session;
@@ -14,7 +16,7 @@ struct Command;
 
 // One parsed line.
 struct Line {
-  int number = 0;  // from 1
+  SourceLocation location;
   const Command* command = nullptr;
   std::vector<std::string> arguments;  // without the command's name
   std::vector<std::string> block;      // the block's lines, verbatim

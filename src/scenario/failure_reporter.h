@@ -3,29 +3,28 @@
 
 #include <cstddef>
 #include <ostream>
-#include <string>
 #include <string_view>
+
+#include "scenario/source_location.h"
 
 namespace plimo::scenario {
 
 class FailureReporter {
  public:
-  // `file` is the name used in reports, which go to `out`.
-  FailureReporter(std::string file, std::ostream& out) : file_(std::move(file)), out_(out) {}
+  explicit FailureReporter(std::ostream& out) : out_(out) {}
 
-  // The line that later failures are reported for, from 1.
-  void setLine(int line) { line_ = line; }
+  // The line that later failures are reported for.
+  void setLocation(const SourceLocation& location) { location_ = location; }
   // Writes "FILE:LINE: expected ..., got ...".
   void fail(std::string_view expected, std::string_view got) {
     ++count_;
-    out_ << file_ << ':' << line_ << ": expected " << expected << ", got " << got << '\n';
+    out_ << location_.file << ':' << location_.line << ": expected " << expected << ", got " << got << '\n';
   }
   std::size_t count() const { return count_; }
 
  private:
-  std::string file_;
   std::ostream& out_;
-  int line_ = 0;
+  SourceLocation location_;
   std::size_t count_ = 0;
 };
 

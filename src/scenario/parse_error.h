@@ -3,12 +3,14 @@
 
 #include <string>
 
+#include "scenario/source_location.h"
+
 namespace plimo::scenario {
 
 struct ParseError {
   std::string word;  // the token concerned
   std::string reason;
-  int line = 0;  // from 1; 0 until the parser has filled it in
+  SourceLocation location = {};  // filled in by the parser
 };
 
 }  // namespace plimo::scenario

@@ -1,10 +1,13 @@
 #include "scenario/parser.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "base/text.h"
 #include "scenario/argument_types.h"
 #include "scenario/parse_error.h"
+#include "scenario/read_file.h"
 #include "scenario/tokenizer.h"
 
 namespace plimo::scenario {
@@ -12,6 +15,7 @@ namespace plimo::scenario {
 namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view includeKeyword = "include";
 constexpr std::size_t maxNameWords = 3;
 
 const Command* commandNamed(std::string_view name) {
@@ -41,9 +45,12 @@ const Command& takeCommand(std::vector<std::string>& words) {
   throw ParseError{words[0], "there is no such command"};
 }
 
+// Parses one file, and the files that it includes by further parsers.
 class Parser {
  public:
-  Parser(std::string_view content, const ControlNames& names) : names_(names) {
+  // `includer` is null for the scenario itself.
+  Parser(std::string file, std::string_view content, const ControlNames& names, const Parser* includer = nullptr)
+      : location_{std::move(file), 0}, names_(names), includer_(includer) {
     if (content.starts_with(byteOrderMark)) content.remove_prefix(byteOrderMark.size());
     lines_ = split(content, '\n');
     if (lines_.back().empty()) lines_.pop_back();
@@ -52,30 +59,49 @@ class Parser {
     }
   }
 
-  Scenario parse() {
-    Scenario scenario;
+  // Appends the parsed lines to `scenario`.
+  void parseInto(Scenario& scenario) {
     while (next_ < lines_.size()) {
-      const int number = static_cast<int>(next_) + 1;
+      location_.line = static_cast<int>(next_) + 1;
       try {
-        std::vector<std::string> words = tokenize(lines_[next_++]);
-        if (!words.empty()) scenario.lines.push_back(parseLine(number, std::move(words)));
+        parseLine(tokenize(lines_[next_++]), scenario);
       } catch (ParseError& error) {
-        error.line = number;
+        if (error.location.line == 0) error.location = location_;
         throw;
       }
     }
-    scenario.lastLine = static_cast<int>(lines_.size());
-    return scenario;
+    scenario.end = {location_.file, static_cast<int>(lines_.size())};
   }
 
  private:
-  Line parseLine(int number, std::vector<std::string> words) {
+  void parseLine(std::vector<std::string> words, Scenario& scenario) {
+    if (words.empty()) return;
+    if (words[0] == includeKeyword) {
+      words.erase(words.begin());
+      checkArguments(includeKeyword, "PATH", words, names_);
+      include(words[0], scenario);
+      return;
+    }
     const Command& command = takeCommand(words);
     checkArguments(command.name, command.signature, words, names_);
-    Line line{number, &command, std::move(words), {}, false};
+    Line line{location_, &command, std::move(words), {}, false};
     line.hasBlock = command.block == Block::always || (command.block == Block::insteadOfText && line.arguments.empty());
     if (line.hasBlock) line.block = parseBlock(command.name);
-    return line;
+    scenario.lines.push_back(std::move(line));
+  }
+
+  void include(const std::string& name, Scenario& scenario) {
+    const std::filesystem::path path = std::filesystem::path(location_.file).parent_path() / name;
+    std::error_code ignored;
+    if (!std::filesystem::exists(path, ignored)) throw ParseError{name, "no such file"};
+    for (const Parser* parser = this; parser != nullptr; parser = parser->includer_) {
+      if (std::filesystem::equivalent(parser->location_.file, path, ignored)) {
+        throw ParseError{name, "this file includes itself"};
+      }
+    }
+    const auto content = readFile(path.string());
+    if (!content) throw ParseError{name, "the file cannot be read"};
+    Parser(path.string(), *content, names_, this).parseInto(scenario);
   }
 
   std::vector<std::string> parseBlock(std::string_view command) {
@@ -86,13 +112,19 @@ class Parser {
     return {first, end};
   }
 
+  SourceLocation location_;  // the file, and the line being parsed
   const ControlNames& names_;
+  const Parser* includer_;
   std::vector<std::string_view> lines_;
   std::size_t next_ = 0;
 };
 
 }  // namespace
 
-Scenario parseScenario(std::string_view content, const ControlNames& names) { return Parser(content, names).parse(); }
+Scenario parseScenario(const std::string& file, std::string_view content, const ControlNames& names) {
+  Scenario scenario;
+  Parser(file, content, names).parseInto(scenario);
+  return scenario;
+}
 
 }  // namespace plimo::scenario

@@ -1,20 +1,23 @@
-// Parses scenario files. A file is parsed completely before any of it is executed.
+// Parses scenario files. A file is parsed completely, with the files that it includes, before any of it is executed.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "scenario/command.h"
 #include "scenario/control_names.h"
+#include "scenario/source_location.h"
 
 namespace plimo::scenario {
 
 struct Scenario {
   std::vector<Line> lines;
-  int lastLine = 0;  // the number of lines in the file
+  SourceLocation end;  // the last line of the file itself
 };
 
-// Throws ParseError for the first line that is wrong.
-Scenario parseScenario(std::string_view content, const ControlNames& names);
+// `content` is the content of `file`, whose path is used in locations and to find included files. Throws ParseError for
+// the first line that is wrong.
+Scenario parseScenario(const std::string& file, std::string_view content, const ControlNames& names);
 
 }  // namespace plimo::scenario

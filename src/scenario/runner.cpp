@@ -1,28 +1,13 @@
 #include "scenario/runner.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <optional>
-#include <system_error>
-
 #include "scenario/parse_error.h"
 #include "scenario/parser.h"
+#include "scenario/read_file.h"
 #include "scenario/session.h"
 
 namespace plimo::scenario {
 
 namespace {
-
-std::optional<std::string> readFile(const std::string& file) {
-  std::error_code ignored;
-  if (std::filesystem::is_directory(file, ignored)) return std::nullopt;
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream) return std::nullopt;
-  std::string content{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-  if (stream.bad()) return std::nullopt;
-  return content;
-}
 
 enum class Outcome { passed, failed, unreadable };
 
@@ -33,12 +18,13 @@ Outcome runFile(const std::string& file, const ControlNames& names, std::ostream
     return Outcome::unreadable;
   }
   try {
-    const Scenario scenario = parseScenario(*content, names);
-    Session session(file, err);
+    const Scenario scenario = parseScenario(file, *content, names);
+    Session session(err);
     session.execute(scenario);
     return session.reporter.count() == 0 ? Outcome::passed : Outcome::failed;
   } catch (const ParseError& error) {
-    err << file << ':' << error.line << ": cannot read '" << error.word << "': " << error.reason << '\n';
+    err << error.location.file << ':' << error.location.line << ": cannot read '" << error.word << "': " << error.reason
+        << '\n';
     return Outcome::unreadable;
   }
 }
@@ -47,7 +33,7 @@ Outcome runFile(const std::string& file, const ControlNames& names, std::ostream
 
 int runScenarios(std::span<const std::string> files, std::ostream& out, std::ostream& err) {
   // Only looked up, never started: one instance serves all files.
-  FailureReporter reporter("", err);
+  FailureReporter reporter(err);
   MemoryFiles disk;
   MemoryPlayer player;
   ScriptedDialogs dialogs(reporter);

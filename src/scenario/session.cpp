@@ -35,14 +35,14 @@ CaptionHistory* Run::captions(std::string_view name) {
 
 void Session::execute(const Scenario& scenario) {
   for (const Line& line : scenario.lines) {
-    reporter.setLine(line.number);
+    reporter.setLocation(line.location);
     try {
       line.command->run(*this, line);
     } catch (const std::exception& error) {
       reporter.fail("the line to succeed", error.what());
     }
   }
-  reporter.setLine(scenario.lastLine);
+  reporter.setLocation(scenario.end);
   reportLeftovers();
 }
 

@@ -41,8 +41,8 @@ class Run {
 
 class Session {
  public:
-  // As for FailureReporter.
-  Session(std::string file, std::ostream& out) : reporter(std::move(file), out) {}
+  // Failed expectations are reported to `out`.
+  explicit Session(std::ostream& out) : reporter(out) {}
 
   // Executes every line, then reports what was left unexpected.
   void execute(const Scenario& scenario);

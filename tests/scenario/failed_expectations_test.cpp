@@ -145,7 +145,7 @@ TEST(Leftovers, ExcludeInputBoxesAndFileDialogs) {
   EXPECT_EQ(runScenarioText(world + "answer open cancel\nclick open\n").err, "");
 }
 
-TEST(Answers, AQuestionWithoutAnAnswerCountsAsNo) {
+TEST(MissingAnswers, CountAsNo) {
   const ScenarioResult result =
       runScenarioText(world + "tick List2 A\nselect List1 0\nclick ds\n" +
                       "expect question \"You are gonna have to say goodbye to the selected files! You sure ??\"\n");
