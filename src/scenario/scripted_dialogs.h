@@ -32,9 +32,9 @@ class ScriptedDialogs : public Dialogs {
 
   explicit ScriptedDialogs(FailureReporter& reporter) : reporter_(reporter) {}
 
-  // Each kind's answers are taken in the order queued.
+  // Answers of all kinds are taken in the order queued.
   void queue(Answer answer) { answers_.push_back(std::move(answer)); }
-  // The answers not taken yet.
+  // Not taken yet.
   const std::deque<Answer>& answers() const { return answers_; }
 
   // Shown and not expected yet, oldest first.
@@ -52,7 +52,7 @@ class ScriptedDialogs : public Dialogs {
   void report(const RuntimeError& error) override { errors.push_back(error); }
 
  private:
-  // The next answer, which has to be of this kind; nothing, and a failed expectation, where it is not.
+  // Takes the next answer. If there is none, or it is of another kind: a failed expectation, and nothing is taken.
   std::optional<std::string> take(Answer::Kind kind, const std::string& asked);
 
   FailureReporter& reporter_;
