@@ -5,7 +5,7 @@
 #include <fstream>
 #include <utility>
 
-#include "app/settings_file.h"
+#include "settings/settings_file.h"
 #include "base/quoted_format.h"
 
 namespace plimo::bench {

@@ -141,10 +141,10 @@ class Script {
         [this] { return final().count() < library_.songs; });
     stage_.give(
         "pick up by \"q\"", [this] { hands_.type(finalName(), 'q'); },
-        [this] { return !stage_.form().pickedup.empty(); });
+        [this] { return !stage_.form().pickedUp().empty(); });
     hands_.press(finalName(), Qt::Key_Home);
     stage_.give(
-        "drop by \"w\"", [this] { hands_.type(finalName(), 'w'); }, [this] { return stage_.form().pickedup.empty(); });
+        "drop by \"w\"", [this] { hands_.type(finalName(), 'w'); }, [this] { return stage_.form().pickedUp().empty(); });
   }
 
   // In the order that the program gives it: the same list sorted once more stays as it is.

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/form1.h"
+#include "window/form1.h"
 #include "hands.h"
 #include "turn_watch.h"
 

@@ -1,15 +1,20 @@
-// What the settings file does at start-up, and the lists of drives.
-#include "app/form1.h"
-#include "app/settings_file.h"
+// Applies the settings file at start-up.
+#include <tuple>
+
+#include "catalogue/catalogue_file.h"
+#include "settings/settings_file.h"
+#include "settings/winamp_path.h"
+#include "window/caption.h"
+#include "window/form1.h"
 
 namespace plimo {
 
 bool Form1::applySettings() {
   const std::string path = ownFile(settingsName);
   const SavedSettings settings = readSettings(platform.files, path);
-  Colour* const saved[] = {&fc1, &bc1, &fc2, &bc2, &fc3, &bc3};
-  for (std::size_t i = 0; i < std::size(saved); ++i) *saved[i] = settings.colour(i, path);
-  driveletters = settings.driveLetters;
+  const ColourScheme scheme = settings.scheme(path);
+  std::tie(fc1, bc1, fc2, bc2, fc3, bc3) = std::tuple_cat(scheme);
+  driveLetters_ = settings.driveLetters;
   if (settings.useWinamp.equals(1)) {
     Check3.setValue(1);
     winamp1 = platform.files.fileExists(ownFile(winampPathName));
@@ -37,16 +42,8 @@ bool Form1::applySettings() {
   scandrives();
   process();
   display();
-  setCaption(captionAfterScan);
+  setCaption(creditCaption);
   return true;
-}
-
-void Form1::fillDrives(ListBox& list) {
-  for (const Drive& drive : platform.files.drives()) {
-    if (drive.type == DriveType::cdrom || drive.type == DriveType::fixed || drive.type == DriveType::removable) {
-      list.add(std::string(1, drive.letter) + ": " + kindName(drive.type));
-    }
-  }
 }
 
 }  // namespace plimo

@@ -1,6 +1,6 @@
-// How the main window begins and ends.
-#include "app/form1.h"
-#include "app/settings_file.h"
+// Start-up and shutdown of the main window.
+#include "settings/settings_file.h"
+#include "window/form1.h"
 
 namespace plimo {
 
@@ -21,26 +21,8 @@ void setHeight(Control& control, double height) {
 
 }  // namespace
 
-Form1::Form1(Dispatcher& dispatcher, Platform machine)
-    : Form(dispatcher, "Form1"), Form1Controls(static_cast<Form&>(*this)), platform(machine) {
-  design();
-  wire();
-}
-
-std::string Form1::ownFile(std::string_view name) const { return platform.files.join(defdir, name); }
-
-void Form1::deleteOwnFile(std::string_view name) {
-  const std::string path = ownFile(name);
-  if (!platform.files.fileExists(path)) return;
-  try {
-    platform.files.deleteFile(path, Force::yes);
-  } catch (const RuntimeError&) {  // ignored: whoever writes the file next meets the reason
-  }
-}
-
 void Form1::Form_Load() {
-  for (Control* control : {static_cast<Control*>(&MediaPlayer1), static_cast<Control*>(&Slider1),
-                           static_cast<Control*>(&Slider2), static_cast<Control*>(&Slider3)}) {
+  for (Control* control : std::initializer_list<Control*>{&MediaPlayer1, &Slider1, &Slider2, &Slider3}) {
     control->setVisible(false);
   }
   setHeight(List1, List2.geometry().height);
@@ -49,12 +31,6 @@ void Form1::Form_Load() {
   frame(Shape2, List1);
   frame(Shape3, List4);
   if (!here) arrayinitialize();
-  dfc1 = List2.foreColour();
-  dbc1 = List2.backColour();
-  dfc2 = List1.foreColour();
-  dbc2 = List1.backColour();
-  dfc3 = List4.foreColour();
-  dbc3 = List4.backColour();
   Picture1.setPicture(Picture2.picture());
   if (here) {
     Geometry geometry = MediaPlayer1.geometry();
@@ -80,9 +56,9 @@ void Form1::Form_Load() {
     bool displayed = false;
     if (platform.files.fileExists(ownFile(settingsName))) {
       displayed = applySettings();
-    } else {  // it went in between
-      fc1 = fc2 = fc3 = 65535;
-      bc1 = bc2 = bc3 = 4194304;
+    } else {  // deleted in the meantime
+      fc1 = fc2 = fc3 = defaultTextColour;
+      bc1 = bc2 = bc3 = defaultBackgroundColour;
     }
     if (!here) {
       if (displayed) {
@@ -102,6 +78,35 @@ void Form1::Form_Load() {
   }
 }
 
+void Form1::large_Click() {
+  showListFrames(true);
+  if (List6.visible()) showlist4();
+  // From a normal window the new size may come later; from any other state it is already known.
+  const bool sizeToCome = comp && windowState() == WindowState::normal;
+  if (comp) restorePlayer();
+  comp = false;
+  here = true;
+  frommenu = true;
+  resizing = true;
+  const double width = scaleWidth();
+  const double height = scaleHeight();
+  setWindowState(WindowState::maximised);
+  const auto layOut = [&] {
+    if (sizeToCome && scaleWidth() == width && scaleHeight() == height) return;
+    resizing = false;
+    Form_Resize();
+  };
+  try {
+    Form_Load();
+  } catch (...) {
+    here = false;
+    frommenu = false;
+    layOut();
+    throw;
+  }
+  layOut();
+}
+
 void Form1::showFirstRun() {
   MediaPlayer1.setVisible(false);
   TreeView1.setVisible(false);
@@ -109,9 +114,7 @@ void Form1::showFirstRun() {
   showListFrames(false);
   Frame2.setVisible(true);
   for (Control* control :
-       {static_cast<Control*>(&List2), static_cast<Control*>(&List1), static_cast<Control*>(&List4),
-        static_cast<Control*>(&List6), static_cast<Control*>(&Function), static_cast<Control*>(&View),
-        static_cast<Control*>(&Settings), static_cast<Control*>(&help)}) {
+       std::initializer_list<Control*>{&List2, &List1, &List4, &List6, &Function, &View, &Settings, &help}) {
     control->setVisible(false);
   }
   Frame1.setVisible(true);

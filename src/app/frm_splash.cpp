@@ -1,9 +1,10 @@
-// The window that comes first. With settings there it shows nothing; without, it slides its picture in and waits.
+// With a settings file the splash window shows nothing; without one it slides its picture in and waits.
 #include <chrono>
 #include <utility>
 
-#include "app/form1.h"
-#include "app/settings_file.h"
+#include "app/frm_splash.h"
+
+#include "settings/settings_file.h"
 
 namespace plimo {
 

@@ -6,7 +6,7 @@ Program::Program(Platform platform)
     : platform_(platform), form1_(dispatcher_, platform), splash_(dispatcher_, platform, [this] { loadMainWindow(); }) {
   dispatcher_.failed = [this](const RuntimeError& error) { failed(error); };
   form1_.unloaded = [this] { finish(status_); };
-  splash_.terminate = [this] { finish(status_); };  // closed before the main window came
+  splash_.terminate = [this] { finish(status_); };  // closed before the main window was loaded
 }
 
 void Program::start() {
@@ -24,7 +24,7 @@ void Program::loadMainWindow() {
 
 void Program::failed(const RuntimeError& error) {
   platform_.dialogs.report(error);
-  form1_.otherdrives = false;
+  form1_.forgetOtherDrives();
   if (startingUp_) finish(1);
 }
 

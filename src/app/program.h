@@ -1,11 +1,12 @@
-// The whole program behind its shell: the windows, what runs their handlers, and how it begins and ends.
+// The whole program without its shell: the windows, the dispatcher of their handlers, start and end.
 #pragma once
 
 #include <functional>
 
-#include "app/form1.h"
+#include "app/frm_splash.h"
 #include "controls/dispatcher.h"
 #include "platform/platform.h"
+#include "window/form1.h"
 
 namespace plimo {
 
@@ -23,10 +24,10 @@ class Program {
   FrmSplash& splash() { return splash_; }
   Form1& form1() { return form1_; }
 
-  // Called once when the program is over, with its exit status: 0, or 1 when an error ended the start-up.
+  // Called once when the program ends, with its exit status: 0, or 1 if an error ended the start-up.
   std::function<void(int status)> ended;
 
-  // Loads the splash window, and the main window where nothing is to be waited for.
+  // Loads the splash window, and the main window unless the splash animation comes first.
   void start();
   bool running() const { return running_; }
   int status() const { return status_; }

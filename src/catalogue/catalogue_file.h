@@ -18,6 +18,8 @@
 
 namespace plimo {
 
+inline constexpr std::string_view catalogueName = "plimo.kvx";
+
 // What a record that breaks off at the catalogue's end means.
 enum class OnTruncation { fail, ignore };
 

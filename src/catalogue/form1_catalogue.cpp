@@ -2,11 +2,12 @@
 #include <algorithm>
 #include <memory>
 
-#include "app/form1.h"
 #include "base/parallel.h"
+#include "catalogue/catalogue_file.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/distinct_artists.h"
 #include "catalogue/song_name.h"
+#include "window/form1.h"
 
 namespace plimo {
 
@@ -51,23 +52,23 @@ void Form1::process() {
   file->commit();
 }
 
-void Form1::display() { listArtists(Reading::anew); }
+void Form1::display() { listArtists(Artists::read); }
 
-void Form1::displayAgain() { listArtists(Reading::known); }
+void Form1::displayAgain() { listArtists(Artists::keep); }
 
-void Form1::listArtists(Reading reading) {
+void Form1::listArtists(Artists source) {
   showListFrames(false);
   TreeView1.setVisible(false);
   List1.clear();
   List2.clear();
   List3.clear();
-  if (reading == Reading::anew) artists.clear();
+  if (source == Artists::read) artists_.clear();
   const std::string path = ownFile(catalogueName);
   if (!platform.files.fileExists(path)) {
     platform.dialogs.message("You need to scan again as the song list file is missing");
   } else {
-    if (reading == Reading::anew) artists = distinctArtists(platform.files, path);
-    const std::vector<std::string_view> texts(artists.begin(), artists.end());
+    if (source == Artists::read) artists_ = distinctArtists(platform.files, path);
+    const std::vector<std::string_view> texts(artists_.begin(), artists_.end());
     List2.addAll(texts);
     for (Picture* picture : {&Picture1, &Picture2, &Picture3, &Picture7}) picture->setVisible(true);
     List1.setVisible(true);

@@ -1,8 +1,11 @@
 // The scan of the chosen drives, and the commands that start one.
-#include "app/form1.h"
-#include "app/settings_file.h"
-#include "base/text.h"
+#include <span>
+#include <utility>
+
 #include "catalogue/song_name.h"
+#include "settings/settings_file.h"
+#include "window/drive_rows.h"
+#include "window/form1.h"
 
 namespace plimo {
 
@@ -11,33 +14,47 @@ namespace {
 // Levels of subfolders that are searched below a drive's root.
 constexpr int searchedLevels = 10;
 
+bool isReady(const Drive& drive, std::string_view letter) {
+  return drive.ready && letter == std::string_view(&drive.letter, 1);
+}
+
+// The roots of the drives that are ready; with letters, of those only, as often as each is named.
+std::vector<std::string> rootsInOrderOfDrives(const std::vector<Drive>& drives,
+                                              const std::vector<std::string>* letters) {
+  std::vector<std::string> roots;
+  for (const Drive& drive : drives) {
+    if (letters == nullptr && drive.ready) roots.push_back(drive.root);
+    if (letters == nullptr) continue;
+    for (const std::string& letter : *letters) {
+      if (isReady(drive, letter)) roots.push_back(drive.root);
+    }
+  }
+  return roots;
+}
+
+std::vector<std::string> rootsInOrderOfRows(const std::vector<Drive>& drives, std::span<const std::string_view> rows) {
+  std::vector<std::string> roots;
+  for (const std::string_view row : rows) {
+    for (const Drive& drive : drives) {
+      if (isReady(drive, driveLetterOf(row))) roots.push_back(drive.root);
+    }
+  }
+  return roots;
+}
+
 }  // namespace
 
 void Form1::scandrives() {
   const std::string settings = ownFile(settingsName);
-  const bool settled = platform.files.fileExists(settings);
-  if (settled) driveletters = readSettings(platform.files, settings).driveLetters;
+  const bool hasSettings = platform.files.fileExists(settings);
+  if (hasSettings) driveLetters_ = readSettings(platform.files, settings).driveLetters;
   for (ListBox* list : {&List1, &List2, &List3, &List4}) list->clear();
 
-  const std::vector<Drive> drives = platform.files.drives();
   std::vector<std::string> roots;
-  if (!otherdrives) {
-    for (const Drive& drive : drives) {
-      if (!drive.ready) continue;
-      if (!settled) roots.push_back(drive.root);
-      for (const std::string& letter : driveletters) {
-        if (settled && letter == std::string_view(&drive.letter, 1)) roots.push_back(drive.root);
-      }
-    }
+  if (std::exchange(otherDrives_, false)) {
+    roots = rootsInOrderOfRows(platform.files.drives(), List7.selectedTexts());
   } else {
-    otherdrives = false;
-    for (std::size_t row = 0; row < List7.count(); ++row) {
-      if (!List7.selected(row)) continue;
-      const std::string_view letter = prefixBefore(List7.text(row), ':');
-      for (const Drive& drive : drives) {
-        if (drive.ready && letter == std::string_view(&drive.letter, 1)) roots.push_back(drive.root);
-      }
-    }
+    roots = rootsInOrderOfDrives(platform.files.drives(), hasSettings ? &driveLetters_ : nullptr);
   }
   const ProgressScope scope(platform.progress, Task::scan);
   for (const std::string& root : roots) {
@@ -63,11 +80,15 @@ bool Form1::findsubfolder(std::string_view folder) {
       });
 }
 
+void Form1::clearForScan() {
+  if (!Option4.value()) deleteCatalogue();
+  for (ListBox* list : {&List1, &List2, &List3, &List4}) list->clear();
+  artists_.clear();
+}
+
 void Form1::Scan_Click() {
   const bool scan = !Option4.value();
-  if (scan) deleteCatalogue();
-  for (ListBox* list : {&List1, &List2, &List3, &List4}) list->clear();
-  artists.clear();
+  clearForScan();
   if (scan) {
     deleteCatalogue();
     scandrives();
@@ -90,11 +111,9 @@ void Form1::sodf_Click() {
 }
 
 void Form1::Command17_Click() {
-  if (!Option4.value()) deleteCatalogue();
-  for (ListBox* list : {&List1, &List2, &List3, &List4}) list->clear();
-  artists.clear();
+  clearForScan();
   Frame5.setVisible(false);
-  otherdrives = true;
+  otherDrives_ = true;
   scandrives();
   process();
   display();

@@ -4,12 +4,14 @@
 
 namespace plimo {
 
-SongPaths::SongPaths(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> names) {
+SongPaths::SongPaths(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> names,
+                     OnTruncation truncation) {
   if (names.empty()) return;
   CatalogueFile open(files, catalogue);
   join_.emplace(
-      open, names, OnTruncation::fail, [](const CatalogueRecord& record) { return displayName(record.title); },
+      open, names, truncation, [](const CatalogueRecord& record) { return displayName(record.title); },
       [](const CatalogueRecord& record, PathArena& texts) { return texts.store(record.path); });
+  truncation_ = open.truncation();
 }
 
 std::optional<std::string> firstPath(FileSystemObject& files, const std::string& catalogue, std::string_view name) {

@@ -18,17 +18,21 @@ namespace plimo {
 // equals it exactly; a title without a "." matches none.
 class SongPaths {
  public:
-  // Reads the catalogue once, to its end; with no names, not at all. Throws as opening it does, and 62 where a record
-  // breaks off.
-  SongPaths(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> names);
+  // Reads the catalogue once, to its end; without names, not at all. Throws as opening it does, and 62 if its last
+  // record is truncated and that is to fail.
+  SongPaths(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> names,
+            OnTruncation truncation = OnTruncation::fail);
 
   // The paths for the name at this place in the list, in record order; good as long as this object.
   std::span<const StoredPath> of(std::size_t name) const {
     return join_ ? join_->of(name) : std::span<const StoredPath>();
   }
+  // Set if the catalogue's last record is truncated and that was ignored.
+  const std::optional<RuntimeError>& truncation() const { return truncation_; }
 
  private:
   std::optional<CatalogueJoin<StoredPath, PathArena>> join_;
+  std::optional<RuntimeError> truncation_;
 };
 
 // The path of the first record that matches the name; reads no further. Throws as SongPaths does.

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/colour.h"
+
 namespace plimo {
 
 class Form;
@@ -21,9 +23,6 @@ struct Geometry {
   double height = 0;
   friend bool operator==(const Geometry&, const Geometry&) = default;
 };
-
-// red + 256 * green + 65536 * blue, each 0 to 255.
-using Colour = long;
 
 enum class Property { visible, enabled, caption, tooltip, geometry, colours, picture, value, contents, interval };
 

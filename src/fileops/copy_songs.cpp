@@ -1,23 +1,27 @@
 #include "fileops/copy_songs.h"
 
 #include "base/errors.h"
-#include "fileops/matching_files.h"
+#include "catalogue/song_lookup.h"
 
 namespace plimo {
 
 void copySongs(FileSystemObject& files, Progress& progress, const std::string& catalogue, const CopyRequest& request,
                const std::string& folder, const std::function<void(std::string_view name)>& present) {
-  const MatchingFiles found(files, catalogue, request.names);
+  if (request.names.empty()) {  // each row is looked up, selected or not, so a damaged catalogue is reported
+    CatalogueFile(files, catalogue).read([](const CatalogueRecord&) { return true; });
+    return;
+  }
+  const SongPaths found(files, catalogue, request.names, OnTruncation::ignore);
   ProgressUpdate update;
   for (std::size_t name = 0; name < request.names.size(); ++name) update.total += found.of(name).size();
-  // The catalogue's broken end is met behind the first row's files; only they can have made errors be ignored before.
-  const bool ignoredByThen = request.firstRowSelected && !found.of(0).empty();
-  if (found.truncation() && !ignoredByThen) throw *found.truncation();
+  // The truncated record is read after the first row's files; only copying those makes errors be ignored before that.
+  const bool alreadyIgnored = request.firstRowSelected && !found.of(0).empty();
+  if (found.truncation() && !alreadyIgnored) throw *found.truncation();
 
   ProgressScope scope(progress, Task::copy);
   for (std::size_t name = 0; name < request.names.size(); ++name) {
-    for (const StoredPath& kept : found.of(name)) {
-      const std::string path = kept.text();
+    for (const StoredPath& stored : found.of(name)) {
+      const std::string path = stored.text();
       ++update.done;
       update.name = files.fileName(path);
       update.bytes = update.size = 0;

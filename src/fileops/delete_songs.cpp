@@ -1,13 +1,13 @@
 #include "fileops/delete_songs.h"
 
-#include "fileops/matching_files.h"
+#include "catalogue/song_lookup.h"
 
 namespace plimo {
 
 void deleteSongs(FileSystemObject& files, Progress& progress, const std::string& catalogue,
                  std::span<const std::string_view> names) {
   if (names.empty()) return;
-  const MatchingFiles found(files, catalogue, names);
+  const SongPaths found(files, catalogue, names, OnTruncation::ignore);
   ProgressUpdate update;
   for (std::size_t name = 0; name < names.size(); ++name) update.total += found.of(name).size();
   ProgressScope scope(progress, Task::deletion);

@@ -1,8 +1,9 @@
 // Copying the selected songs' files: the panel that asks where to, and the copying.
 #include <vector>
 
-#include "app/form1.h"
+#include "catalogue/catalogue_file.h"
 #include "fileops/copy_songs.h"
+#include "window/form1.h"
 
 namespace plimo {
 
@@ -44,11 +45,7 @@ void Form1::cop_Click() {
   Frame4.setVisible(true);
 }
 
-void Form1::Drive2_Change() {
-  for (const DriveList::Entry& drive : Drive2.entries()) {
-    if (drive.letter == Drive2.drive()) Dir2.setPath(drive.root);
-  }
-}
+void Form1::Drive2_Change() { showDrive(Drive2, Dir2); }
 
 void Form1::Dir2_Change() {}
 

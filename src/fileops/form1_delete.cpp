@@ -1,35 +1,9 @@
 // Deleting the song files behind the scratch playlist's rows.
-#include "app/form1.h"
+#include "catalogue/catalogue_file.h"
 #include "fileops/delete_songs.h"
+#include "window/form1.h"
 
 namespace plimo {
-
-namespace {
-
-void offerScan(Form1& form) {
-  if (!form.platform.dialogs.question(
-          "The Files have been deleted! Do you want to re-scan your hard drive for Mp3s? ")) {
-    return;
-  }
-  if (form.Option4.value()) {
-    form.platform.dialogs.message(
-        "You have chosen not to scan any drive in 'Preferences'. Please choose to scan this drive in preferences to "
-        "incorporate the changes");
-  } else {
-    form.Scan_Click();
-  }
-}
-
-void deleteFilesOf(Form1& form, const ListBox& list, const char* failureMessage) {
-  try {
-    deleteSongs(form.platform.files, form.platform.progress, form.ownFile(catalogueName), list.texts());
-  } catch (const RuntimeError&) {
-    form.platform.dialogs.message(failureMessage);
-  }
-  offerScan(form);
-}
-
-}  // namespace
 
 void Form1::Command10_Click() {
   foldSongStrip();
@@ -49,11 +23,33 @@ void Form1::ds_Click() { Command10_Click(); }
 
 void Form1::deleteselectedfiles() {
   List3.assign(List1, List1.selectedRows());
-  deleteFilesOf(*this, List3, "The File(s) could not be deleted due to some mysterical problem!");
+  deleteFilesOf(List3, "The File(s) could not be deleted due to some mysterical problem!");
 }
 
 void Form1::deleteallfiles() {
-  deleteFilesOf(*this, List1, "The file(s) could not be deleted due to some mysterical problem!");
+  deleteFilesOf(List1, "The file(s) could not be deleted due to some mysterical problem!");
+}
+
+void Form1::offerScan() {
+  if (!platform.dialogs.question("The Files have been deleted! Do you want to re-scan your hard drive for Mp3s? ")) {
+    return;
+  }
+  if (Option4.value()) {
+    platform.dialogs.message(
+        "You have chosen not to scan any drive in 'Preferences'. Please choose to scan this drive in preferences to "
+        "incorporate the changes");
+  } else {
+    Scan_Click();
+  }
+}
+
+void Form1::deleteFilesOf(const ListBox& list, const char* failureMessage) {
+  try {
+    deleteSongs(platform.files, platform.progress, ownFile(catalogueName), list.texts());
+  } catch (const RuntimeError&) {
+    platform.dialogs.message(failureMessage);
+  }
+  offerScan();
 }
 
 }  // namespace plimo

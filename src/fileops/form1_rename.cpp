@@ -1,42 +1,37 @@
 // Renaming the song file behind the scratch playlist's current row.
-#include "app/form1.h"
 #include "catalogue/song_lookup.h"
 #include "fileops/rename_target.h"
+#include "window/form1.h"
 
 namespace plimo {
 
-namespace {
-
-// Throws 53 where the list has no current row, or the catalogue no such song.
-std::string currentSong(Form1& form) {
+// The path of the current row's song. Throws 53 if there is no current row or no record of the song.
+std::string Form1::currentSong() {
   std::optional<std::string> path;
-  if (form.List1.current()) {
-    path = firstPath(form.platform.files, form.ownFile(catalogueName), form.List1.currentText());
+  if (List1.current()) {
+    path = firstPath(platform.files, ownFile(catalogueName), List1.currentText());
   }
-  if (!path) throw RuntimeError(ErrorNumber::fileNotFound, form.List1.currentText());
+  if (!path) throw RuntimeError(ErrorNumber::fileNotFound, List1.currentText());
   return *path;
 }
 
-// The old file goes only when the new one stands there whole.
-void moveFile(Form1& form, const std::string& from, const std::string& to) {
-  FileSystemObject& files = form.platform.files;
-  ProgressScope progress(form.platform.progress, Task::copy);
-  files.copyFile(from, to, true, [&](std::uint64_t copied, std::uint64_t size) {
-    progress.update({.done = 1, .total = 1, .name = files.fileName(to), .bytes = copied, .size = size});
+// Deletes the old file only after the new one is complete.
+void Form1::moveSong(const std::string& from, const std::string& to) {
+  ProgressScope scope(platform.progress, Task::copy);
+  platform.files.copyFile(from, to, true, [&](std::uint64_t copied, std::uint64_t size) {
+    scope.update({.done = 1, .total = 1, .name = platform.files.fileName(to), .bytes = copied, .size = size});
   });
-  files.deleteFile(from, Force::no);
+  platform.files.deleteFile(from, Force::no);
 }
 
-}  // namespace
-
 void Form1::rename_Click() {
-  const std::string path = currentSong(*this);
+  const std::string path = currentSong();
   const std::string name = platform.dialogs.input("Rename",
                                                   "Please enter the new name for this file (without the extension) \r\n"
                                                   "EXISTING FILES WILL BE OVERWRITTEN SO DON'T BLAME ME LATER!",
                                                   std::string(proposedName(platform.files.fileName(path))));
   if (name.empty()) return;
-  moveFile(*this, path, renamedPath(platform.files, path, name));
+  moveSong(path, renamedPath(platform.files, path, name));
   List1.remove(*List1.current());
   if (!platform.dialogs.question(
           "Would you like to Re-scan your hard drive to incorporate the changes (RECOMMENDED)?")) {

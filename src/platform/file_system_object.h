@@ -13,6 +13,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/errors.h"
+
 namespace plimo {
 
 enum class DriveType { unknown = 0, removable = 1, fixed = 2, network = 3, cdrom = 4, ramdisk = 5 };
@@ -142,6 +144,15 @@ class FileSystemObject {
   virtual void copyFile(std::string_view from, std::string_view to, bool overwrite,
                         const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress = {}) = 0;
 };
+
+// Deletes one of the program's own files, with force. Failures are ignored: whatever writes the file next reports them.
+inline void deleteIfPresent(FileSystemObject& files, std::string_view path) {
+  if (!files.fileExists(path)) return;
+  try {
+    files.deleteFile(path, Force::yes);
+  } catch (const RuntimeError&) {
+  }
+}
 
 // Writes a whole file in one step: replaceFile, write, commit.
 inline void replaceWhole(FileSystemObject& files, std::string_view path, std::string_view content, Force force) {

@@ -3,9 +3,9 @@
 #include <charconv>
 #include <cmath>
 
-#include "app/form1.h"
 #include "base/errors.h"
 #include "base/text.h"
+#include "window/caption.h"
 
 namespace plimo {
 
@@ -34,7 +34,7 @@ std::string minutesAndSeconds(double seconds) {
 }
 
 std::string lengthCaption(std::string_view length) {
-  return std::string(captionAfterScan).append("  Total length of current song ").append(length);
+  return std::string(creditCaption).append("  Total length of current song ").append(length);
 }
 
 std::string elapsedCaption(std::string_view length, std::string_view elapsed) {

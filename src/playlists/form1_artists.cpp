@@ -1,8 +1,9 @@
 // Ticking artists fills the scratch playlist.
 #include <numeric>
 
-#include "app/form1.h"
+#include "catalogue/catalogue_file.h"
 #include "playlists/artist_songs.h"
+#include "window/form1.h"
 
 namespace plimo {
 

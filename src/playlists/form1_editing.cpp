@@ -1,5 +1,5 @@
 // Songs go from the scratch playlist to the final one, and off both.
-#include "app/form1.h"
+#include "window/form1.h"
 
 namespace plimo {
 

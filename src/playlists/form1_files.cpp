@@ -1,14 +1,12 @@
 // Opening a playlist, and saving the final one.
 #include <optional>
 
-#include "app/form1.h"
-#include "base/quoted_format.h"
-#include "base/text.h"
 #include "catalogue/catalogue_join.h"
 #include "catalogue/song_lookup.h"
 #include "catalogue/song_name.h"
 #include "playlists/artist_songs.h"
 #include "playlists/m3u.h"
+#include "window/form1.h"
 
 namespace plimo {
 
@@ -17,33 +15,18 @@ namespace {
 // What the dialogs open with, and what they give back when they are cancelled.
 constexpr const char* anyPlaylist = "*.m3u";
 
-bool namesPlaylist(std::string_view name) {
-  return name.size() >= 3 && upperAscii(name.substr(name.size() - 3)) == "M3U";
-}
-
-// The items of a playlist: most of them stand in its content, the others are kept in `texts`.
-std::vector<std::string_view> readPlaylist(std::string_view content, const std::string& path, StringArena& texts) {
-  QuotedReader reader(content, path);
-  std::vector<std::string_view> items;
-  while (!reader.atEnd()) {
-    const std::string_view text = reader.next().text;
-    items.push_back(isSubview(content, text) ? text : texts.store(text));
-  }
-  return items;
-}
-
 struct Song {
   std::string_view artist;
   std::string_view title;
 };
 
-// Whatever ends an opening or a saving leaves the strips folded and the play picture in sight.
-class PanelsAtEnd {
+// Folds the strips and shows the play picture, however opening or saving is left.
+class FoldStripsAtEnd {
  public:
-  explicit PanelsAtEnd(Form1& form) : form_(form) {}
-  PanelsAtEnd(const PanelsAtEnd&) = delete;
-  PanelsAtEnd& operator=(const PanelsAtEnd&) = delete;
-  ~PanelsAtEnd() {
+  explicit FoldStripsAtEnd(Form1& form) : form_(form) {}
+  FoldStripsAtEnd(const FoldStripsAtEnd&) = delete;
+  FoldStripsAtEnd& operator=(const FoldStripsAtEnd&) = delete;
+  ~FoldStripsAtEnd() {
     form_.foldAllStrips();
     form_.Picture7.setVisible(true);
   }
@@ -55,7 +38,7 @@ class PanelsAtEnd {
 }  // namespace
 
 void Form1::Command3_Click() {
-  const PanelsAtEnd panels(*this);
+  const FoldStripsAtEnd foldStrips(*this);
   foldAllStrips();
   for (Picture* picture : {&Picture2, &Picture3, &Picture7}) picture->setVisible(false);
   List3.clear();
@@ -63,7 +46,7 @@ void Form1::Command3_Click() {
       platform.dialogs.openFile({"Open your play list file", anyPlaylist, platform.files.join(defdir, "")})
           .value_or(anyPlaylist);
   if (name == anyPlaylist) return;
-  if (!namesPlaylist(name)) {
+  if (!isPlaylistFile(name)) {
     foldAllStrips();
     Picture7.setVisible(true);
     platform.dialogs.message("Sorry, you can only open a playlist! Try again!");
@@ -133,7 +116,7 @@ std::vector<std::size_t> Form1::rowsOfArtists() {
 
 void Form1::Command4_Click() {
   const bool makeDefault = platform.dialogs.question("Would you like to make this the default play list ?");
-  const PanelsAtEnd panels(*this);
+  const FoldStripsAtEnd foldStrips(*this);
   foldAllStrips();
   Picture3.setVisible(false);
   std::string target;
@@ -152,13 +135,10 @@ void Form1::Command4_Click() {
       break;
     }
   }
-  const auto file = platform.files.replaceFile(target, force);  // a target that cannot be written is told first
-  const std::vector<std::string_view> songs = List4.texts();
-  const SongPaths paths(platform.files, ownFile(catalogueName), songs);
-  writePlaylist(*file, paths, songs.size());
+  const SongPaths paths = writePlaylist(platform.files, target, force, ownFile(catalogueName), List4.texts());
   const std::string standard = ownFile(defaultPlaylistName);
   if (makeDefault && !platform.files.sameFile(target, standard)) {
-    writePlaylist(*platform.files.replaceFile(standard, Force::yes), paths, songs.size());
+    writePlaylist(*platform.files.replaceFile(standard, Force::yes), paths, List4.count());
   }
 }
 

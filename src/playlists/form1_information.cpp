@@ -1,6 +1,6 @@
 // Counts as tooltips, the information box, the hotkeys explained.
-#include "app/form1.h"
 #include "catalogue/song_lookup.h"
+#include "window/form1.h"
 
 namespace plimo {
 

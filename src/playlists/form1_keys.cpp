@@ -1,6 +1,6 @@
 // What the song lists do at single keys, and their pop-up menus.
-#include "app/form1.h"
 #include "playlists/row_operations.h"
+#include "window/form1.h"
 
 namespace plimo {
 
@@ -41,7 +41,7 @@ void Form1::List1_KeyPress(char KeyAscii) {
       List4.setTop(static_cast<long>(List4.count()) - 1);
       break;
     case enter:
-      if (List1.current()) playSongAlone(List1.currentText(), true);
+      if (List1.current()) playOne(List1.currentText(), false);
       break;
     case ' ':
       addCurrentSong();
@@ -85,7 +85,7 @@ void Form1::List6_KeyPress(char KeyAscii) {
 void Form1::finalListKey(ListBox& list, char KeyAscii) {
   switch (KeyAscii) {
     case 'q':
-      if (list.current()) pickedup = list.currentText();
+      if (list.current()) pickedUp_ = list.currentText();
       list.clearSelection();
       break;
     case 'c':
@@ -103,7 +103,7 @@ void Form1::finalListKey(ListBox& list, char KeyAscii) {
       removeCurrentSong(list);
       break;
     case enter:
-      if (list.current()) playSongAlone(list.currentText(), false);
+      if (list.current()) playOne(list.currentText(), winamp1);
       break;
     default:
       break;
@@ -112,17 +112,17 @@ void Form1::finalListKey(ListBox& list, char KeyAscii) {
 
 void Form1::drop() {
   List6.clearSelection();
-  if (pickedup.empty() || !List6.current()) return;
+  if (pickedUp_.empty() || !List6.current()) return;
   const std::vector<std::size_t> targets = List6.findAll(List6.currentText());
-  std::vector<std::size_t> songs = List6.findAll(pickedup);
+  std::vector<std::size_t> songs = List6.findAll(pickedUp_);
   if (songs.empty()) {  // picked up, and removed since
     songs.push_back(List6.count());
-    List6.add(pickedup);
+    List6.add(pickedUp_);
   }
   List6.assign(List6, orderAfterDrop(List6.count(), songs, targets));
   List3.clear();
-  List6.setCurrent(List6.find(pickedup));
-  pickedup.clear();
+  List6.setCurrent(List6.find(pickedUp_));
+  pickedUp_.clear();
 }
 
 void Form1::List1_MouseDown() { popUp(popy); }

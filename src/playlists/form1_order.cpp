@@ -1,16 +1,8 @@
-// Shuffle and sort, and which of the two final lists shows.
-#include "app/form1.h"
+// Shuffle and sort.
 #include "playlists/row_operations.h"
+#include "window/form1.h"
 
 namespace plimo {
-
-ListBox& Form1::finalList() { return List4.visible() ? List4 : List6; }
-
-void Form1::swapFinalLists(ListBox& shown, ListBox& hidden) {
-  shown.setVisible(true);
-  if (focus() == &hidden) setFocus(&shown);
-  hidden.setVisible(false);
-}
 
 void Form1::Shuffle_Click() {
   const bool hadCurrent = finalList().current().has_value();
@@ -31,11 +23,6 @@ void Form1::sort_Click() {
   List4.assign(List8);
   swapFinalLists(List4, List6);
   List4.setCurrent(hadCurrent ? List4.find(current) : std::nullopt);
-}
-
-void Form1::showlist4() {
-  List4.assign(List6);
-  swapFinalLists(List4, List6);
 }
 
 }  // namespace plimo

@@ -1,11 +1,34 @@
 #include "playlists/m3u.h"
 
-#include <string>
+#include "base/quoted_format.h"
+#include "base/text.h"
 
 namespace plimo {
 
+bool isPlaylistFile(std::string_view name) {
+  return name.size() >= 3 && upperAscii(name.substr(name.size() - 3)) == "M3U";
+}
+
+std::vector<std::string_view> readPlaylist(std::string_view content, const std::string& path, StringArena& unescaped) {
+  QuotedReader reader(content, path);
+  std::vector<std::string_view> values;
+  while (!reader.atEnd()) {
+    const std::string_view value = reader.next().text;
+    values.push_back(isSubview(content, value) ? value : unescaped.store(value));
+  }
+  return values;
+}
+
+SongPaths writePlaylist(FileSystemObject& files, const std::string& playlist, Force force, const std::string& catalogue,
+                        std::span<const std::string_view> songs) {
+  const auto file = files.replaceFile(playlist, force);  // a target that cannot be written is reported first
+  SongPaths paths(files, catalogue, songs);
+  writePlaylist(*file, paths, songs.size());
+  return paths;
+}
+
 void writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t songs) {
-  constexpr std::size_t pieceSize = std::size_t{1} << 20;  // bytes that go to the disk at once
+  constexpr std::size_t pieceSize = std::size_t{1} << 20;  // bytes per write
   std::string piece;
   for (std::size_t song = 0; song < songs; ++song) {
     for (const StoredPath& path : paths.of(song)) {

@@ -1,18 +1,35 @@
-// Playlist files: the full path of one song a line, each line ended by CR LF, nothing else.
+// Playlist files: the full path of one song per line, each line ended by CR LF, nothing else.
 #pragma once
 
 #include <cstddef>
+#include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
+#include "base/string_arena.h"
 #include "catalogue/song_lookup.h"
 #include "platform/file_system_object.h"
 
 namespace plimo {
 
 inline constexpr std::string_view defaultPlaylistName = "default.m3u";
-inline constexpr std::string_view playQueueName = "list.m3u";
+inline constexpr std::string_view playQueueName = "list.m3u";  // what is being played
 
-// Writes the paths of the first `songs` songs' records, song by song, and commits the file. Throws as writing does.
+// True for a name that ends in "m3u" in any case.
+bool isPlaylistFile(std::string_view name);
+
+// The values of a playlist's content, in order: a comma ends a value, too. Views into the content, or into `unescaped`
+// if quotes had to be removed. `path` is the file named in errors.
+std::vector<std::string_view> readPlaylist(std::string_view content, const std::string& path, StringArena& unescaped);
+
+// Replaces the playlist by the paths of all records of each song, in order; a song without a record is left out. The
+// catalogue is read once, to its end; without songs, not at all. Returns the paths, so that they can be written again.
+// Throws as reading the catalogue and writing the playlist do; the old playlist stays then.
+SongPaths writePlaylist(FileSystemObject& files, const std::string& playlist, Force force, const std::string& catalogue,
+                        std::span<const std::string_view> songs);
+
+// Writes the paths of the first `songs` songs and commits the file. Throws as writing does.
 void writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t songs);
 
 }  // namespace plimo

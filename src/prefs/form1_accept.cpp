@@ -1,11 +1,12 @@
 // The settings panel's Accept.
-#include <vector>
+#include <utility>
+#include "window/form1.h"
 
-#include "app/form1.h"
-#include "app/settings_file.h"
-#include "base/quoted_format.h"
-#include "prefs/settings_choice.h"
+#include "catalogue/catalogue_file.h"
 #include "prefs/winamp_folder.h"
+#include "settings/settings_file.h"
+#include "settings/winamp_path.h"
+#include "window/drive_rows.h"
 
 namespace plimo {
 
@@ -22,26 +23,27 @@ void Form1::Command5_Click() {
   List2.clear();
   List1.clear();
   List4.clear();
-  if (discard) {
+  const bool discarded = std::exchange(discard, false);
+  if (discarded) {
     deleteOwnFile(settingsName);
-  } else if (!writeSettings()) {
+  } else if (!writeChosenSettings()) {
     return;
   }
-  discard = false;
   if (Check6.ticked()) {
     platform.dialogs.message("Please use the slider bars to customize the colour of Plimo!");
     openColourEditor();
-  } else {
+  } else if (discarded) {
     accept_Click();
+  } else {
+    deleteOwnFile(temporarySettingsName);
+    leavesettings();
   }
 }
 
 void Form1::findWinamp() {
   if (makethefile) {
     if (const auto found = winampIn(platform.files, Dir1.path())) {
-      std::string content;
-      writeText(content, winampPath(platform.files, Dir1.path(), *found));
-      replaceWhole(platform.files, ownFile(winampPathName), content, Force::yes);
+      writeWinampPath(platform.files, ownFile(winampPathName), winampPath(platform.files, Dir1.path(), *found));
       makethefile = false;
       invalidpath = 0;
       return;
@@ -57,30 +59,31 @@ void Form1::findWinamp() {
   }
 }
 
-bool Form1::writeSettings() {
+bool Form1::writeChosenSettings() {
   if (List5.selectedCount() > 0) {
     Option5.setValue(true);
   } else {
     Option4.setValue(true);
     if (!platform.files.fileExists(ownFile(catalogueName))) {
-      // Nothing would ever be listed. The panel stays as it stands, and the next start is a first one.
+      // Nothing would ever be listed. The panel stays as it is, and the next start is a first one.
       deleteOwnFile(settingsName);
       return false;
     }
   }
   winamp1 = Check3.ticked() && platform.files.fileExists(ownFile(winampPathName)) && invalidpath != -1;
   if (Option4.value()) onlysort = true;
-  std::vector<std::string_view> ticked;
-  for (std::size_t row = 0; row < List5.count(); ++row) {
-    if (List5.selected(row)) ticked.push_back(List5.text(row));
+  PanelSettings panel{.useWinamp = Check3.ticked(),
+                      .noScan = Option4.value(),
+                      .scan = Option5.value(),
+                      .driveLetters = {},
+                      .splash = Check4.ticked(),
+                      .compact = Check5.ticked()};
+  for (const std::string_view row : List5.selectedTexts()) panel.driveLetters.emplace_back(driveLetterOf(row));
+  if (Check6.ticked()) {
+    writePanelSettings(platform.files, ownFile(settingsName), panel);  // the colour editor completes it
+  } else {
+    writeSettings(platform.files, ownFile(settingsName), panel, listColours());
   }
-  const std::string content = settingsText({.useWinamp = Check3.ticked(),
-                                            .noScan = Option4.value(),
-                                            .scan = Option5.value(),
-                                            .drives = driveText(ticked),
-                                            .splash = Check4.ticked(),
-                                            .compact = Check5.ticked()});
-  replaceWhole(platform.files, ownFile(settingsName), content, Force::yes);
   List5.clear();
   fromsettings = true;
   return true;

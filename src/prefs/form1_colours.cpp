@@ -1,16 +1,12 @@
 // The colour editor, and the way back from it and from the settings panel to the lists.
 #include <algorithm>
 
-#include "app/form1.h"
-#include "app/settings_file.h"
-#include "prefs/colour_scheme.h"
+#include "settings/settings_file.h"
+#include "window/form1.h"
 
 namespace plimo {
 
 namespace {
-
-constexpr Colour white = 16777215;
-constexpr Colour black = 0;
 
 constexpr std::string_view artistSample[] = {" ", "This is the Artist Playlist"};
 constexpr std::string_view scratchSample[] = {"   ",
@@ -29,31 +25,16 @@ constexpr std::string_view finalSample[] = {"   ", "This is the Final Playlist"}
 // Removes the last row with each of the texts.
 void removeSample(ListBox& list, std::span<const std::string_view> sample) {
   std::vector<std::size_t> removed;
-  const auto counted = [&removed](std::size_t row) {
+  const auto alreadyCounted = [&removed](std::size_t row) {
     return std::find(removed.begin(), removed.end(), row) != removed.end();
   };
   for (const std::string_view text : sample) {
     std::size_t row = list.count();
-    while (row > 0 && (list.text(row - 1) != text || counted(row - 1))) --row;
+    while (row > 0 && (list.text(row - 1) != text || alreadyCounted(row - 1))) --row;
     if (row > 0) removed.push_back(row - 1);
   }
   std::sort(removed.begin(), removed.end());
   list.removeAll(removed);
-}
-
-void showEditor(Form1& form, bool shown) {
-  for (Control* control :
-       std::initializer_list<Control*>{&form.Slider1, &form.Slider2, &form.Slider3, &form.Option1, &form.Option2,
-                                       &form.Option3, &form.accept, &form.cancel, &form.Check1, &form.Check2}) {
-    control->setVisible(shown);
-  }
-}
-
-ListBox* chosenList(Form1& form) {
-  if (form.Option1.value()) return &form.List2;
-  if (form.Option2.value()) return &form.List1;
-  if (form.Option3.value()) return &form.List4;
-  return nullptr;
 }
 
 }  // namespace
@@ -66,11 +47,18 @@ void Form1::openColourEditor() {
   Frame1.setVisible(false);
   hidePictures();
   for (ListBox* list : {&List2, &List1, &List4}) list->setVisible(true);
-  showEditor(*this, true);
+  showEditor(true);
+}
+
+void Form1::showEditor(bool visible) {
+  for (Control* control : std::initializer_list<Control*>{&Slider1, &Slider2, &Slider3, &Option1, &Option2, &Option3,
+                                                          &accept, &cancel, &Check1, &Check2}) {
+    control->setVisible(visible);
+  }
 }
 
 void Form1::recolour() {
-  ListBox* const list = chosenList(*this);
+  ListBox* const list = Option1.value() ? &List2 : Option2.value() ? &List1 : Option3.value() ? &List4 : nullptr;
   if (list == nullptr) return;
   const Colour colour = mixColour(Slider1.value(), Slider2.value(), Slider3.value());
   if (Check1.ticked()) list->setForeColour(colour);
@@ -90,33 +78,24 @@ void Form1::Slider3_Scroll() { recolour(); }
 void Form1::Slider3_Click() { recolour(); }
 void Form1::Slider3_KeyUp() { recolour(); }
 
-void Form1::storeColours(const std::array<Colour, 6>& scheme) {
-  const std::string settings = ownFile(settingsName);
-  std::string firstSix(noSettings);
-  if (platform.files.fileExists(settings)) {
-    firstSix = rewriteFirstSix(platform.files.openForReading(settings)->bytes(), settings);
-  }
-  const std::string content = settingsWithScheme(firstSix, scheme);
-  replaceWhole(platform.files, ownFile(newSettingsName), content, Force::yes);
-  try {
-    replaceWhole(platform.files, settings, content, Force::yes);
-  } catch (const RuntimeError&) {
-    deleteOwnFile(newSettingsName);
-    throw;
-  }
-  deleteOwnFile(newSettingsName);
+void Form1::storeColours(const ColourScheme& scheme) {
+  storeScheme(platform.files, ownFile(settingsName), ownFile(temporarySettingsName), scheme);
+}
+
+ColourScheme Form1::listColours() const {
+  return {List2.foreColour(), List2.backColour(), List1.foreColour(),
+          List1.backColour(), List4.foreColour(), List4.backColour()};
 }
 
 void Form1::accept_Click() {
-  storeColours({List2.foreColour(), List2.backColour(), List1.foreColour(), List1.backColour(), List4.foreColour(),
-                List4.backColour()});
+  storeColours(listColours());
   leavesettings();
 }
 
 void Form1::cancel_Click() {
   for (ListBox* list : {&List2, &List1, &List4}) {
-    list->setForeColour(white);
-    list->setBackColour(black);
+    list->setForeColour(whiteColour);
+    list->setBackColour(blackColour);
   }
   storeColours({fc1, bc1, fc2, bc2, fc3, bc3});
   leavesettings();
@@ -132,7 +111,7 @@ void Form1::leavesettings() {
   sampledList_ = nullptr;
   List1.setVisible(true);
   List4.setVisible(true);
-  showEditor(*this, false);
+  showEditor(false);
   fromsettings = false;
   for (Menu* menu : {&Function, &View, &help, &Settings}) menu->setVisible(true);
   if (!settingscancelled) Scan_Click();  // it clears the lists first

@@ -1,9 +1,10 @@
 // The settings panel: how it opens, and how its controls keep in step.
-#include "app/form1.h"
-#include "app/settings_file.h"
 #include "base/text.h"
-#include "prefs/settings_choice.h"
 #include "prefs/winamp_folder.h"
+#include "settings/settings_file.h"
+#include "settings/winamp_path.h"
+#include "window/drive_rows.h"
+#include "window/form1.h"
 
 namespace plimo {
 
@@ -30,7 +31,7 @@ void Form1::Preferences_Click() {
 void Form1::showSettings() {
   Option4.setVisible(true);
   const SavedSettings settings = readSettings(platform.files, ownFile(settingsName));
-  driveletters = settings.driveLetters;
+  driveLetters_ = settings.driveLetters;
   if (settings.useWinamp.equals(1)) {
     Check3.setValue(1);
     showWinampChooser(true);
@@ -43,17 +44,17 @@ void Form1::showSettings() {
   if (settings.scan.isTrue()) Option5.setValue(true);
 }
 
-void Form1::showWinampChooser(bool shown) {
-  if (shown) {
+void Form1::showWinampChooser(bool visible) {
+  if (visible) {
     Drive1.refresh();
     if (Dir1.path().empty()) {  // never shown before
       Dir1.setPath(defdir);
       Drive1.setDrive(driveHolding(platform.files, Drive1.entries(), defdir));
     }
   }
-  Label1.setVisible(shown);
-  Drive1.setVisible(shown);
-  Dir1.setVisible(shown);
+  Label1.setVisible(visible);
+  Drive1.setVisible(visible);
+  Dir1.setVisible(visible);
 }
 
 void Form1::showWinampFolder() {
@@ -66,7 +67,7 @@ void Form1::showWinampFolder() {
 
 void Form1::tickDrivesToScan() {
   for (std::size_t row = 0; row < List5.count(); ++row) {
-    for (const std::string& letter : driveletters) {
+    for (const std::string& letter : driveLetters_) {
       if (compareFolded(driveLetterOf(List5.text(row)), letter) == 0) List5.setSelected(row, true);
     }
   }
@@ -77,11 +78,7 @@ void Form1::Check3_Click() {
   makethefile = Check3.ticked();
 }
 
-void Form1::Drive1_Change() {
-  for (const DriveList::Entry& drive : Drive1.entries()) {
-    if (drive.letter == Drive1.drive()) Dir1.setPath(drive.root);
-  }
-}
+void Form1::Drive1_Change() { showDrive(Drive1, Dir1); }
 
 void Form1::List5_Click() {
   if (List5.selectedCount() > 0) Option5.setValue(true);

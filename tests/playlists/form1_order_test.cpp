@@ -80,12 +80,22 @@ class Order : public testing::Test {
     paper_ = {};
     paper_.large = songs;
     Form1& form = program_.form();
+    dropWhatIsPickedUp();
     form.List4.clear();
     form.List6.clear();
     for (const std::string& song : songs) form.List4.add(song);
     form.List4.setVisible(true);
     form.List6.setVisible(false);
-    form.pickedup.clear();
+  }
+
+  void dropWhatIsPickedUp() {
+    Form1& form = program_.form();
+    if (form.pickedUp().empty()) return;
+    form.List6.clear();
+    form.List6.add("target");
+    form.List6.setCurrent(0);
+    form.List6.userKey('w');
+    ASSERT_TRUE(form.pickedUp().empty());
   }
 
   // A command by its letter: Shuffle, sOrt, and the keys q, w and x on a row.

@@ -1,5 +1,5 @@
 // The welcome and the credits.
-#include "app/form1.h"
+#include "window/form1.h"
 
 namespace plimo {
 

@@ -1,4 +1,4 @@
-#include "playback/play_queue.h"
+#include "playlists/m3u.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ constexpr const char* catalogue = R"(C:\Plimo\plimo.kvx)";
 
 using Names = std::vector<std::string_view>;
 
-class RunFile : public testing::Test {
+class Playlist : public testing::Test {
  protected:
   // Paths and titles.
   void catalogueOf(const std::vector<std::pair<std::string, std::string>>& songs, const std::string& rest = {}) {
@@ -27,7 +27,7 @@ class RunFile : public testing::Test {
 
   ErrorNumber failureOf(const Names& names) {
     try {
-      writePlayQueue(files, playlist, catalogue, names);
+      writePlaylist(files, playlist, Force::no, catalogue, names);
     } catch (const RuntimeError& error) {
       return error.number();
     }
@@ -38,52 +38,67 @@ class RunFile : public testing::Test {
   FakeFileSystem files;
 };
 
-TEST_F(RunFile, HoldsThePathsInTheNamesOrder) {
+TEST_F(Playlist, HoldsThePathsInTheNamesOrder) {
   catalogueOf({{"C:\\1.mp3", "one.mp3"}, {"C:\\2.mp3", "two.mp3"}});
-  writePlayQueue(files, playlist, catalogue, Names{"two", "one", "two"});
+  writePlaylist(files, playlist, Force::no, catalogue, Names{"two", "one", "two"});
   EXPECT_EQ(files.fileContent(playlist), "C:\\2.mp3\r\nC:\\1.mp3\r\nC:\\2.mp3\r\n");
 }
 
-TEST_F(RunFile, HoldsEveryRecordOfAName) {
+TEST_F(Playlist, HoldsEveryRecordOfAName) {
   catalogueOf({{"C:\\a\\x.mp3", "x.mp3"}, {"C:\\y.mp3", "y.mp3"}, {"C:\\b\\x.mp3", "x.mp3"}});
-  writePlayQueue(files, playlist, catalogue, Names{"x", "x"});
+  writePlaylist(files, playlist, Force::no, catalogue, Names{"x", "x"});
   EXPECT_EQ(files.fileContent(playlist), "C:\\a\\x.mp3\r\nC:\\b\\x.mp3\r\nC:\\a\\x.mp3\r\nC:\\b\\x.mp3\r\n");
 }
 
-TEST_F(RunFile, LeavesOutNamesWithoutARecord) {
+TEST_F(Playlist, LeavesOutNamesWithoutARecord) {
   catalogueOf({{"C:\\x.mp3", "x.mp3"}, {"C:\\ab.mp3", "a.b.mp3"}, {"C:\\n.mp3", "n"}});
-  writePlayQueue(files, playlist, catalogue, Names{"X", "a.b", "n", "gone"});
+  writePlaylist(files, playlist, Force::no, catalogue, Names{"X", "a.b", "n", "gone"});
   EXPECT_EQ(files.fileContent(playlist), "");
 }
 
-TEST_F(RunFile, ReplacesTheRunBefore) {
+TEST_F(Playlist, ReplacesTheOldOne) {
   files.addTextFile(playlist, "C:\\old.mp3\r\n");
   catalogueOf({{"C:\\x.mp3", "x.mp3"}});
-  writePlayQueue(files, playlist, catalogue, Names{"x"});
+  writePlaylist(files, playlist, Force::no, catalogue, Names{"x"});
   EXPECT_EQ(files.fileContent(playlist), "C:\\x.mp3\r\n");
 }
 
-TEST_F(RunFile, OfNothingNeedsNoCatalogue) {
-  writePlayQueue(files, playlist, catalogue, Names{});
+TEST_F(Playlist, OfNothingNeedsNoCatalogue) {
+  writePlaylist(files, playlist, Force::no, catalogue, Names{});
   EXPECT_EQ(files.fileContent(playlist), "");
 }
 
-TEST_F(RunFile, StaysAsItWasWithoutACatalogue) {
+TEST_F(Playlist, StaysAsItWasWithoutACatalogue) {
   files.addTextFile(playlist, "C:\\old.mp3\r\n");
   EXPECT_EQ(failureOf({"x"}), ErrorNumber::fileNotFound);
   EXPECT_EQ(files.fileContent(playlist), "C:\\old.mp3\r\n");
 }
 
-TEST_F(RunFile, MeetsABrokenEndOfTheCatalogueWhateverTheNames) {
+TEST_F(Playlist, FailsOnATruncatedCatalogueWhateverTheNames) {
   catalogueOf({{"C:\\x.mp3", "x.mp3"}}, "\"C:\\y.mp3\"\r\n");
   EXPECT_EQ(failureOf({"x"}), ErrorNumber::inputPastEnd);
   EXPECT_FALSE(files.fileExists(playlist));
 }
 
-TEST_F(RunFile, ThatMayNotBeWrittenIsToldBeforeTheCatalogueIsRead) {
+TEST_F(Playlist, ThatMayNotBeWrittenIsToldBeforeTheCatalogueIsRead) {
   files.addTextFile(playlist, "old", {.readOnly = true});
   EXPECT_EQ(failureOf({"x"}), ErrorNumber::pathFileAccess);
   EXPECT_EQ(files.fileContent(playlist), "old");
+}
+
+TEST_F(Playlist, IsKnownByTheLastThreeLettersOfItsName) {
+  EXPECT_TRUE(isPlaylistFile(R"(C:\a.m3u)"));
+  EXPECT_TRUE(isPlaylistFile("LIST.M3U"));
+  EXPECT_TRUE(isPlaylistFile("m3U"));
+  EXPECT_FALSE(isPlaylistFile("a.m3u8"));
+  EXPECT_FALSE(isPlaylistFile("3u"));
+}
+
+TEST_F(Playlist, IsReadValueByValue) {
+  StringArena arena;
+  const std::string content = "C:\\a.mp3\r\n  \"C:\\b \"\"x\"\".mp3\"\r\nC:\\c,d.mp3";
+  EXPECT_EQ(readPlaylist(content, playlist, arena), (Names{"C:\\a.mp3", "C:\\b \"x\".mp3", "C:\\c", "d.mp3"}));
+  EXPECT_TRUE(readPlaylist("", playlist, arena).empty());
 }
 
 }  // namespace

@@ -1,9 +1,9 @@
-// The main window as designed: places, texts, colours, and what shows. Places are in twips on an inner size of
-// 15360 x 11520 (1024 x 768 pixels); the window rescales them in proportion.
-#include <algorithm>
+// The main window as designed: geometry, texts, colours and visibility, for an inner size of 15360 x 11520 twips
+// (1024 x 768 pixels); the window rescales the geometry in proportion.
 #include <string_view>
 
-#include "app/form1.h"
+#include "window/caption.h"
+#include "window/form1.h"
 
 namespace plimo {
 
@@ -13,19 +13,16 @@ constexpr double pixel = 15;  // twips
 constexpr double designWidth = 1024 * pixel;
 constexpr double designHeight = 768 * pixel;
 
-constexpr Colour yellow = 65535;
-constexpr Colour darkBlue = 4194304;
 constexpr Colour green = 32768;
 constexpr Colour brown = 16512;
 constexpr Colour grey = 8421504;
-constexpr Colour paper = 16777215;
 
 // In pixels, relative to the container.
 void put(Control& control, double left, double top, double width, double height) {
   control.setGeometry({left * pixel, top * pixel, width * pixel, height * pixel});
 }
 
-void dress(Control& control, std::string_view caption, std::string_view tooltip = {}) {
+void setTexts(Control& control, std::string_view caption, std::string_view tooltip = {}) {
   control.setCaption(caption);
   control.setTooltip(tooltip);
 }
@@ -50,14 +47,14 @@ constexpr double stripTop = 52;
 constexpr double rowHeight = 32;
 constexpr double rowStep = 36;
 
-void designLists(Form1& form) {
+void designLists(Form1Controls& form) {
   put(form.List2, artistsLeft, listTop, artistsWidth, listHeight);
   put(form.List1, scratchLeft, listTop, songsWidth, listHeight);
   put(form.List4, finalLeft, listTop, songsWidth, listHeight);
   put(form.List6, finalLeft, listTop, songsWidth, listHeight);
   for (ListBox* list : {&form.List2, &form.List1, &form.List4, &form.List6}) {
-    list->setForeColour(yellow);
-    list->setBackColour(darkBlue);
+    list->setForeColour(defaultTextColour);
+    list->setBackColour(defaultBackgroundColour);
   }
   form.List1.setTooltip("Selecting and right Clicking a File plays it!");
   put(form.MediaPlayer1, scratchLeft, 664, finalLeft + songsWidth - scratchLeft, 88);
@@ -70,7 +67,7 @@ void designStrip(Control& closed, Control& open, double left) {
   hide(open);
 }
 
-void designStrips(Form1& form) {
+void designStrips(Form1Controls& form) {
   designStrip(form.Picture1, form.Picture4, artistsLeft);
   designStrip(form.Picture2, form.Picture5, scratchLeft);
   designStrip(form.Picture3, form.Picture6, finalLeft);
@@ -80,20 +77,20 @@ void designStrips(Form1& form) {
   form.Picture5.setPicture("handle-songs-open");
   form.Picture3.setPicture("handle-playlist");
   form.Picture6.setPicture("handle-playlist-open");
-  dress(form.Picture1, "", "Show the artist commands");
-  dress(form.Picture4, "", "Hide the artist commands");
-  dress(form.Picture2, "", "Show the song commands");
-  dress(form.Picture5, "", "Hide the song commands");
-  dress(form.Picture3, "", "Show the playlist commands");
-  dress(form.Picture6, "", "Hide the playlist commands");
+  setTexts(form.Picture1, "", "Show the artist commands");
+  setTexts(form.Picture4, "", "Hide the artist commands");
+  setTexts(form.Picture2, "", "Show the song commands");
+  setTexts(form.Picture5, "", "Hide the song commands");
+  setTexts(form.Picture3, "", "Show the playlist commands");
+  setTexts(form.Picture6, "", "Hide the playlist commands");
   put(form.Picture7, finalLeft + songsWidth - 40, 8, 40, 40);
   form.Picture7.setPicture("play");
   form.Picture7.setTooltip("Play all songs on the final playlist");
 
   put(form.Command13, artistsLeft, stripTop, 146, rowHeight);
   put(form.Command14, artistsLeft + 154, stripTop, 146, rowHeight);
-  dress(form.Command13, "Select all", "Selects all the Available Artists");
-  dress(form.Command14, "Deselect All", "Deselects all the Artists");
+  setTexts(form.Command13, "Select all", "Selects all the Available Artists");
+  setTexts(form.Command14, "Deselect All", "Deselects all the Artists");
 
   constexpr double third = 106;
   constexpr double thirdStep = 112;
@@ -103,12 +100,12 @@ void designStrips(Form1& form) {
   put(form.Command8, scratchLeft, stripTop + rowStep, third, rowHeight);
   put(form.Command9, scratchLeft + thirdStep, stripTop + rowStep, third, rowHeight);
   put(form.Command15, scratchLeft + 2 * thirdStep, stripTop + rowStep, third, rowHeight);
-  dress(form.Command1, "Add to playlist", "Adds Selected files to the final Playlist");
-  dress(form.Command8, "Add All", "Add all Files to the final Playlist");
-  dress(form.Command2, "Remove from List", "Removes Selected files from the playlist");
-  dress(form.Command9, "Remove All", "Removes all files from playlist");
-  dress(form.Command10, "Delete Selected", "Deletes the selected files from the disk");
-  dress(form.Command15, "Delete All", "Deletes all files in this list from the disk");
+  setTexts(form.Command1, "Add to playlist", "Adds Selected files to the final Playlist");
+  setTexts(form.Command8, "Add All", "Add all Files to the final Playlist");
+  setTexts(form.Command2, "Remove from List", "Removes Selected files from the playlist");
+  setTexts(form.Command9, "Remove All", "Removes all files from playlist");
+  setTexts(form.Command10, "Delete Selected", "Deletes the selected files from the disk");
+  setTexts(form.Command15, "Delete All", "Deletes all files in this list from the disk");
 
   constexpr double half = 161;
   constexpr double halfStep = 169;
@@ -116,10 +113,10 @@ void designStrips(Form1& form) {
   put(form.Command3, finalLeft + halfStep, stripTop, half, rowHeight);
   put(form.Command11, finalLeft, stripTop + rowStep, half, rowHeight);
   put(form.Command4, finalLeft + halfStep, stripTop + rowStep, half, rowHeight);
-  dress(form.Command11, "Remove all", "Remove all Files From the list");
-  dress(form.Command12, "Remove", "Remove selected files from the list");
-  dress(form.Command3, "Open", "Open a Saved playlist");
-  dress(form.Command4, "Save", "Save the Current Playlist");
+  setTexts(form.Command11, "Remove all", "Remove all Files From the list");
+  setTexts(form.Command12, "Remove", "Remove selected files from the list");
+  setTexts(form.Command3, "Open", "Open a Saved playlist");
+  setTexts(form.Command4, "Save", "Save the Current Playlist");
 
   const auto rest = [](Colour back, auto&... buttons) {
     (buttons.setBackColour(back), ...);
@@ -131,19 +128,19 @@ void designStrips(Form1& form) {
   hide(form.Picture7);
 }
 
-void designSettings(Form1& form) {
+void designSettings(Form1Controls& form) {
   constexpr double left = 24;
   constexpr double inset = 44;
   constexpr double wide = 452;
   put(form.Frame1, 508, listTop, 500, 624);
   form.Frame1.setCaption("Settings");
   put(form.Option4, left, 44, wide, 26);
-  dress(form.Option4, "Do not scan for Mp3s during startup",
-        "After initially scanning once, a backup file is used thereafter and scanning is avoided");
+  setTexts(form.Option4, "Do not scan for Mp3s during startup",
+           "After initially scanning once, a backup file is used thereafter and scanning is avoided");
   put(form.Option5, left, 74, wide, 26);
   form.Option5.setCaption("Scan the Following drives during Startup");
   put(form.List5, inset, 106, wide - 20, 112);
-  form.List5.setBackColour(paper);
+  form.List5.setBackColour(whiteColour);
   put(form.Check3, left, 330, wide, 26);
   form.Check3.setCaption("Use Winamp to play");
   put(form.Label1, left, 360, wide, 24);
@@ -157,13 +154,13 @@ void designSettings(Form1& form) {
   put(form.Check6, left, 290, wide, 26);
   form.Check6.setCaption("Show the Color Settings");
   put(form.Command5, 252, 572, 108, 36);
-  dress(form.Command5, "Accept", "The playlists will get cleared");
+  setTexts(form.Command5, "Accept", "The playlists will get cleared");
   put(form.Command16, 368, 572, 108, 36);
   form.Command16.setCaption("Cancel");
   hide(form.Frame1, form.Label1, form.Drive1, form.Dir1);
 }
 
-void designColours(Form1& form) {
+void designColours(Form1Controls& form) {
   constexpr double top = 8;
   constexpr double step = 38;
   put(form.Option1, 16, top, 110, 30);
@@ -190,7 +187,7 @@ void designColours(Form1& form) {
        form.accept, form.cancel);
 }
 
-void designPanels(Form1& form) {
+void designPanels(Form1Controls& form) {
   put(form.Frame2, 16, listTop, 476, 624);
   form.Frame2.setCaption("A Warm Welcome to Plimo!");
   put(form.Label2, 24, 50, 428, 112);
@@ -238,7 +235,7 @@ void designPanels(Form1& form) {
   put(form.Frame5, 262, listTop, 500, 400);
   form.Frame5.setCaption("Drive Selection");
   put(form.List7, 24, 44, 452, 284);
-  form.List7.setBackColour(paper);
+  form.List7.setBackColour(whiteColour);
   put(form.Command17, 252, 348, 108, 36);
   form.Command17.setCaption("Okay");
   put(form.Command18, 368, 348, 108, 36);
@@ -251,7 +248,7 @@ void designPanels(Form1& form) {
   }
 }
 
-void designMenus(Form1& form) {
+void designMenus(Form1Controls& form) {
   form.Function.setCaption("&Function");
   form.open.setCaption("&Open");
   form.save.setCaption("S&ave");
@@ -289,46 +286,7 @@ void designMenus(Form1& form) {
   form.des.setCaption("&Deselect All");
 }
 
-std::vector<DriveList::Entry> allDrives(FileSystemObject& files) {
-  std::vector<DriveList::Entry> entries;
-  for (const Drive& drive : files.drives()) entries.push_back({drive.letter, kindName(drive.type), drive.root});
-  return entries;
-}
-
-FolderList::Listing listFolder(FileSystemObject& files, std::string_view folder) {
-  FolderList::Listing listing;
-  // As the folder of something in it: without a separator at its end, but for a root.
-  listing.path = files.folderOf(files.join(folder, "anything"));
-  for (std::string& name : files.contents(folder).folders) listing.folders.push_back(files.join(listing.path, name));
-  listing.ancestors.push_back(listing.path);
-  while (!files.isRootFolder(listing.ancestors.back())) {
-    std::string parent = files.folderOf(listing.ancestors.back());
-    if (parent.empty() || parent == listing.ancestors.back()) break;
-    listing.ancestors.push_back(std::move(parent));
-  }
-  std::reverse(listing.ancestors.begin(), listing.ancestors.end());
-  return listing;
-}
-
 }  // namespace
-
-std::string kindName(DriveType type) {
-  switch (type) {
-    case DriveType::cdrom:
-      return "CDROM";
-    case DriveType::fixed:
-      return "Hard Drive";
-    case DriveType::removable:
-      return "REMOVABLE";
-    case DriveType::network:
-      return "Network";
-    case DriveType::ramdisk:
-      return "RAM Disk";
-    case DriveType::unknown:
-      break;
-  }
-  return "Unknown";
-}
 
 void Form1::ColourFollower::propertyChanged(Property property) {
   if (property != Property::colours) return;
@@ -339,18 +297,14 @@ void Form1::ColourFollower::propertyChanged(Property property) {
 void Form1::design() {
   designSize(designWidth, designHeight);
   setWindowState(WindowState::maximised);
-  setCaption("Plimo!");
+  setCaption(plainCaption);
   designLists(*this);
   designStrips(*this);
   designSettings(*this);
   designColours(*this);
   designPanels(*this);
   designMenus(*this);
-  List4.addObserver(colourFollower);
-  for (DriveList* list : {&Drive1, &Drive2}) list->source = [this] { return allDrives(platform.files); };
-  for (FolderList* list : {&Dir1, &Dir2}) {
-    list->source = [this](std::string_view folder) { return listFolder(platform.files, folder); };
-  }
+  List4.addObserver(colourFollower_);
 }
 
 }  // namespace plimo

@@ -7,17 +7,17 @@
 #include <sstream>
 #include <string>
 
-#include "app/form1.h"
+#include "window/form1.h"
 
 namespace plimo {
 namespace {
 
 // Names that look like handlers: a control or the form, an underscore, an event.
 std::multiset<std::string> declaredHandlers() {
-  std::ifstream file(std::string(PLIMO_SOURCE_DIR) + "/src/app/form1.h");
+  std::ifstream file(std::string(PLIMO_SOURCE_DIR) + "/src/window/form1.h");
   std::stringstream text;
   text << file.rdbuf();
-  const std::string header = text.str().substr(0, text.str().find("class FrmSplash"));
+  const std::string header = text.str();
   static const std::regex handler(R"(void (\w+_(?:Load|Resize|Terminate|MouseMove|MouseDown|Click|DblClick|ItemCheck)"
                                   R"(|KeyPress|KeyUp|Scroll|Change|Timer|NewStream))\()");
   std::multiset<std::string> names;

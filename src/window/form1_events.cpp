@@ -1,5 +1,5 @@
 // Which handler answers which event: one line each.
-#include "app/form1.h"
+#include "window/form1.h"
 
 namespace plimo {
 
