@@ -1,24 +1,38 @@
 // The songs of ticked artists.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "catalogue/catalogue_join.h"
 #include "platform/file_system_object.h"
 
 namespace plimo {
 
-class ListBox;
+class ArtistSongs {
+ public:
+  // What a title without a "." stands for: no song, or a song of that name.
+  enum class UndottedTitles { skip, keep };
 
-// Appends the display names of each artist's songs, artist by artist in the order given, each artist's in the order of
-// the catalogue; a song whose title holds no "." adds nothing. The catalogue is read once. A failure, or a record that
-// breaks off, ends the reading; what was read counts.
-void appendSongs(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> artists,
-                 ListBox& songs);
+  // Reads the catalogue once for all artists, which are given as the lists show them. Errors are ignored: a failure, or
+  // a truncated record, ends the reading, and what was read counts.
+  ArtistSongs(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> artists,
+              UndottedTitles undotted);
 
-// Takes one artist's songs out again: for each of the artist's records in turn, a walk over the rows that removes those
-// equal to the title's part before its first ".".
-void removeSongs(FileSystemObject& files, const std::string& catalogue, std::string_view artist, ListBox& songs);
+  // The names of the artist's songs, each the title before its first ".", in the order of the catalogue; valid as long
+  // as this object.
+  std::span<const std::string_view> of(std::size_t artist) const {
+    return join_ ? join_->of(artist) : std::span<const std::string_view>();
+  }
+  // Those of all artists, artist by artist in the order given.
+  std::vector<std::string_view> all() const;
+
+ private:
+  std::size_t artists_;
+  std::optional<CatalogueJoin<std::string_view>> join_;
+};
 
 }  // namespace plimo

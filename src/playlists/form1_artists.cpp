@@ -3,6 +3,7 @@
 
 #include "catalogue/catalogue_file.h"
 #include "playlists/artist_songs.h"
+#include "playlists/row_operations.h"
 #include "window/form1.h"
 
 namespace plimo {
@@ -10,18 +11,18 @@ namespace plimo {
 void Form1::List2_ItemCheck(std::size_t Index) {
   if (fromsettings) return;
   const std::string artist = List2.currentText();
-  const std::string catalogue = ownFile(catalogueName);
-  if (!List2.selected(Index)) {
-    List1.setTop(static_cast<long>(List1.count()));
-    removeSongs(platform.files, catalogue, artist, List1);
+  const std::string_view key = artist;
+  if (List2.selected(Index)) {
+    addSongsOf(std::span(&key, 1));
     return;
   }
-  const std::string_view key = artist;
-  appendSongs(platform.files, catalogue, std::span(&key, 1), List1);
-  List1.setTop(static_cast<long>(List1.count()) - 1);
+  List1.setTop(static_cast<long>(List1.count()));
+  const ArtistSongs songs(platform.files, ownFile(catalogueName), std::span(&key, 1),
+                          ArtistSongs::UndottedTitles::keep);
+  List1.removeAll(removedByWalks(List1.texts(), songs.of(0)));
 }
 
-// The same as ticking the rows one after the other, reading the catalogue once for all of them.
+// The same as ticking the rows one by one, but reads the catalogue once for all of them.
 void Form1::tickArtists(std::span<const std::size_t> rows) {
   std::vector<std::size_t> changed;
   std::vector<std::string_view> keys;
@@ -33,7 +34,12 @@ void Form1::tickArtists(std::span<const std::size_t> rows) {
   if (changed.empty()) return;
   List2.setSelectedWithoutEvents(changed, true);
   if (fromsettings) return;
-  appendSongs(platform.files, ownFile(catalogueName), keys, List1);
+  addSongsOf(keys);
+}
+
+void Form1::addSongsOf(std::span<const std::string_view> artists) {
+  const ArtistSongs songs(platform.files, ownFile(catalogueName), artists, ArtistSongs::UndottedTitles::skip);
+  List1.addAll(songs.all());
   List1.setTop(static_cast<long>(List1.count()) - 1);
 }
 

@@ -49,7 +49,7 @@ void Form1::showWinampChooser(bool visible) {
     Drive1.refresh();
     if (Dir1.path().empty()) {  // never shown before
       Dir1.setPath(defdir);
-      Drive1.setDrive(driveHolding(platform.files, Drive1.entries(), defdir));
+      Drive1.setDrive(driveHolding(platform.files, defdir));
     }
   }
   Label1.setVisible(visible);
@@ -61,7 +61,7 @@ void Form1::showWinampFolder() {
   const std::string winamp = readWinampPath(platform.files, ownFile(winampPathName));
   const auto folder = folderOfWinamp(platform.files, winamp);
   if (!folder) return;  // its drive is gone or not ready
-  Drive1.setDrive(driveHolding(platform.files, Drive1.entries(), *folder));
+  Drive1.setDrive(driveHolding(platform.files, *folder));
   Dir1.setPath(*folder);
 }
 

@@ -10,7 +10,7 @@ constexpr std::string_view winampName = "winamp.exe";
 
 bool isWinamp(std::string_view name) { return upperAscii(name) == "WINAMP.EXE"; }
 
-// The folder above; empty at the top.
+// The parent folder; empty at the top.
 std::string above(FileSystemObject& files, const std::string& folder) {
   std::string parent = files.folderOf(folder);
   return parent == folder ? std::string() : parent;
@@ -38,10 +38,11 @@ std::optional<std::string> folderOfWinamp(FileSystemObject& files, std::string_v
   return folder;
 }
 
-char driveHolding(FileSystemObject& files, std::span<const DriveList::Entry> drives, std::string_view folder) {
-  for (std::string place(folder); !place.empty(); place = above(files, place)) {
-    for (const DriveList::Entry& drive : drives) {
-      if (files.sameFile(drive.root, place)) return drive.letter;
+char driveHolding(FileSystemObject& files, std::string_view folder) {
+  const std::vector<Drive> drives = files.drives();
+  for (std::string ancestor(folder); !ancestor.empty(); ancestor = above(files, ancestor)) {
+    for (const Drive& drive : drives) {
+      if (files.sameFile(drive.root, ancestor)) return drive.letter;
     }
   }
   return 0;

@@ -180,7 +180,11 @@ class Form1 : public Form, public Form1Controls {
   void sel_Click();
   void des_Click();
 
+ private:
+  void addSongsOf(std::span<const std::string_view> artists);
+
   // --- Adding and removing: playlists/form1_editing.cpp ---
+ public:
   void Command1_Click();
   void Command2_Click();
   void Command8_Click();

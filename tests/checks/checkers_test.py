@@ -7,22 +7,34 @@ import unittest
 
 SCRIPTS = pathlib.Path(__file__).resolve().parents[2] / "scripts"
 
-TABLE = """| Level | Folder | What | Also |
-|---|---|---|---|
-| 0 | `base` | texts | |
-| 3 | `catalogue` | songs | |
-| 3 | `playlists` | lists | `catalogue` |
-| 4 | `platform/posix` | machine | POSIX |
-| 5 | `desktop` | window | Qt |
+TABLE = """| Level | Folder | What | Includes | Calls |
+|---|---|---|---|---|
+| 0 | `base` | texts | | |
+| 1 | `controls` | lists | | |
+| 2 | `window` | Form1 | | |
+| 3 | `catalogue` | songs | | |
+| 3 | `playlists` | lists | `catalogue` | `playback` |
+| 3 | `playback` | player | | |
+| 4 | `platform/linux` | machine | POSIX | |
+| 5 | `desktop` | window | Qt | |
 """
 SOUND = {
     "src/README.md": TABLE,
     "src/base/text.h": "#include <string>\n",
+    "src/controls/list.h": "",
+    "src/window/form1.h": '#include "controls/list.h"\n',
+    "src/window/form1_controls.h": 'ListBox List1{window, "List1"};\n',
+    "src/window/form1_views.cpp": '#include "window/form1.h"\nvoid Form1::showAll() {}\n',
+    "src/window/form1_events.cpp": "void Form1::wire() { play(); }\n",
     "src/catalogue/songs.h": '#include "base/text.h"\n#include "catalogue/song.h"\n',
     "src/catalogue/song.h": "",
+    "src/catalogue/form1_scan.cpp": '#include "window/form1.h"\nvoid Form1::scan() {\n  showAll();\n}\n',
     "src/playlists/list.h": '#include "catalogue/songs.h"\n',
-    "src/platform/posix/machine.cpp": "#include <unistd.h>\n",
-    "src/desktop/window.cpp": "#include <QWidget>\n",
+    "src/playlists/form1_keys.cpp": "void Form1::key() {\n  scan();  // not draw()\n  play();\n}\n",
+    "src/playback/form1_playing.cpp": "void Form1::play() {}\n",
+    "src/platform/linux/machine.cpp": "#include <unistd.h>\n",
+    "src/desktop/window.cpp": '#include <QWidget>\n#include "window/form1.h"\nvoid f() { icon("list1"); }\n',
+    "src/CMakeLists.txt": "library(platform/linux)\n",
     "tests/desktop/window_test.cpp": "#include <QTest>\n",
 }
 
@@ -58,7 +70,7 @@ class Layers(Project):
 
     def test_a_path_begins_at_the_include_root(self):
         self.refused({"src/catalogue/song.cpp": '#include "song.h"\n'},
-                     "src/catalogue/song.cpp:1: no file src/song.h: paths in quotes begin at src/")
+                     "src/catalogue/song.cpp:1: no file src/song.h: paths in quotes are relative to src/")
 
     def test_the_toolkit_stays_in_the_desktop(self):
         self.refused({"src/playlists/list.cpp": "#include <QString>\n"},
@@ -73,22 +85,51 @@ class Layers(Project):
                      "src/base/text.cpp:1: base may not include <sys/stat.h> (POSIX)")
 
     def test_one_platform_does_not_use_what_another_has(self):
-        self.refused({"src/platform/posix/other.cpp": "#include <windows.h>\n"},
-                     "src/platform/posix/other.cpp:1: platform/posix may not include <windows.h> (Windows)")
+        self.refused({"src/platform/linux/other.cpp": "#include <windows.h>\n"},
+                     "src/platform/linux/other.cpp:1: platform/linux may not include <windows.h> (Windows)")
 
     def test_no_file_asks_for_the_system(self):
         self.refused({"src/base/text.cpp": "#ifdef _WIN32\n#endif\n"},
                      "src/base/text.cpp:1: asks for the system it is compiled for: that is for the build to choose")
 
     def test_a_folder_needs_a_line_in_the_table(self):
-        self.refused({"src/extra/thing.cpp": ""}, "src/extra/thing.cpp:1: its folder has no line in src/README.md")
+        self.refused({"src/extra/thing.cpp": ""}, "src/extra/thing.cpp:1: its folder has no row in src/README.md")
 
     def test_a_line_of_the_table_needs_a_folder(self):
-        self.refused({"src/README.md": TABLE + "| 6 | `main` | programs | |\n"},
-                     "src/README.md:8: no source stands in src/main")
+        self.refused({"src/README.md": TABLE + "| 6 | `main` | programs | | |\n"},
+                     "src/README.md:11: there is no source in src/main")
 
     def test_a_permission_needs_a_use(self):
-        self.refused({"src/playlists/list.h": ""}, "src/README.md:5: nothing in playlists needs catalogue")
+        self.refused({"src/playlists/list.h": ""}, "src/README.md:7: nothing in playlists includes catalogue")
+
+
+    def test_only_the_windows_own_files_include_it(self):
+        self.refused({"src/playlists/list.cpp": '#include "window/form1.h"\n'},
+                     "src/playlists/list.cpp:1: only form1_*.cpp and app, desktop, main, scenario, window may include "
+                     "window/form1.h")
+
+    def test_a_rule_knows_no_control(self):
+        self.refused({"src/playlists/rows.h": '#include "controls/list.h"\n'},
+                     "src/playlists/rows.h:1: the header of a rule may not include a control")
+
+    def test_a_procedure_may_not_call_upwards(self):
+        self.refused({"src/window/form1_panels.cpp": "void Form1::open() {\n  scan();\n}\n"},
+                     "src/window/form1_panels.cpp:2: window (level 2) may not call scan of catalogue (level 3)")
+
+    def test_a_procedure_may_not_call_sideways_unless_the_table_says_so(self):
+        self.refused({"src/catalogue/form1_artists.cpp": "void Form1::tick() {\n  form.play();\n}\n"},
+                     "src/catalogue/form1_artists.cpp:2: catalogue (level 3) may not call play of playback (level 3)")
+
+    def test_a_permission_to_call_needs_a_use(self):
+        self.refused({"src/playlists/form1_keys.cpp": ""}, "src/README.md:7: nothing in playlists calls playback")
+
+    def test_the_shell_names_no_control(self):
+        self.refused({"src/desktop/canvas.cpp": 'auto* list = find("List1");\n'},
+                     'src/desktop/canvas.cpp:1: names the control "List1": the shell takes controls by type')
+
+    def test_the_build_names_no_missing_folder(self):
+        self.refused({"src/CMakeLists.txt": "library(platform/amiga)\n"},
+                     "src/CMakeLists.txt:1: there is no folder src/platform/amiga")
 
 
 class Headers(Project):

@@ -10,8 +10,6 @@
 namespace plimo {
 namespace {
 
-using Drives = std::vector<DriveList::Entry>;
-
 TEST(WinampFolder, ItIsFoundInAnyCaseByItsShortName) {
   FakeFileSystem files;
   files.addFile("C:\\A\\Readme.txt");
@@ -76,21 +74,21 @@ TEST(WinampFolder, AFolderThatIsGoneGivesWayToTheNearestOneAboveIt) {
 
 TEST(WinampFolder, ADriveHoldsTheFoldersBelowItsRoot) {
   FakeFileSystem files;
-  const Drives drives{{'C', "Hard Drive", "C:\\"}, {'D', "CDROM", "D:\\"}};
-  EXPECT_EQ(driveHolding(files, drives, "d:\\Winamp"), 'D');
-  EXPECT_EQ(driveHolding(files, drives, "C:\\"), 'C');
-  EXPECT_EQ(driveHolding(files, drives, "E:\\Winamp"), 0);
-  EXPECT_EQ(driveHolding(files, drives, ""), 0);
+  files.addDrive('D', DriveType::cdrom);
+  EXPECT_EQ(driveHolding(files, "d:\\Winamp"), 'D');
+  EXPECT_EQ(driveHolding(files, "C:\\"), 'C');
+  EXPECT_EQ(driveHolding(files, "E:\\Winamp"), 0);
+  EXPECT_EQ(driveHolding(files, ""), 0);
 }
 
 TEST(WinampFolder, OfDrivesInsideEachOtherTheInnermostHoldsTheFolder) {
   TemporaryFolder folder;
   makeFolders(folder / "disk/Winamp");
-  LinuxFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
-  const Drives drives{{'C', "Hard Drive", folder.path()}, {'D', "Hard Drive", folder / "disk"}};
-  EXPECT_EQ(driveHolding(files, drives, folder / "disk/Winamp"), 'D');
-  EXPECT_EQ(driveHolding(files, drives, folder / "disks"), 'C');
-  EXPECT_EQ(driveHolding(files, drives, "/"), 0);
+  LinuxFiles files(
+      std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}, {'D', DriveType::fixed, folder / "disk"}});
+  EXPECT_EQ(driveHolding(files, folder / "disk/Winamp"), 'D');
+  EXPECT_EQ(driveHolding(files, folder / "disks"), 'C');
+  EXPECT_EQ(driveHolding(files, "/"), 0);
 }
 
 }  // namespace
