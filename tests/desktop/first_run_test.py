@@ -2,7 +2,8 @@
 import os
 
 from tests.support.desktop import screen
-from tests.support.desktop.test_case import WindowTestCase, read_file, settings
+from tests.support.desktop.settings_file import settings
+from tests.support.desktop.test_case import WindowTestCase, read_file
 from tests.support.desktop.waiting import wait
 
 

@@ -1,6 +1,7 @@
 """The preferences and the colour editor."""
 from tests.support.desktop import screen
-from tests.support.desktop.test_case import WindowTestCase, settings
+from tests.support.desktop.settings_file import settings
+from tests.support.desktop.test_case import WindowTestCase
 from tests.support.desktop.waiting import wait
 
 

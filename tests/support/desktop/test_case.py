@@ -6,6 +6,7 @@ import unittest
 
 from . import screen, songs
 from .program import Program
+from .settings_file import settings
 from .waiting import wait
 
 ROOT = pathlib.Path(__file__).resolve().parents[3]
@@ -13,16 +14,9 @@ ROOT = pathlib.Path(__file__).resolve().parents[3]
 PROGRAM = pathlib.Path(os.environ.get("PLIMO_PROGRAM", ROOT / "build" / "bin" / "plimo")).resolve()
 SCREENSHOTS = pathlib.Path(os.environ.get("PLIMO_TEST_PICTURES", tempfile.gettempdir()))
 
-COLOURS = b'65535\r\n4194304\r\n65535\r\n4194304\r\n65535\r\n"4194304"\r\n'
 ARTISTS = {"Alder": ["Ash", "Birch", "Cedar", "Damson", "Elm"], "Beech": ["Fir", "Gorse"], "Cypress": ["Hazel"]}
 # The rows of the artist ALDER in a playlist.
 ALDER = [" Ash", " Birch", " Cedar", " Damson", " Elm"]
-
-
-def settings(drives="C:", scan=False):
-    """The content of plimo.ini."""
-    choice = b"#FALSE#\r\n#TRUE#" if scan else b"#TRUE#\r\n#FALSE#"
-    return b'0\r\n' + choice + b'\r\n"' + drives.encode() + b'"\r\n0\r\n0\r\n' + COLOURS
 
 
 def read_file(path):
