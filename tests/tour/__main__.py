@@ -48,7 +48,7 @@ def renew_documentation(program, out):
     documented = ROOT / "docs" / "pictures"
     documented.mkdir(exist_ok=True)
     for name in DOCUMENTED:
-        shutil.copy(out / f"{name}.png", documented)
+        subprocess.run(["convert", out / f"{name}.png", "-quality", "95", documented / f"{name}.png"], check=True)
     # Only the window, without the empty screen around it.
     subprocess.run(["mogrify", "-bordercolor", "black", "-border", "1", "-trim", "+repage", documented / "compact.png"],
                    check=True)
