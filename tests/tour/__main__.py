@@ -2,9 +2,9 @@
 
     python3 -m tests.tour [PROGRAM] [--out FOLDER] [--scene] [--pictures]
 
-By default, the program is build/bin/plimo, and the pictures and the saved playlist are written to build/tour. First comes
-the scene: the main job of the program, with a check after each step. Then a contact sheet is made: each panel on a small
-and a large screen, at scale 1 and 2, light and dark. --scene leaves it out; --pictures also renews docs/pictures.
+By default, the program is build/bin/plimo, and the pictures and the saved playlist are written to build/tour. First
+comes the scene: the main job of the program, with a check after each step. Then a contact sheet is made: each panel on a
+small and a large screen, at scale 1 and 2, light and dark. --scene leaves it out; --pictures also renews docs/pictures.
 """
 import argparse
 import concurrent.futures

@@ -1,6 +1,6 @@
 """Takes a picture of each panel and message box, on the display that is there.
 
-    scripts/with-display python3 -m tests.tour.panels PROGRAM FOLDER [--scale N] [--dark] [--documentation]
+    scripts/with-display /usr/bin/python3 -m tests.tour.panels PROGRAM FOLDER [--scale N] [--dark] [--documentation]
 
 With --documentation, the test library contains only names that are valid text.
 """

@@ -1,6 +1,6 @@
 """The scene of the tour: from the first start to a playlist that is saved and played, and through all panels.
 
-    scripts/with-display python3 -m tests.tour.scene PROGRAM FOLDER
+    scripts/with-display /usr/bin/python3 -m tests.tour.scene PROGRAM FOLDER
 
 Each step is checked against the window and the files on the disk. The folder receives the pictures and the playlist.
 """

@@ -111,7 +111,7 @@ class WindowTestCase(unittest.TestCase):
         try:
             wait(lambda: call() == expected, what)
         except AssertionError as error:
-            self.fail(f"{error} to be {expected!r}: it is {call()!r}")
+            raise AssertionError(f"{error} to be {expected!r}: it is {call()!r}") from None
 
     def assert_rows(self, name, rows):
         """Waits until a list has these rows."""
