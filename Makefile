@@ -1,36 +1,36 @@
-# The front door: the same commands for a newcomer, a developer and the automatic tests. `make` alone says what there is.
+# The commands for users, developers and continuous integration; `make` alone lists them.
 #
-# Each command first sees that what it needs is installed (scripts/packages.txt), then configures only where nothing is
-# configured yet, builds only what has changed, and says on the way what it is at.
+# Each command installs the packages that are missing (scripts/packages.txt), configures its build folder if it is new,
+# builds what has changed, and prints its progress.
 
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help build run test tour bench lint asan package setup clean
+.PHONY: help build program run test tour bench lint asan package setup clean
 
-# When this began, in seconds: each step says how long it has been since.
+# The start in seconds since 1970: each progress line shows the time since then.
 ifndef PLIMO_STARTED
 PLIMO_STARTED := $(shell date +%s)
 endif
 export PLIMO_STARTED
 export NINJA_STATUS = [%f/%t, %e s]$(empty) $(empty)
-# Colours in a file are noise.
+# No colour codes in log files.
 export CLICOLOR_FORCE =
 
-# What `make run` hands to the program: make run ARGS="--drive M=/srv/music"
+# The arguments of the program that `make run` starts (ARGS="--drive M=/srv/music"), or of the tour (ARGS=--pictures).
 ARGS ?=
 
 help:
 	@echo "make run      build Plimo! and start it (ARGS=\"...\" for its options)"
 	@echo "make test     build everything, run all tests, end with \"N passed, N failed\""
-	@echo "make tour     let the program play a scene on a screen of its own, and take the pictures"
-	@echo "make bench    time it on large libraries"
-	@echo "make lint     check the formatting and look for suspicious code"
+	@echo "make tour     play a scene on a display of its own, take pictures of all panels"
+	@echo "make bench    measure the times on large libraries"
+	@echo "make lint     check the formatting and run clang-tidy"
 	@echo "make asan     run the tests with the address and undefined-behaviour sanitizers"
 	@echo "make package  make a Debian package"
-	@echo "make build    build the programs into build/bin and do no more"
+	@echo "make build    build the programs into build/bin"
 	@echo "make clean    remove everything built"
 
-# What each build folder is, CMakePresets.json says. Ninja configures again by itself when a CMake file changes.
+# The build folders are described in CMakePresets.json. Ninja configures again by itself when a CMake file changes.
 build/build.ninja: preset = run
 build-asan/build.ninja: preset = asan
 build-bench/build.ninja: preset = bench
@@ -39,11 +39,15 @@ build/build.ninja build-asan/build.ninja build-bench/build.ninja build-package/b
 	@scripts/step "Configuring $(@D)"
 	@cmake --preset $(preset) && touch $@
 
-# The sections of scripts/packages.txt that the wanted commands need.
+# Without a display, `make run` plays the scene of the tour instead of starting the program.
+scene := $(if $(DISPLAY)$(WAYLAND_DISPLAY),,run)
+
+# The sections of scripts/packages.txt for the commands to be run.
 needs := build run
-needs += $(if $(filter test asan,$(MAKECMDGOALS)),test)
-needs += $(if $(filter tour,$(MAKECMDGOALS)),test tour)
-needs += $(if $(filter bench,$(MAKECMDGOALS)),bench test)
+needs += $(if $(filter asan,$(MAKECMDGOALS)),test)
+needs += $(if $(filter test,$(MAKECMDGOALS)),display test)
+needs += $(if $(filter tour $(scene),$(MAKECMDGOALS)),display tour)
+needs += $(if $(filter bench,$(MAKECMDGOALS)),display bench)
 needs += $(if $(filter lint,$(MAKECMDGOALS)),lint)
 needs += $(if $(filter package,$(MAKECMDGOALS)),package)
 
@@ -54,16 +58,16 @@ build: build/build.ninja
 	@scripts/step "Building the programs"
 	@cmake --build --preset build
 
-# Without a screen there is nothing to start the program on: the tour brings a screen of its own.
-ifneq ($(DISPLAY)$(WAYLAND_DISPLAY),)
-run: build/build.ninja
+program: build/build.ninja
 	@scripts/step "Building Plimo!"
 	@cmake --build --preset run
+
+run: program
+ifeq ($(scene),)
 	@scripts/run build/bin/plimo $(ARGS)
 else
-run:
-	@scripts/step "There is no display here to start Plimo! on: taking the tour instead"
-	@$(MAKE) --no-print-directory tour
+	@scripts/step "There is no display: playing a scene on a display of its own"
+	@/usr/bin/python3 -B -m tests.tour --scene
 endif
 
 test: build/build.ninja
@@ -71,9 +75,9 @@ test: build/build.ninja
 	@cmake --build --preset test
 	@scripts/test build
 
-tour: build
+tour: program
 	@scripts/step "Taking the tour"
-	@scripts/tour build/bin
+	@/usr/bin/python3 -B -m tests.tour $(ARGS)
 
 bench: build-bench/build.ninja
 	@scripts/step "Building the benchmarks"

@@ -1,4 +1,4 @@
-"""Each checker refuses what it is there to refuse, in a small project made for it."""
+"""Each checker is run on a small project that is made for the test."""
 import pathlib
 import subprocess
 import sys
@@ -133,12 +133,12 @@ class Layers(Project):
 
 
 class Headers(Project):
-    def test_a_header_that_leans_on_another_is_refused(self):
+    def test_a_header_that_depends_on_another_is_refused(self):
         status, said = self.run_on({"src/base/name.h": "inline std::string name;\n"}, "check-headers")
         self.assertEqual(status, 1)
         self.assertIn("src/base/name.h does not compile alone", said)
 
-    def test_a_header_that_stands_alone_is_accepted(self):
+    def test_a_self_contained_header_is_accepted(self):
         status, said = self.run_on({"src/base/name.h": "#pragma once\n#include <string>\ninline std::string name;\n"},
                                    "check-headers")
         self.assertEqual((status, said), (0, "1 headers: 0 compiled alone by the build, 1 tried, 0 refused, 0 left out\n"))
@@ -163,19 +163,19 @@ class Counting(unittest.TestCase):
 
     RUN = '<testcase name="a" status="run"/>'
 
-    def test_passed_and_failed_are_told_apart(self):
+    def test_passed_and_failed_are_counted(self):
         self.assertEqual(self.count(self.RUN * 2 + '<testcase name="b" status="fail"><failure/></testcase>', "8"),
                          (1, "2 passed, 1 failed\n"))
 
-    def test_a_test_that_could_not_be_started_has_failed(self):
+    def test_a_test_whose_program_is_missing_has_failed(self):
         missing = '<testcase name="b" status="notrun"><skipped message="Unable to find executable"/></testcase>'
         self.assertEqual(self.count(self.RUN + missing, "8"), (1, "1 passed, 1 failed\n"))
 
-    def test_a_test_that_says_it_cannot_run_here_is_no_failure(self):
+    def test_a_skipped_test_is_no_failure(self):
         skipped = '<testcase name="b" status="notrun"><skipped message="SKIP_REGULAR_EXPRESSION_MATCHED"/></testcase>'
         self.assertEqual(self.count(self.RUN + skipped), (0, "1 skipped\n1 passed, 0 failed\n"))
 
-    def test_a_run_that_broke_off_has_failed(self):
+    def test_an_aborted_run_has_failed(self):
         self.assertEqual(self.count(self.RUN, "139"), (1, "1 passed, 1 failed\n"))
 
 

@@ -1,14 +1,13 @@
-"""Small real songs: MPEG-1 Layer III files of silence, and the library that the tour and the window's tests play with."""
+"""Test songs: MPEG-1 Layer III files of silence, and a small library of them with the catalogue that it must have."""
 import os
 
-# One frame: MPEG-1 Layer III, no checksum, 32 kbit/s, 44100 Hz, one channel. A side information of zeros says that
-# no sound follows: silence.
+# One frame: MPEG-1 Layer III, no checksum, 32 kbit/s, 44100 Hz, mono. All-zero side information means silence.
 FRAME_SECONDS = 1152 / 44100
 FRAME = (b"\xff\xfb\x10\xc0" + bytes(17)).ljust(144 * 32000 // 44100, b"\0")
 
 
 def write_song(path, seconds=1.0):
-    """Writes a silent song of about so many seconds; the folders on the way are made. Names are bytes or text."""
+    """Writes a silent song of about this length, and its parent folders. The path is a string or bytes."""
     path = os.fsencode(path)
     os.makedirs(os.path.dirname(path), exist_ok=True)
     with open(path, "wb") as song:
@@ -16,7 +15,7 @@ def write_song(path, seconds=1.0):
 
 
 def enlarge(path, megabytes):
-    """Makes a song so large, mostly by a hole, with something in each megabyte that would be missed."""
+    """Enlarges a song as a sparse file with some data in each megabyte, so that a missing one is noticed."""
     with open(path, "r+b") as song:
         for number in range(megabytes):
             song.seek((number << 20) + (1 << 19))
@@ -40,26 +39,26 @@ PLAIN = {
     "Zoë Müller": "Frühlingslied,Über den Dächern",
 }
 
-NO_TEXT = b"Caf\xe9 Noir - Derni\xe8re danse.mp3"  # bytes that are no UTF-8
+NOT_UTF8 = b"Caf\xe9 Noir - Derni\xe8re danse.mp3"
 
-# Names of every shape, each with what is special about it.
-SHAPES = [
+# File names of every kind.
+SPECIAL_NAMES = [
     "Intro.mp3",  # no hyphen
     "Los Faros - Costa Sur - Faro del Norte.mp3",  # two hyphens
-    "Trio Nord - Live in Bergen - Encore - Bonus.mp3",  # three: the last piece, and the ending, are lost
+    "Trio Nord - Live in Bergen - Encore - Bonus.mp3",  # three: the last part and the extension are dropped
     "Trio Nord - Fjord.mp3",
     "Marlow, Reed & Sons - Rain, Rain.mp3",  # commas
     'The "Quiet" Ones - Say "Hello".mp3',  # double quotes
     "東京カルテット - 夜の電車.mp3",  # Japanese
-    "فرقة النور - ليلة صيف.mp3",  # Arabic, from right to left
-    "להקת הים - שיר ערב.mp3",  # Hebrew, from right to left
-    NO_TEXT,
-    "blue harbour - Low Water.MP3",  # an artist in another case, an ending in capitals
+    "فرقة النور - ليلة صيف.mp3",  # Arabic, right to left
+    "להקת הים - שיר ערב.mp3",  # Hebrew, right to left
+    NOT_UTF8,
+    "blue harbour - Low Water.MP3",  # the artist in lower case, the extension in upper case
     "Kestrel - Gliding.Mp3",
 ]
 NOT_SONGS = ["Kestrel - Not This One.mP3", "cover.jpg", "notes.txt"]
 
-# The songs that are played to their end.
+# These songs are played to the end.
 PLAYED = ["Morning Light", "First Snow", "Letters Home"]
 PLAYED_SECONDS = 3
 
@@ -74,7 +73,7 @@ def make_library(root):
         for title in titles.split(","):
             seconds = PLAYED_SECONDS if title in PLAYED else 0.5
             write_song(os.path.join(root, "Albums", artist, f"{artist} - {title}.mp3"), seconds)
-    for name in SHAPES:
+    for name in SPECIAL_NAMES:
         write_song(os.path.join(os.fsencode(root), b"Singles", os.fsencode(name)), 0.5)
     for name in NOT_SONGS:
         write_song(os.path.join(root, "Singles", name), 0.2)
@@ -86,11 +85,11 @@ def fold(name):
     return name.decode("utf-8", "surrogateescape").casefold().encode("utf-8", "surrogateescape")
 
 
-def expected_catalogue(root, levels=10):
-    """What the catalogue of the folder must be, byte for byte, worked out anew from what is on the disk."""
+def expected_catalogue(root):
+    """The bytes that plimo.kvx must contain after a scan of the folder, computed independently of the program."""
     text = bytearray()
 
-    def visit(folder, left):
+    def visit(folder, depth):
         names = sorted(os.listdir(folder), key=fold)
         for name in names:
             path = os.path.join(folder, name)
@@ -99,15 +98,15 @@ def expected_catalogue(root, levels=10):
                     text.extend(b'"' + value.replace(b'"', b'""') + b'"\r\n')
         for name in names:
             path = os.path.join(folder, name)
-            if left > 0 and os.path.isdir(path):
-                visit(path, left - 1)
+            if depth > 0 and os.path.isdir(path):
+                visit(path, depth - 1)
 
-    visit(os.fsencode(root), levels)
+    visit(os.fsencode(root), 10)
     return bytes(text)
 
 
 def record(name):
-    """Artist, second part and title of a file's name."""
+    """Artist, second part and title of a file name."""
     pieces = name.split(b"-")
     if len(pieces) == 1:
         return b"Miscellaneous", b"Don't Know!", name
@@ -117,20 +116,13 @@ def record(name):
 
 
 def library_artists(root):
-    """The artist list's rows for the folder, in their order."""
+    """The rows of the artist list for the folder, in order."""
     artists = set()
     for folder, _, files in os.walk(os.fsencode(root)):
         if folder[len(os.fsencode(root)):].count(b"/") > 10:
             continue
         for name in files:
             if name[-3:] in (b"mp3", b"MP3", b"Mp3"):
-                artists.add(record(name)[0].translate(UPPER))
-    return [shown(artist) for artist in sorted(artists, key=fold)]
-
-
-UPPER = bytes(range(97)) + bytes(range(65, 91)) + bytes(range(123, 256))
-
-
-def shown(name):
-    """A name as the window shows it: bytes that are no text become replacement characters."""
-    return name.decode("utf-8", "replace")
+                artists.add(record(name)[0].upper())  # of bytes, so only a to z are changed
+    # The window shows invalid bytes as replacement characters.
+    return [artist.decode("utf-8", "replace") for artist in sorted(artists, key=fold)]

@@ -1,0 +1,135 @@
+"""The base of the window tests: each test has folders of its own, and leaves a screenshot if it fails."""
+import os
+import pathlib
+import tempfile
+import unittest
+
+from . import screen, songs
+from .program import Program
+from .settings_file import settings
+from .waiting import wait
+
+ROOT = pathlib.Path(__file__).resolve().parents[3]
+# The program under test, and the folder for the screenshots of failed tests.
+PROGRAM = pathlib.Path(os.environ.get("PLIMO_PROGRAM", ROOT / "build" / "bin" / "plimo")).resolve()
+SCREENSHOTS = pathlib.Path(os.environ.get("PLIMO_TEST_PICTURES", tempfile.gettempdir()))
+
+ARTISTS = {"Alder": ["Ash", "Birch", "Cedar", "Damson", "Elm"], "Beech": ["Fir", "Gorse"], "Cypress": ["Hazel"]}
+# The rows of the artist ALDER in a playlist.
+ALDER = [" Ash", " Birch", " Cedar", " Damson", " Elm"]
+
+
+def read_file(path):
+    """The file's content; None if there is no file."""
+    try:
+        return path.read_bytes()
+    except FileNotFoundError:
+        return None
+
+
+class WindowTestCase(unittest.TestCase):
+    def setUp(self):
+        home = tempfile.TemporaryDirectory(prefix="plimo-window-")
+        self.addCleanup(home.cleanup)
+        self.home = pathlib.Path(home.name)
+        self.data = self.home / "data"
+        self.library = self.home / "library"
+        self.stick = self.home / "stick"
+        for folder in (self.data, self.library, self.stick):
+            folder.mkdir()
+        self.program = None
+        # Cleanups run in reverse order: the screenshot is taken while the program is still on the screen.
+        self.addCleanup(self.close_program)
+        self.addCleanup(self.take_screenshot_of_failure)
+
+    def run(self, result=None):
+        self.result = result if result is not None else self.defaultTestResult()
+        return super().run(self.result)
+
+    def close_program(self):
+        if self.program is not None:
+            self.program.close()
+
+    def take_screenshot_of_failure(self):
+        failed = [getattr(test, "test_case", test) for test, _ in self.result.failures + self.result.errors]
+        if self not in failed:
+            return
+        path = SCREENSHOTS / f"plimo-{self._testMethodName}.png"
+        try:
+            screen.screenshot(path)
+            print(f"\nscreenshot of the failure: {path}", flush=True)
+        except Exception as error:  # the test has failed already, and its report matters more
+            print(f"\nno screenshot of the failure: {error}", flush=True)
+
+    # --- Starting and using the program ---
+
+    def add_songs(self, artists=None):
+        """Writes tiny songs into the library, by default those of ARTISTS."""
+        for artist, titles in (artists or ARTISTS).items():
+            for title in titles:
+                songs.write_song(self.library / f"{artist} - {title}.mp3", 0.2)
+
+    def start(self, *wrapper, drives=()):
+        """Starts the program, by the words of the wrapper command if there are any. Nothing is written before."""
+        drives = drives or (f"C={self.library}", f"D={self.stick}:removable")
+        options = [word for drive in drives for word in ("--drive", drive)]
+        self.program = Program(*wrapper, str(PROGRAM), "--folder", str(self.data), *options)
+        return self.program
+
+    def start_with_lists(self, *wrapper, artists=None, scan=False):
+        """Starts the program with settings and a catalogue, and waits until the artists are listed."""
+        self.add_songs(artists)
+        (self.data / "plimo.ini").write_bytes(settings(scan=scan))
+        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
+        p = self.start(*wrapper)
+        wait(lambda: p.visible("Artists", "list") and p.list("Artists").count(), "the artists")
+        return p
+
+    def start_with_final_playlist(self):
+        """The same, with the artist ALDER ticked and all the songs in the final playlist."""
+        p = self.start_with_lists()
+        p.tick("Artists", "ALDER")
+        wait(lambda: p.list("Scratch playlist").count(), "songs")
+        p.press("Show the song commands")
+        p.press("Add All")
+        wait(lambda: p.list("Final playlist").count(), "the final playlist")
+        return p
+
+    def tab_to(self, name, role):
+        """Presses Tab until the element has the keyboard focus."""
+        for _ in range(40):
+            element = self.program.visible(name, role)
+            if element is not None and element.has("focused"):
+                return
+            screen.key("Tab")
+        self.fail(f'Tab does not reach "{name}"')
+
+    # --- Assertions ---
+
+    def assert_becomes(self, call, expected, what):
+        """Waits until a call returns the expected value."""
+        try:
+            wait(lambda: call() == expected, what)
+        except AssertionError as error:
+            raise AssertionError(f"{error} to be {expected!r}: it is {call()!r}") from None
+
+    def assert_rows(self, name, rows):
+        """Waits until a list has these rows."""
+        self.assert_becomes(lambda: self.program.list(name).rows(), rows, f"the rows of {name}")
+
+    def assert_current(self, name, row):
+        """Waits until this row of a list has the keyboard focus."""
+        self.assert_becomes(lambda: self.program.list(name).current(), row, f"the current row of {name}")
+
+    def assert_focused(self, name):
+        """Waits until a list has the keyboard focus."""
+        wait(lambda: self.program.list(name).has("focused"), f"the keyboard focus in {name}")
+
+    def assert_catalogue_is_written(self):
+        """Waits until plimo.kvx is the result of a scan of the library."""
+        expected = songs.expected_catalogue(self.library)
+        self.assert_becomes(lambda: read_file(self.data / "plimo.kvx"), expected, "plimo.kvx")
+
+    def assert_answer(self, text, button):
+        """Answers the message box, which must have this text."""
+        self.assertEqual(self.program.answer(button), text)
