@@ -13,7 +13,7 @@ namespace {
 // 480 x 300 pixels.
 constexpr double splashWidth = 7200;
 constexpr double splashHeight = 4500;
-// The picture comes in from the left at a third of the window's size, in this many steps.
+// The picture slides in from the left at a third of the window's size, in this many steps.
 constexpr int slideSteps = 24;
 constexpr std::chrono::milliseconds slidePause{16};
 constexpr int waitMilliseconds = 300;

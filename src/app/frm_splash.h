@@ -1,4 +1,4 @@
-// The window that comes first.
+// The splash window, the first window of the program.
 #pragma once
 
 #include <functional>

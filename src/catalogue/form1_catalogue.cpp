@@ -1,4 +1,4 @@
-// The catalogue written from the songs found, and the artist list read from it.
+// Writes the catalogue from the songs found, and reads the artist list from it.
 #include <algorithm>
 #include <memory>
 
@@ -13,10 +13,10 @@ namespace plimo {
 
 namespace {
 
-// The catalogue goes to the disk in pieces of this many records, about two megabytes.
+// Records per write, about two megabytes.
 constexpr std::size_t recordsInPiece = 8192;
 
-// The records of the paths in these rows, as they stand in the file; none behind the last row.
+// Formats the records of these rows; none after the last row.
 void putTogether(std::string& piece, FileSystemObject& files, const ListBox& paths, std::size_t first) {
   piece.clear();
   const std::size_t end = std::min(first + recordsInPiece, paths.count());
@@ -73,7 +73,7 @@ void Form1::listArtists(Artists source) {
     for (Picture* picture : {&Picture1, &Picture2, &Picture3, &Picture7}) picture->setVisible(true);
     List1.setVisible(true);
     List2.setVisible(true);
-    // On the way back to the large view, that view's list shows whatever the other one holds.
+    // A return to the large view shows its list whatever the other one contains.
     if (List6.empty() || frommenu) {
       swapFinalLists(List4, List6);
     } else {

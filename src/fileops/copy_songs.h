@@ -1,4 +1,4 @@
-// Copying the files behind songs.
+// Copies the files of songs.
 #pragma once
 
 #include <functional>
@@ -17,10 +17,10 @@ struct CopyRequest {
   bool firstRowSelected = false;
 };
 
-// Copies the files of all records that match the names into the folder: in the names' request, each name's in record
-// request. A file whose name stands there already is not copied; `present` hears of its name. Throws where the
-// catalogue cannot be read, 53 where the first file to be copied is gone, and 76 where the folder is gone when its turn
-// comes; from then on, every failure is ignored.
+// Copies the files of all records that match the names into the folder: in the names' order, each name's in record
+// order. A file whose name is already present there is not copied; `present` is called with its name.
+// Throws if the catalogue cannot be read, 53 if the first file to be copied does not exist, 76 if the folder does not
+// exist by then; after the first file, every failure is ignored.
 void copySongs(FileSystemObject& files, Progress& progress, const std::string& catalogue, const CopyRequest& request,
                const std::string& folder, const std::function<void(std::string_view name)>& present);
 

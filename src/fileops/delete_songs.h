@@ -1,4 +1,4 @@
-// Deleting the files behind songs.
+// Deletes the files of songs.
 #pragma once
 
 #include <span>
@@ -10,9 +10,9 @@
 
 namespace plimo {
 
-// Deletes the files of all records that match the names: in the names' order, each name's in record order. A file that
-// is read-only stays. The first failure ends it and is thrown: of the catalogue, a file that is gone or may not be
-// deleted (a name listed twice meets its own deleted file). Without names nothing is read.
+// Deletes the files of all records that match the names: in the names' order, each name's in record order. A
+// read-only file stays. The first failure is thrown and ends it: the catalogue cannot be read, a file does not exist
+// (for a name listed twice, the second time) or may not be deleted. Without names nothing is read.
 void deleteSongs(FileSystemObject& files, Progress& progress, const std::string& catalogue,
                  std::span<const std::string_view> names);
 

@@ -1,4 +1,4 @@
-// Copying the selected songs' files: the panel that asks where to, and the copying.
+// Copies the files of the selected songs: the panel that asks for the folder, and the command.
 #include <vector>
 
 #include "catalogue/catalogue_file.h"
@@ -9,7 +9,7 @@ namespace plimo {
 
 namespace {
 
-// Shows the folder, or the nearest one on its way to the root that can be listed. False where there is none.
+// Shows the folder, or its nearest ancestor that can be listed. False if there is none.
 bool showNearestFolder(FileSystemObject& files, FolderList& list, std::string folder) {
   for (;;) {
     try {
@@ -23,7 +23,7 @@ bool showNearestFolder(FileSystemObject& files, FolderList& list, std::string fo
   }
 }
 
-// The drive that the folder shown stands on: the one whose root lies nearest above it.
+// Selects the drive of the folder shown: the one whose root is its nearest ancestor.
 void showDriveOf(DriveList& drives, const FolderList& folder) {
   for (const std::string& ancestor : folder.listing().ancestors) {  // the nearest comes last
     for (const DriveList::Entry& drive : drives.entries()) {

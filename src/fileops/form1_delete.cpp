@@ -1,4 +1,4 @@
-// Deleting the song files behind the scratch playlist's rows.
+// Deletes the song files of the scratch playlist's rows.
 #include "catalogue/catalogue_file.h"
 #include "fileops/delete_songs.h"
 #include "window/form1.h"

@@ -1,4 +1,4 @@
-// Renaming the song file behind the scratch playlist's current row.
+// Renames the song file of the scratch playlist's current row.
 #include "catalogue/song_lookup.h"
 #include "fileops/rename_target.h"
 #include "window/form1.h"

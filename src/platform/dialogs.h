@@ -1,4 +1,4 @@
-// Boxes that ask or tell, and wait for the user.
+// Modal boxes: messages, questions, input, file dialogs.
 #pragma once
 
 #include <optional>
@@ -11,7 +11,7 @@ namespace plimo {
 struct FileDialog {
   std::string title;   // empty: the platform's own
   std::string name;    // the file name it opens with, for example "*.m3u"
-  std::string folder;  // where it opens
+  std::string folder;  // the initial folder
 };
 
 class Dialogs {
@@ -27,8 +27,8 @@ class Dialogs {
   virtual bool question(const std::string& text) = 0;
   // A box that takes one line of text; empty when cancelled.
   virtual std::string input(const std::string& title, const std::string& prompt, const std::string& proposed) = 0;
-  // The path chosen; nothing when cancelled. Saving never asks about the name it returns; it asks before returning a
-  // new name whose file with ".m3u" appended already exists.
+  // The chosen path; nullopt if cancelled. Saving never asks whether to overwrite the file of the name it returns; it
+  // does ask before it returns a new name for which a file with ".m3u" appended exists.
   virtual std::optional<std::string> openFile(const FileDialog& dialog) = 0;
   virtual std::optional<std::string> saveFile(const FileDialog& dialog) = 0;
   // The run-time error report.

@@ -1,4 +1,4 @@
-// The media player control's other side: what plays sound.
+// The interface to what plays sound for the media player control.
 #pragma once
 
 #include <functional>
@@ -13,8 +13,8 @@ class MediaPlayer {
   MediaPlayer& operator=(const MediaPlayer&) = delete;
   virtual ~MediaPlayer() = default;
 
-  // Opens a song or an M3U playlist by its path and, when AutoStart is set, plays it from its start. Returns at once;
-  // what cannot be played is told in the player's own strip, never thrown.
+  // Opens a song or an M3U playlist by its path and, if AutoStart is set, plays it from its start. Returns immediately;
+  // what cannot be played is reported in the player's own strip, never thrown.
   virtual void open(const std::string& path) = 0;
   virtual void stop() = 0;
   // Sets the file-name property without opening it.
@@ -27,7 +27,7 @@ class MediaPlayer {
   virtual void setShowControls(bool on) = 0;  // show the transport buttons
   virtual void setEnabled(bool on) = 0;       // the user may use them
 
-  // Raised once for each song opened, when its length is known; on the program's own thread.
+  // Raised once for each song opened, when its length is known; on the main thread.
   std::function<void()> newStream;
 };
 

@@ -1,4 +1,4 @@
-// The compact start: the default playlist plays, and only the player shows.
+// The compact start: plays the default playlist and shows only the player.
 #include "playlists/m3u.h"
 #include "settings/winamp_path.h"
 #include "window/form1.h"

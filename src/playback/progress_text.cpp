@@ -14,7 +14,7 @@ namespace {
 constexpr double secondsInMinute = 60;
 constexpr double mostMinutes = 32767;
 
-// With a leading blank where a negative number has its sign.
+// With a leading blank in the position of a minus sign.
 std::string numberText(double whole) {
   if (whole == 0) whole = 0;  // never "-0"
   char digits[400];           // the longest double has 309 digits

@@ -1,4 +1,4 @@
-// What the caption tells of the song that plays.
+// The caption texts about the current song.
 #pragma once
 
 #include <string>
@@ -6,9 +6,9 @@
 
 namespace plimo {
 
-// A time in seconds as whole minutes and seconds: "3 : 25". The seconds are rounded, halves to the even neighbour, and
+// A time in seconds as whole minutes and seconds: "3 : 25". The seconds are rounded, ties to even, and
 // not carried into the minutes (119.5 is "1 : 60"); a negative time counts as seconds ("0 :-1"). Throws RuntimeError 6
-// where there are more than 32767 minutes, or no number at all.
+// if there are more than 32767 minutes, or if it is no number.
 std::string minutesAndSeconds(double seconds);
 
 // The caption when a song has been opened; `length` as minutesAndSeconds gives it.

@@ -1,4 +1,4 @@
-// Songs go from the scratch playlist to the final one, and off both.
+// Adds songs from the scratch playlist to the final one, and removes songs from both.
 #include "window/form1.h"
 
 namespace plimo {

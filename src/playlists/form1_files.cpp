@@ -1,4 +1,4 @@
-// Opening a playlist, and saving the final one.
+// Opens a playlist and saves the final one.
 #include <optional>
 
 #include "catalogue/catalogue_join.h"
@@ -12,7 +12,7 @@ namespace plimo {
 
 namespace {
 
-// What the dialogs open with, and what they give back when they are cancelled.
+// The file name that the dialogs propose, and return if they are cancelled.
 constexpr const char* anyPlaylist = "*.m3u";
 
 struct Song {
@@ -56,13 +56,13 @@ void Form1::Command3_Click() {
   List6.clear();
   List1.clear();
   untickArtists();
-  // Copied as a whole: the file is the user's, and may change before the catalogue is read.
+  // Copied, because the user may change the file before the catalogue is read.
   const std::string content(platform.files.openForReading(name)->bytes());
   StringArena texts;
   fillFromPlaylist(readPlaylist(content, name, texts));
 }
 
-// With the scratch playlist empty, unticking takes nothing off it.
+// The scratch playlist is empty by now, so unticking has nothing to remove from it.
 void Form1::untickArtists() {
   const std::vector<std::size_t> ticked = List2.selectedRows();
   List2.setSelectedWithoutEvents(ticked, false);
@@ -87,13 +87,13 @@ void Form1::fillFromPlaylist(std::span<const std::string_view> paths) {
       List3.add(key);
       if (const auto name = displayName(song.title)) list.add(*name);
     }
-    // A broken end is met at the end of the first item's reading, with its songs already listed.
+    // The truncated record is read after the first item's songs, which are listed already.
     if (catalogue.truncation()) throw RuntimeError(*catalogue.truncation());
   }
   tickArtists(rowsOfArtists());
 }
 
-// The rows of the artists in List3, each where it comes first.
+// The rows of the artists in List3, in order of first appearance.
 std::vector<std::size_t> Form1::rowsOfArtists() {
   StringInterner index(List2.count());
   std::vector<std::uint32_t> numbers(List2.count());

@@ -1,4 +1,4 @@
-// Counts as tooltips, the information box, the hotkeys explained.
+// Row counts as tooltips, the information box, the hotkeys help.
 #include "catalogue/song_lookup.h"
 #include "window/form1.h"
 

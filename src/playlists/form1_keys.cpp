@@ -1,4 +1,4 @@
-// What the song lists do at single keys, and their pop-up menus.
+// The single-key commands of the song lists, and their pop-up menus.
 #include "playlists/row_operations.h"
 #include "window/form1.h"
 

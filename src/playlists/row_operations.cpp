@@ -8,11 +8,11 @@
 
 namespace plimo {
 
-std::vector<std::size_t> removedByWalk(std::span<const std::size_t> places) {
+std::vector<std::size_t> removedByWalk(std::span<const std::size_t> matches) {
   std::vector<std::size_t> removed;
-  for (const std::size_t place : places) {
-    const bool movesUp = !removed.empty() && removed.back() + 1 == place;  // and is not looked at
-    if (!movesUp) removed.push_back(place);
+  for (const std::size_t row : matches) {
+    const bool skipped = !removed.empty() && removed.back() + 1 == row;
+    if (!skipped) removed.push_back(row);
   }
   return removed;
 }
@@ -22,34 +22,34 @@ std::vector<std::size_t> removedByWalks(std::span<const std::string_view> rows,
   StringInterner index(names.size());
   std::vector<std::uint32_t> numbers(names.size());
   index.add(names, numbers);
-  std::vector<std::vector<std::size_t>> places(index.size());  // where each name still stands, in order
+  std::vector<std::vector<std::size_t>> remaining(index.size());  // rows of each name, ascending
   for (std::size_t row = 0; row < rows.size(); ++row) {
     const std::uint32_t name = index.find(rows[row]);
-    if (name != StringInterner::none) places[name].push_back(row);
+    if (name != StringInterner::none) remaining[name].push_back(row);
   }
-  // A list linked through the rows that still stand tells which row moves up behind a removed one.
+  // A doubly linked list of the remaining rows gives the row that moves up after a removal.
   const std::size_t end = rows.size();
   std::vector<std::size_t> next(end + 1);
-  std::vector<std::size_t> previous(end + 1);  // of the first: end
+  std::vector<std::size_t> previous(end + 1);  // of the first row: end
   std::iota(next.begin(), next.end(), std::size_t{1});
   for (std::size_t row = 0; row <= end; ++row) previous[row] = row == 0 ? end : row - 1;
 
   std::vector<std::size_t> removed;
   for (const std::uint32_t number : numbers) {
-    std::vector<std::size_t>& standing = places[number];
+    std::vector<std::size_t>& matches = remaining[number];
     std::size_t kept = 0;
-    std::size_t passedOver = end;
-    for (const std::size_t row : standing) {
-      if (row == passedOver) {
-        standing[kept++] = row;
+    std::size_t skipped = end;
+    for (const std::size_t row : matches) {
+      if (row == skipped) {
+        matches[kept++] = row;
         continue;
       }
       removed.push_back(row);
-      passedOver = next[row];
+      skipped = next[row];
       if (previous[row] != end) next[previous[row]] = next[row];
       previous[next[row]] = previous[row];
     }
-    standing.resize(kept);
+    matches.resize(kept);
   }
   std::sort(removed.begin(), removed.end());
   return removed;
@@ -57,29 +57,29 @@ std::vector<std::size_t> removedByWalks(std::span<const std::string_view> rows,
 
 std::vector<std::size_t> orderAfterDrop(std::size_t count, std::span<const std::size_t> songs,
                                         std::span<const std::size_t> targets) {
-  std::vector<std::size_t> places;
-  places.reserve(count + targets.size());
+  std::vector<std::size_t> order;
+  order.reserve(count + targets.size());
   auto song = songs.begin();
   auto target = targets.begin();
   for (std::size_t row = 0; row < count; ++row) {
     if (song != songs.end() && *song == row) {
       ++song;
     } else {
-      places.push_back(row);
+      order.push_back(row);
     }
     if (target != targets.end() && *target == row) {
-      places.push_back(songs.front());
+      order.push_back(songs.front());
       ++target;
     }
   }
-  return places;
+  return order;
 }
 
 std::vector<std::size_t> dealOrder(std::size_t count) {
   std::vector<std::size_t> order;
   order.reserve(count);
   for (const std::size_t first : {std::size_t{0}, std::size_t{1}}) {
-    for (std::size_t place = first; place < count; place += 2) order.push_back(place);
+    for (std::size_t row = first; row < count; row += 2) order.push_back(row);
   }
   return order;
 }

@@ -1,4 +1,4 @@
-// What some commands do to the rows of a list, told as values: texts in, texts or flags out.
+// The row operations whose result is fixed by a row-by-row algorithm, computed in one pass. Rows are indices from 0.
 #pragma once
 
 #include <cstddef>
@@ -8,20 +8,20 @@
 
 namespace plimo {
 
-// The rows that a walk by a running index removes, by their places, where the rows at these places (in rising order)
-// equal the text: each of them goes, and the row that moves up into its place is passed over.
-std::vector<std::size_t> removedByWalk(std::span<const std::size_t> places);
+// The rows that a walk with a running index removes, given the rows (ascending) that match its text. After a removal
+// the index is increased all the same, so the row that moves up is skipped.
+std::vector<std::size_t> removedByWalk(std::span<const std::size_t> matches);
 
-// The rows that are gone when the same walk is done for each of the names, one after the other; in rising order.
+// The rows removed by one such walk for each of the names in turn; ascending.
 std::vector<std::size_t> removedByWalks(std::span<const std::string_view> rows,
                                         std::span<const std::string_view> names);
 
-// So many rows, by their places, after a song has been dropped on a target: it leaves every place where it stands, of
-// which there is one at least, and stands again behind every target. Both in rising order.
+// The new order of `count` rows after a song is dropped: it is removed from all of its rows (`songs`, at least one) and
+// inserted after each target row. Both are ascending.
 std::vector<std::size_t> orderAfterDrop(std::size_t count, std::span<const std::size_t> songs,
                                         std::span<const std::size_t> targets);
 
-// The order in which a shuffle deals the rows: first the even places, then the odd ones.
+// The order in which a shuffle deals the rows: first those with even indices, then those with odd ones.
 std::vector<std::size_t> dealOrder(std::size_t count);
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-// The settings panel's Accept.
+// Accept of the settings panel.
 #include <utility>
 #include "window/form1.h"
 

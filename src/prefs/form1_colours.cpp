@@ -1,4 +1,4 @@
-// The colour editor, and the way back from it and from the settings panel to the lists.
+// The colour editor, and the return from it and from the settings panel to the lists.
 #include <algorithm>
 
 #include "settings/settings_file.h"

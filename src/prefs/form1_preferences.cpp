@@ -1,4 +1,4 @@
-// The settings panel: how it opens, and how its controls keep in step.
+// The settings panel: opening it, and keeping its controls consistent.
 #include "base/text.h"
 #include "prefs/winamp_folder.h"
 #include "settings/settings_file.h"
@@ -20,7 +20,7 @@ void Form1::Preferences_Click() {
   showListFrames(false);
   hidePictures();
   Frame1.setVisible(true);
-  if (Drive1.visible()) Drive1.refresh();  // it may have stayed from the opening before
+  if (Drive1.visible()) Drive1.refresh();  // it may still be visible from the previous opening
   if (platform.files.fileExists(ownFile(settingsName))) showSettings();
   hidemainview();
   List5.clear();
@@ -60,7 +60,7 @@ void Form1::showWinampChooser(bool visible) {
 void Form1::showWinampFolder() {
   const std::string winamp = readWinampPath(platform.files, ownFile(winampPathName));
   const auto folder = folderOfWinamp(platform.files, winamp);
-  if (!folder) return;  // its drive is gone or not ready
+  if (!folder) return;  // its drive does not exist or is not ready
   Drive1.setDrive(driveHolding(platform.files, *folder));
   Dir1.setPath(*folder);
 }

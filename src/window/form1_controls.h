@@ -1,5 +1,5 @@
-// What stands on the main window: every control by its name, with what it is to the user. Places, captions, tooltips
-// and colours as designed stand in form1_design.cpp.
+// The controls of the main window, each by its fixed name and with what it is to the user. Their geometry, captions,
+// tooltips and colours are set in form1_design.cpp.
 #pragma once
 
 #include "controls/drive_list.h"
@@ -23,12 +23,12 @@ struct Form1Controls {
   ListBox List1{window, "List1", ListBox::Style::multiSelection};                      // the scratch playlist
   ListBox List4{window, "List4", ListBox::Style::multiSelection};  // the final playlist in the large view
   ListBox List6{window, "List6", ListBox::Style::multiSelection};  // the final playlist in the compact view
-  ListBox List3{window, "List3", ListBox::Style::multiSelection};  // never shown: songs found, names to play
-  ListBox List8{window, "List8", ListBox::Style::multiSelection, ListBox::Order::sorted};  // never shown: sorts
+  ListBox List3{window, "List3", ListBox::Style::multiSelection};  // never visible: songs found, names to play
+  ListBox List8{window, "List8", ListBox::Style::multiSelection, ListBox::Order::sorted};  // never visible: sorts
   Shape Shape1{window, "Shape1"};                                 // the frame around the artists
   Shape Shape2{window, "Shape2"};                                 // the frame around the scratch playlist
   Shape Shape3{window, "Shape3"};                                 // the frame around the final playlist
-  Control TreeView1{window, ControlKind::treeView, "TreeView1"};  // never shown: the set of distinct artists
+  Control TreeView1{window, ControlKind::treeView, "TreeView1"};  // never visible: the set of distinct artists
 
   // --- The strips: handles and buttons ---
   Picture Picture1{window, "Picture1"};          // opens the artist strip
@@ -38,7 +38,7 @@ struct Form1Controls {
   Picture Picture2{window, "Picture2"};          // opens the strip of song commands
   Picture Picture5{window, "Picture5"};          // closes it
   CommandButton Command1{window, "Command1"};    // add the selected songs to the final playlist
-  CommandButton Command2{window, "Command2"};    // take the selected songs off the scratch playlist
+  CommandButton Command2{window, "Command2"};    // remove the selected songs from the scratch playlist
   CommandButton Command8{window, "Command8"};    // add all songs to the final playlist
   CommandButton Command9{window, "Command9"};    // empty the scratch playlist
   CommandButton Command10{window, "Command10"};  // delete the selected songs' files
@@ -46,7 +46,7 @@ struct Form1Controls {
   Picture Picture3{window, "Picture3"};          // opens the strip of playlist commands
   Picture Picture6{window, "Picture6"};          // closes it
   CommandButton Command11{window, "Command11"};  // empty the final playlist
-  CommandButton Command12{window, "Command12"};  // take the selected songs off the final playlist
+  CommandButton Command12{window, "Command12"};  // remove the selected songs from the final playlist
   CommandButton Command3{window, "Command3"};    // open a playlist
   CommandButton Command4{window, "Command4"};    // save the final playlist
   Picture Picture7{window, "Picture7"};          // play the whole final playlist
@@ -123,7 +123,7 @@ struct Form1Controls {
   Menu Settings{window, "Settings", Menu::Role::bar};
   Menu Preferences{window, "Preferences", Menu::Role::item, &Settings};
   Menu help{window, "help", Menu::Role::bar};
-  Menu plimo{window, "plimo", Menu::Role::item, &help};      // the welcome once more
+  Menu plimo{window, "plimo", Menu::Role::item, &help};      // show the welcome again
   Menu credits{window, "credits", Menu::Role::item, &help};  // who made it
 
   // --- The pop-up menu of the final playlist ---
@@ -134,7 +134,7 @@ struct Form1Controls {
   Menu save2{window, "save2", Menu::Role::item, &pop};      // save the final playlist
   Menu Shuffle{window, "Shuffle", Menu::Role::item, &pop};
   Menu sort{window, "sort", Menu::Role::item, &pop};
-  Menu remove{window, "remove", Menu::Role::item, &pop};  // take the selected songs off
+  Menu remove{window, "remove", Menu::Role::item, &pop};  // remove the selected songs
   Menu ral{window, "ral", Menu::Role::item, &pop};        // empty it
 
   // --- The pop-up menu of the scratch playlist ---
@@ -142,7 +142,7 @@ struct Form1Controls {
   Menu play{window, "play", Menu::Role::item, &popy};      // play the current song alone
   Menu atp{window, "atp", Menu::Role::item, &popy};        // add the selected songs to the final playlist
   Menu ada{window, "ada", Menu::Role::item, &popy};        // add all of them
-  Menu rfl{window, "rfl", Menu::Role::item, &popy};        // take the selected songs off
+  Menu rfl{window, "rfl", Menu::Role::item, &popy};        // remove the selected songs
   Menu ra{window, "ra", Menu::Role::item, &popy};          // empty it
   Menu dal{window, "dal", Menu::Role::item, &popy};        // select nothing
   Menu info{window, "info", Menu::Role::item, &popy};      // a song's path and size, and the counts

@@ -1,4 +1,4 @@
-// What the lists of drives and folders show.
+// The entries of the drive and folder lists.
 #include <algorithm>
 
 #include "window/drive_rows.h"

@@ -1,4 +1,4 @@
-// How the window's controls follow its size.
+// How the controls follow the size of the window.
 #pragma once
 
 #include <cstdint>
@@ -16,10 +16,10 @@ struct Ratio {
 };
 
 Ratio ratioOf(const Geometry& geometry, double windowWidth, double windowHeight);
-// The geometry that the ratio stands for in a window of this inner size.
+// The geometry for a window of this inner size.
 Geometry geometryFor(const Ratio& ratio, double windowWidth, double windowHeight);
 
-// Timers and menus have no geometry on the window.
+// False for timers and menus.
 bool hasGeometry(ControlKind kind);
 
 struct WindowSize {
@@ -27,10 +27,10 @@ struct WindowSize {
   double height = 0;
 };
 
-// The outer size of the window around a player of this size, in twips: it leaves room for frame, title and menu bar.
+// The outer size of the compact window for a player of this size, in twips; leaves room for frame, title and menu bar.
 WindowSize compactSize(double playerWidth, double playerHeight);
 
-// A measure as a whole number, halves to the even neighbour. Throws RuntimeError 6 beyond 16 bits.
+// A measure rounded to a whole number, ties to even. Throws RuntimeError 6 beyond 16 bits.
 std::int16_t wholeMeasure(double measure);
 
 }  // namespace plimo
