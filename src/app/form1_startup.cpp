@@ -51,15 +51,11 @@ void Form1::Form_Load() {
   TreeView1.setVisible(false);
   show();
   if (!platform.files.fileExists(ownFile(settingsName))) {
+    fc1 = fc2 = fc3 = defaultTextColour;
+    bc1 = bc2 = bc3 = defaultBackgroundColour;
     showFirstRun();
   } else {
-    bool displayed = false;
-    if (platform.files.fileExists(ownFile(settingsName))) {
-      displayed = applySettings();
-    } else {  // deleted in the meantime
-      fc1 = fc2 = fc3 = defaultTextColour;
-      bc1 = bc2 = bc3 = defaultBackgroundColour;
-    }
+    const bool displayed = applySettings();
     if (!here) {
       if (displayed) {
         displayAgain();
@@ -79,8 +75,9 @@ void Form1::Form_Load() {
 }
 
 void Form1::large_Click() {
+  closePanels();
   showListFrames(true);
-  if (List6.visible()) showlist4();
+  returnToList4();
   // From a normal window the new size may come later; from any other state it is already known.
   const bool sizeToCome = comp && windowState() == WindowState::normal;
   if (comp) restorePlayer();
@@ -91,7 +88,9 @@ void Form1::large_Click() {
   const double width = scaleWidth();
   const double height = scaleHeight();
   setWindowState(WindowState::maximised);
-  const auto layOut = [&] {
+  const auto finish = [&] {
+    showListFrames(true);
+    for (ListBox* list : {&List2, &List1, &List4}) list->setVisible(true);
     if (sizeToCome && scaleWidth() == width && scaleHeight() == height) return;
     resizing = false;
     Form_Resize();
@@ -101,10 +100,18 @@ void Form1::large_Click() {
   } catch (...) {
     here = false;
     frommenu = false;
-    layOut();
+    finish();
     throw;
   }
-  layOut();
+  finish();
+}
+
+// As their own Cancel does.
+void Form1::closePanels() {
+  if (Frame2.visible()) Command19_Click();
+  if (Frame3.visible()) credit_Click();
+  if (Frame4.visible()) Command7_Click();
+  if (Frame5.visible()) Command18_Click();
 }
 
 void Form1::showFirstRun() {
@@ -112,6 +119,7 @@ void Form1::showFirstRun() {
   TreeView1.setVisible(false);
   Option4.setEnabled(false);
   showListFrames(false);
+  hidePictures();
   Frame2.setVisible(true);
   for (Control* control :
        std::initializer_list<Control*>{&List2, &List1, &List4, &List6, &Function, &View, &Settings, &help}) {
@@ -124,6 +132,9 @@ void Form1::showFirstRun() {
 
 void Form1::Exit_Click() { unload(); }
 
-void Form1::Form_Terminate() { unload(); }
+void Form1::Form_Terminate() {
+  if (fromsettings) restoreOldColours();  // the settings file would lack its scheme
+  unload();
+}
 
 }  // namespace plimo

@@ -75,9 +75,9 @@ void Form1::listArtists(Artists source) {
     List2.setVisible(true);
     // A return to the large view shows its list whatever the other one contains.
     if (List6.empty() || frommenu) {
-      swapFinalLists(List4, List6);
+      showFinalList(List4);
     } else {
-      swapFinalLists(List6, List4);
+      showFinalList(List6);
     }
   }
   if (List2.empty()) {

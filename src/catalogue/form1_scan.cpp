@@ -123,8 +123,8 @@ void Form1::Command18_Click() {
   Frame5.setVisible(false);
   for (Picture* picture : {&Picture1, &Picture2, &Picture3}) picture->setVisible(true);
   for (Picture* picture : {&Picture4, &Picture5, &Picture6, &Picture7}) picture->setVisible(false);
-  for (ListBox* list : {&List2, &List1, &List4}) list->setVisible(true);
-  List6.setVisible(false);
+  for (ListBox* list : {&List2, &List1}) list->setVisible(true);
+  returnToList4();
   showListFrames(true);
 }
 

@@ -1,6 +1,8 @@
 #include "fileops/delete_songs.h"
 
+#include "base/errors.h"
 #include "catalogue/song_lookup.h"
+#include "catalogue/song_name.h"
 
 namespace plimo {
 
@@ -15,7 +17,9 @@ void deleteSongs(FileSystemObject& files, Progress& progress, const std::string&
     for (const StoredPath& path : found.of(name)) {
       ++update.done;
       scope.update(update);
-      files.deleteFile(path.text(), Force::no);
+      const std::string file = path.text();
+      if (!isSongFile(files.fileName(file))) throw RuntimeError(ErrorNumber::fileNotFound, file);
+      files.deleteFile(file, Force::no);
     }
     if (found.truncation()) throw *found.truncation();
   }

@@ -39,7 +39,8 @@ void Form1::cop_Click() {
   if (Dir2.path().empty() || !showNearestFolder(platform.files, Dir2, Dir2.path())) Dir2.setPath(defdir);
   showDriveOf(Drive2, Dir2);
   leaveCompactLayout();
-  for (ListBox* list : {&List1, &List2, &List4, &List6}) list->setVisible(false);
+  finalList().setVisible(false);
+  for (ListBox* list : {&List1, &List2}) list->setVisible(false);
   showListFrames(false);
   hidePictures();
   Frame4.setVisible(true);
@@ -68,7 +69,8 @@ void Form1::Command7_Click() {
   Command6.setEnabled(true);
   Frame4.setVisible(false);
   for (Picture* picture : {&Picture1, &Picture2, &Picture3, &Picture7}) picture->setVisible(true);
-  for (ListBox* list : {&List1, &List2, &List4}) list->setVisible(true);
+  for (ListBox* list : {&List1, &List2}) list->setVisible(true);
+  returnToList4();
   showListFrames(true);
 }
 

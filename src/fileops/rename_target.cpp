@@ -1,6 +1,7 @@
 #include "fileops/rename_target.h"
 
 #include "base/errors.h"
+#include "catalogue/song_name.h"
 
 namespace plimo {
 
@@ -8,7 +9,7 @@ std::string_view proposedName(std::string_view fileName) { return fileName.subst
 
 std::string renamedPath(FileSystemObject& files, const std::string& path, const std::string& name) {
   if (files.holdsSeparator(name)) throw RuntimeError(ErrorNumber::badFileName, name);
-  if (!files.fileExists(path)) throw RuntimeError(ErrorNumber::fileNotFound, path);
+  if (!isSongFile(files.fileName(path)) || !files.fileExists(path)) throw RuntimeError(ErrorNumber::fileNotFound, path);
   std::string renamed = files.join(files.folderOf(path), name + ".mp3");
   if (files.sameFile(path, renamed)) throw RuntimeError(ErrorNumber::permissionDenied, renamed);
   return renamed;

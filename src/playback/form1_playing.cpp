@@ -39,7 +39,7 @@ void Form1::playQueue(const ListBox& names) {
   platform.player.setFileName("c:\\");
   platform.player.stop();
   const std::string queue = ownFile(playQueueName);
-  writePlaylist(platform.files, queue, Force::no, ownFile(catalogueName), names.texts());
+  writePlaylist(platform.files, queue, Force::yes, ownFile(catalogueName), names.texts());
   if (winamp1) {
     startWinampWithQueue();
   } else {
@@ -89,7 +89,7 @@ void Form1::playall_Click() { startplaylist(); }
 void Form1::startplaylist() { playcurrentlist(); }
 
 void Form1::playcurrentlist() {
-  if (List6.visible()) {
+  if (&finalList() == &List6) {
     List6_DblClick();
   } else {
     List4_DblClick();
@@ -97,7 +97,7 @@ void Form1::playcurrentlist() {
 }
 
 void Form1::Picture7_Click() {
-  if (List4.visible()) {
+  if (&finalList() == &List4) {
     playQueue(List4);
   } else {
     list6play();
@@ -107,7 +107,7 @@ void Form1::Picture7_Click() {
 void Form1::list6play() { playQueue(List6); }
 
 void Form1::pal_Click() {
-  if (List4.visible()) {
+  if (&finalList() == &List4) {
     playselectedalone();
   } else if (playSelectedOne(List6)) {
     List6.clearSelection();

@@ -26,17 +26,13 @@ void Form1::Command9_Click() {
 
 void Form1::Command12_Click() {
   foldPlaylistStrip();
-  if (List4.visible()) {
-    List4.removeSelected();
-    return;
-  }
-  List6.removeSelected();
-  List4.assign(List6);
+  finalList().removeSelected();
+  if (&finalList() == &List6) List4.assign(List6);
 }
 
 void Form1::Command11_Click() {
   foldPlaylistStrip();
-  if (!List4.visible()) List6.clear();
+  if (&finalList() == &List6) List6.clear();
   List4.clear();
 }
 

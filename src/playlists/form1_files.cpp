@@ -120,7 +120,6 @@ void Form1::Command4_Click() {
   foldAllStrips();
   Picture3.setVisible(false);
   std::string target;
-  Force force = Force::no;
   for (;;) {
     const std::string name =
         platform.dialogs.saveFile({"", anyPlaylist, platform.files.join(defdir, "")}).value_or(anyPlaylist);
@@ -131,11 +130,10 @@ void Form1::Command4_Click() {
     }
     if (platform.dialogs.question("There is already a file by this name. Overwrite ?")) {
       target = name;
-      force = Force::yes;
       break;
     }
   }
-  const SongPaths paths = writePlaylist(platform.files, target, force, ownFile(catalogueName), List4.texts());
+  const SongPaths paths = writePlaylist(platform.files, target, Force::yes, ownFile(catalogueName), List4.texts());
   const std::string standard = ownFile(defaultPlaylistName);
   if (makeDefault && !platform.files.sameFile(target, standard)) {
     writePlaylist(*platform.files.replaceFile(standard, Force::yes), paths, List4.count());

@@ -52,7 +52,6 @@ void Form1::List1_KeyPress(char KeyAscii) {
 }
 
 void Form1::addCurrentSong() {
-  if (fromsettings) return;
   Picture7.setVisible(true);
   ListBox& list = finalList();
   if (List1.current()) list.add(List1.currentText());
@@ -64,7 +63,7 @@ void Form1::List4_KeyPress(char KeyAscii) {
   if (KeyAscii == 'w') {
     const std::optional<std::size_t> place = List4.current();
     List6.assign(List4);
-    swapFinalLists(List6, List4);
+    showFinalList(List6);
     List6.setCurrent(place);
     drop();
     for (ListBox* list : {&List2, &List1, &List6}) list->setVisible(true);
@@ -75,7 +74,7 @@ void Form1::List4_KeyPress(char KeyAscii) {
 
 void Form1::List6_KeyPress(char KeyAscii) {
   if (KeyAscii == 'w') {
-    swapFinalLists(List6, List4);
+    showFinalList(List6);
     drop();
   } else {
     finalListKey(List6, KeyAscii);

@@ -10,7 +10,7 @@ void Form1::Shuffle_Click() {
   if (List4.count() < List6.count()) List4.assign(List6);
   List6.assign(List4, dealOrder(List4.count()));
   List4.assign(List6);
-  swapFinalLists(List6, List4);
+  showFinalList(List6);
   for (ListBox* list : {&List2, &List1}) list->setVisible(true);
   if (hadCurrent) List6.setCurrent(List6.find(current));
 }
@@ -21,7 +21,7 @@ void Form1::sort_Click() {
   if (List4.count() > List6.count()) List6.assign(List4);
   List8.assign(List6);
   List4.assign(List8);
-  swapFinalLists(List4, List6);
+  showFinalList(List4);
   List4.setCurrent(hadCurrent ? List4.find(current) : std::nullopt);
 }
 

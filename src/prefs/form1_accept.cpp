@@ -19,6 +19,16 @@ void Form1::Command5_Click() {
   Command5.setCaption("Please Wait");
   Command5.setEnabled(false);
   pause(std::chrono::milliseconds(0));  // shows the caption
+  try {
+    acceptSettings();
+  } catch (...) {
+    Command5.setCaption("Accept");
+    Command5.setEnabled(true);
+    throw;
+  }
+}
+
+void Form1::acceptSettings() {
   findWinamp();
   List2.clear();
   List1.clear();

@@ -87,6 +87,8 @@ ColourScheme Form1::listColours() const {
           List1.backColour(), List4.foreColour(), List4.backColour()};
 }
 
+void Form1::restoreOldColours() { storeColours({fc1, bc1, fc2, bc2, fc3, bc3}); }
+
 void Form1::accept_Click() {
   storeColours(listColours());
   leavesettings();
@@ -97,7 +99,7 @@ void Form1::cancel_Click() {
     list->setForeColour(whiteColour);
     list->setBackColour(blackColour);
   }
-  storeColours({fc1, bc1, fc2, bc2, fc3, bc3});
+  restoreOldColours();
   leavesettings();
 }
 
@@ -110,7 +112,11 @@ void Form1::leavesettings() {
   if (sampledList_ != nullptr) removeSample(*sampledList_, finalSample);
   sampledList_ = nullptr;
   List1.setVisible(true);
-  List4.setVisible(true);
+  if (settingscancelled && finalListAtOpening_ == &List6) {
+    showlist4();
+  } else {
+    showFinalList(List4);
+  }
   showEditor(false);
   fromsettings = false;
   for (Menu* menu : {&Function, &View, &help, &Settings}) menu->setVisible(true);

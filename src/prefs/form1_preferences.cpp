@@ -15,6 +15,8 @@ void Form1::Preferences_Click() {
   if ((!List4.empty() || !List6.empty()) && !platform.dialogs.question(warning)) return;
   leaveCompactLayout();
   finalListAtOpening_ = &finalList();
+  panelAtOpening_ = {Option4.value(), Option5.value(), makethefile,   Check3.value(),
+                     Check4.value(),  Check5.value(),  Check6.value()};
   Command5.setCaption("Accept");
   Command5.setEnabled(true);
   showListFrames(false);
@@ -32,16 +34,15 @@ void Form1::showSettings() {
   Option4.setVisible(true);
   const SavedSettings settings = readSettings(platform.files, ownFile(settingsName));
   driveLetters_ = settings.driveLetters;
-  if (settings.useWinamp.equals(1)) {
-    Check3.setValue(1);
-    showWinampChooser(true);
-    makethefile = true;
-    if (platform.files.fileExists(ownFile(winampPathName))) showWinampFolder();
-  }
-  if (settings.noScan.isTrue()) Option4.setValue(true);
-  if (settings.splash.equals(1)) Check4.setValue(1);
-  if (settings.compact == 1) Check5.setValue(1);
-  if (settings.scan.isTrue()) Option5.setValue(true);
+  const bool winamp = settings.useWinamp.equals(1);
+  Check3.setValue(winamp ? 1 : 0);
+  showWinampChooser(winamp);
+  makethefile = winamp;
+  if (winamp && platform.files.fileExists(ownFile(winampPathName))) showWinampFolder();
+  Option4.setValue(settings.noScan.isTrue());
+  Check4.setValue(settings.splash.equals(1) ? 1 : 0);
+  Check5.setValue(settings.compact == 1 ? 1 : 0);
+  Option5.setValue(settings.scan.isTrue());
 }
 
 void Form1::showWinampChooser(bool visible) {
@@ -93,6 +94,14 @@ void Form1::Option4_Click() { List5.clearSelection(); }
 
 void Form1::Command16_Click() {
   settingscancelled = true;
+  Option4.setValue(panelAtOpening_.noScan);
+  Option5.setValue(panelAtOpening_.scan);
+  makethefile = panelAtOpening_.makethefile;
+  Check3.setValue(panelAtOpening_.winamp);
+  Check4.setValue(panelAtOpening_.splash);
+  Check5.setValue(panelAtOpening_.compact);
+  Check6.setValue(panelAtOpening_.colours);
+  showWinampChooser(Check3.ticked());
   leavesettings();
 }
 

@@ -118,11 +118,17 @@ class Form1 : public Form, public Form1Controls {
   void credit_Click();
 
   // --- Which of the two final lists is visible: window/form1_final_list.cpp ---
-  ListBox& finalList();                                  // the final playlist: List4 if it is visible, else List6
-  void swapFinalLists(ListBox& shown, ListBox& hidden);  // the keyboard focus moves along
+  // The final playlist: the visible one of List4 and List6, or the one that was visible last while a panel hides both.
+  ListBox& finalList();
+  void showFinalList(ListBox& list);  // in place of the other one; the keyboard focus moves along
   void showlist4();
+  void returnToList4();  // shows List4; if List6 was the final playlist, its rows come along
+
+ private:
+  ListBox* finalList_ = &List4;
 
   // --- Drive and folder lists: window/form1_drives.cpp ---
+ public:
   void fillDrives(ListBox& list);  // fixed, removable and CD-ROM drives in the machine's order
   void showDrive(const DriveList& drives, FolderList& folders);  // the root folder of the current drive
 
@@ -140,6 +146,7 @@ class Form1 : public Form, public Form1Controls {
 
  private:
   void showFirstRun();  // the welcome and the settings panel, without lists and menus
+  void closePanels();
 
   // --- The settings at start-up: app/form1_settings.cpp ---
   bool applySettings();  // of plimo.ini; true if that has displayed the artists
@@ -321,13 +328,20 @@ class Form1 : public Form, public Form1Controls {
   void showWinampChooser(bool visible);
   void showWinampFolder();  // the one in path.kvx
   void tickDrivesToScan();
-  ListBox* finalListAtOpening_ = &List4;  // the one that was visible when the preferences were opened
+  ListBox* finalListAtOpening_ = &List4;  // the final playlist when the preferences were opened
+  // The panel's controls and flag as they were then, which Cancel restores.
+  struct PanelState {
+    bool noScan = false, scan = false, makethefile = false;
+    int winamp = 0, splash = 0, compact = 0, colours = 0;
+  };
+  PanelState panelAtOpening_;
 
   // --- Accept: prefs/form1_accept.cpp ---
  public:
   void Command5_Click();
 
  private:
+  void acceptSettings();
   void findWinamp();
   bool writeChosenSettings();  // false: there is nothing to list and nothing to scan, so nothing was written
 
@@ -348,6 +362,7 @@ class Form1 : public Form, public Form1Controls {
   void accept_Click();
   void cancel_Click();
   void leavesettings();
+  void restoreOldColours();  // writes the scheme of the start, as Cancel does
 
  private:
   void openColourEditor();

@@ -15,6 +15,16 @@ struct Connection {
     {#control "." #event, #handler},                                                                         \
         [](Form1& form) { form.control.event = [&form](auto... arguments) { form.handler(arguments...); }; } \
   }
+// For events of the three lists and their pop-up menus: in the colour editor the lists show samples, and nothing acts
+// on them.
+#define WIRE_LIST(control, event, handler)                  \
+  Connection {                                              \
+    {#control "." #event, #handler}, [](Form1& form) {      \
+      form.control.event = [&form](auto... arguments) {     \
+        if (!form.fromsettings) form.handler(arguments...); \
+      };                                                    \
+    }                                                       \
+  }
 #define WIRE_FORM(event, handler)                                                              \
   Connection {                                                                                 \
     {"Form1." #event, #handler}, [](Form1& form) { form.event = [&form] { form.handler(); }; } \
@@ -28,20 +38,20 @@ const Connection connections[] = {
     WIRE_FORM(terminate, Form_Terminate),
     // Lists
     WIRE(List2, tick, List2_ItemCheck),
-    WIRE(List2, rightDown, List2_MouseDown),
+    WIRE_LIST(List2, rightDown, List2_MouseDown),
     WIRE(List2, scroll, List2_Scroll),
-    WIRE(List1, keyPress, List1_KeyPress),
-    WIRE(List1, doubleClick, List1_DblClick),
-    WIRE(List1, rightDown, List1_MouseDown),
+    WIRE_LIST(List1, keyPress, List1_KeyPress),
+    WIRE_LIST(List1, doubleClick, List1_DblClick),
+    WIRE_LIST(List1, rightDown, List1_MouseDown),
     WIRE(List1, scroll, List1_Scroll),
     WIRE(List4, click, List4_Click),
-    WIRE(List4, doubleClick, List4_DblClick),
-    WIRE(List4, keyPress, List4_KeyPress),
-    WIRE(List4, rightDown, List4_MouseDown),
+    WIRE_LIST(List4, doubleClick, List4_DblClick),
+    WIRE_LIST(List4, keyPress, List4_KeyPress),
+    WIRE_LIST(List4, rightDown, List4_MouseDown),
     WIRE(List6, click, List6_Click),
-    WIRE(List6, doubleClick, List6_DblClick),
-    WIRE(List6, keyPress, List6_KeyPress),
-    WIRE(List6, rightDown, List6_MouseDown),
+    WIRE_LIST(List6, doubleClick, List6_DblClick),
+    WIRE_LIST(List6, keyPress, List6_KeyPress),
+    WIRE_LIST(List6, rightDown, List6_MouseDown),
     WIRE(List5, click, List5_Click),
     WIRE(List5, doubleClick, List5_DblClick),
     WIRE(List5, tick, List5_ItemCheck),
@@ -121,29 +131,30 @@ const Connection connections[] = {
     WIRE(Preferences, click, Preferences_Click),
     WIRE(plimo, click, plimo_Click),
     WIRE(credits, click, credits_Click),
-    WIRE(openyh, click, openyh_Click),
-    WIRE(pal, click, pal_Click),
-    WIRE(playall, click, playall_Click),
-    WIRE(save2, click, save2_Click),
-    WIRE(Shuffle, click, Shuffle_Click),
-    WIRE(sort, click, sort_Click),
-    WIRE(remove, click, remove_Click),
-    WIRE(ral, click, ral_Click),
-    WIRE(play, click, play_Click),
-    WIRE(atp, click, atp_Click),
-    WIRE(ada, click, ada_Click),
-    WIRE(rfl, click, rfl_Click),
-    WIRE(ra, click, ra_Click),
-    WIRE(dal, click, dal_Click),
-    WIRE(cop, click, cop_Click),
-    WIRE(ds, click, ds_Click),
-    WIRE(info, click, info_Click),
-    WIRE(rename, click, rename_Click),
-    WIRE(sel, click, sel_Click),
-    WIRE(des, click, des_Click),
+    WIRE_LIST(openyh, click, openyh_Click),
+    WIRE_LIST(pal, click, pal_Click),
+    WIRE_LIST(playall, click, playall_Click),
+    WIRE_LIST(save2, click, save2_Click),
+    WIRE_LIST(Shuffle, click, Shuffle_Click),
+    WIRE_LIST(sort, click, sort_Click),
+    WIRE_LIST(remove, click, remove_Click),
+    WIRE_LIST(ral, click, ral_Click),
+    WIRE_LIST(play, click, play_Click),
+    WIRE_LIST(atp, click, atp_Click),
+    WIRE_LIST(ada, click, ada_Click),
+    WIRE_LIST(rfl, click, rfl_Click),
+    WIRE_LIST(ra, click, ra_Click),
+    WIRE_LIST(dal, click, dal_Click),
+    WIRE_LIST(cop, click, cop_Click),
+    WIRE_LIST(ds, click, ds_Click),
+    WIRE_LIST(info, click, info_Click),
+    WIRE_LIST(rename, click, rename_Click),
+    WIRE_LIST(sel, click, sel_Click),
+    WIRE_LIST(des, click, des_Click),
 };
 
 #undef WIRE
+#undef WIRE_LIST
 #undef WIRE_FORM
 
 }  // namespace

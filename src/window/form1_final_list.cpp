@@ -3,17 +3,31 @@
 
 namespace plimo {
 
-ListBox& Form1::finalList() { return List4.visible() ? List4 : List6; }
+ListBox& Form1::finalList() {
+  if (List4.visible()) finalList_ = &List4;
+  if (List6.visible()) finalList_ = &List6;
+  return *finalList_;
+}
 
-void Form1::swapFinalLists(ListBox& shown, ListBox& hidden) {
-  shown.setVisible(true);
-  if (focus() == &hidden) setFocus(&shown);
-  hidden.setVisible(false);
+void Form1::showFinalList(ListBox& list) {
+  ListBox& other = &list == &List4 ? List6 : List4;
+  list.setVisible(true);
+  if (focus() == &other) setFocus(&list);
+  other.setVisible(false);
+  finalList_ = &list;
 }
 
 void Form1::showlist4() {
   List4.assign(List6);
-  swapFinalLists(List4, List6);
+  showFinalList(List4);
+}
+
+void Form1::returnToList4() {
+  if (&finalList() == &List6) {
+    showlist4();
+  } else {
+    showFinalList(List4);
+  }
 }
 
 }  // namespace plimo
