@@ -8,6 +8,8 @@ const char* describe(ErrorNumber number) {
       return "Invalid procedure call or argument";
     case ErrorNumber::overflow:
       return "Overflow";
+    case ErrorNumber::outOfMemory:
+      return "Out of memory";
     case ErrorNumber::typeMismatch:
       return "Type mismatch";
     case ErrorNumber::badFileName:

@@ -11,6 +11,7 @@ namespace plimo {
 enum class ErrorNumber {
   invalidCall = 5,
   overflow = 6,
+  outOfMemory = 7,
   typeMismatch = 13,
   badFileName = 52,
   fileNotFound = 53,

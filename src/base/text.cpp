@@ -234,6 +234,21 @@ bool isSubview(std::string_view bytes, std::string_view text) {
   return notBehind(bytes.data(), text.data()) && notBehind(text.data() + text.size(), bytes.data() + bytes.size());
 }
 
+std::string counted(std::size_t count, std::string_view noun) {
+  return std::to_string(count).append(" ").append(noun).append(count == 1 ? "" : "s");
+}
+
+std::string elideMiddle(std::string_view text, std::size_t most) {
+  constexpr std::string_view dots = "...";
+  if (text.size() <= most) return std::string(text);
+  const auto continues = [text](std::size_t at) { return (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80; };
+  std::size_t head = (most - dots.size()) / 2;
+  std::size_t tail = text.size() - (most - dots.size() - head);
+  while (head > 0 && continues(head)) --head;
+  while (tail < text.size() && continues(tail)) ++tail;
+  return std::string(text.substr(0, head)).append(dots).append(text.substr(tail));
+}
+
 std::string toValidUtf8(std::string_view bytes) {
   std::string text;
   text.reserve(bytes.size());

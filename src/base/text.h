@@ -32,6 +32,12 @@ std::string_view prefixBefore(std::string_view text, char separator);
 // True where the text is a part of the bytes, in their place in the memory.
 bool isSubview(std::string_view bytes, std::string_view text);
 
+// A count with its noun: "1 song", "2 songs".
+std::string counted(std::size_t count, std::string_view noun);
+
+// The text, with its middle replaced by "..." if it is longer than `most` bytes; never cuts a UTF-8 sequence in two.
+std::string elideMiddle(std::string_view text, std::size_t most);
+
 // The bytes as valid UTF-8: each byte that is not part of a valid sequence becomes U+FFFD.
 std::string toValidUtf8(std::string_view bytes);
 

@@ -2,6 +2,7 @@
 #include <span>
 #include <utility>
 
+#include "base/text.h"
 #include "catalogue/song_name.h"
 #include "settings/settings_file.h"
 #include "window/drive_rows.h"
@@ -56,10 +57,13 @@ void Form1::scandrives() {
   } else {
     roots = rootsInOrderOfDrives(platform.files.drives(), hasSettings ? &driveLetters_ : nullptr);
   }
+  skipAllFolders_ = false;
+  skippedFolders_ = 0;
   const ProgressScope scope(platform.progress, Task::scan);
   for (const std::string& root : roots) {
     if (!findsubfolder(root)) break;
   }
+  if (skippedFolders_ > 0) setStatus(counted(skippedFolders_, "folder") + " skipped");
 }
 
 bool Form1::findsubfolder(std::string_view folder) {
@@ -68,16 +72,28 @@ bool Form1::findsubfolder(std::string_view folder) {
     platform.progress.update({.done = List3.count(), .name = inside});
     return !platform.progress.cancelled();
   };
-  return platform.files.walk(
-      folder, searchedLevels, isSongFile,
-      [&](std::string_view song) {
-        List3.add(song);
-        return goOn();
-      },
-      [&](std::string_view entered) {
-        inside = entered;
-        return goOn();
-      });
+  WalkVisitor visitor;
+  visitor.wanted = isSongFile;
+  visitor.found = [&](std::string_view song) {
+    List3.add(song);
+    return goOn();
+  };
+  visitor.entered = [&](std::string_view entered) {
+    inside = entered;
+    return goOn();
+  };
+  visitor.unreadable = [this](const RuntimeError& error) { return skipFolder(error.path()); };
+  return platform.files.walk(folder, searchedLevels, visitor);
+}
+
+bool Form1::skipFolder(const std::string& folder) {
+  if (!skipAllFolders_) {
+    const FolderAnswer answer = platform.dialogs.askAboutFolder(folder);
+    if (answer == FolderAnswer::stop) return false;
+    skipAllFolders_ = answer == FolderAnswer::skipAll;
+  }
+  ++skippedFolders_;
+  return true;
 }
 
 void Form1::clearForScan() {

@@ -1,5 +1,7 @@
 #include "controls/dispatcher.h"
 
+#include <new>
+
 namespace plimo {
 
 void Dispatcher::run(const std::function<void()>& handler) {
@@ -8,6 +10,8 @@ void Dispatcher::run(const std::function<void()>& handler) {
     handler();
   } catch (const RuntimeError& error) {
     if (failed) failed(error);
+  } catch (const std::bad_alloc&) {
+    if (failed) failed(RuntimeError(ErrorNumber::outOfMemory));
   } catch (...) {
     --depth_;
     throw;

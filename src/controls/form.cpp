@@ -4,6 +4,12 @@
 
 namespace plimo {
 
+Form::Form(Dispatcher& dispatcher, std::string_view name) : dispatcher_(dispatcher), name_(name) {
+  dispatcher_.atEnd([this] {
+    if (closePending_) userClose();
+  });
+}
+
 Control* Form::find(std::string_view name) const {
   const auto found = std::find_if(controls_.begin(), controls_.end(),
                                   [name](const Control* control) { return control->name() == name; });
@@ -28,6 +34,12 @@ void Form::setCaption(std::string_view caption) {
   if (caption == caption_) return;
   caption_ = caption;
   if (host_ != nullptr) host_->captionChanged(*this);
+}
+
+void Form::setStatus(std::string_view status) {
+  if (status == status_) return;
+  status_ = status;
+  if (host_ != nullptr) host_->statusChanged(*this);
 }
 
 void Form::setWindowState(WindowState state) {
@@ -78,6 +90,11 @@ void Form::userMouseMove() {
 }
 
 void Form::userClose() {
+  if (dispatcher_.busy()) {
+    closePending_ = true;
+    return;
+  }
+  closePending_ = false;
   unload();
   if (terminate) dispatcher_.run(terminate);
 }

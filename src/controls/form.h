@@ -26,6 +26,7 @@ class FormHost {
   virtual void show(Form& form) = 0;
   virtual void unload(Form& form) = 0;  // closes the window; the program ends with its last window
   virtual void captionChanged(Form& form) = 0;
+  virtual void statusChanged(Form& form) = 0;                          // to Form::status
   virtual void stateChanged(Form& form) = 0;                           // to Form::windowState
   virtual void resizeTo(Form& form, double width, double height) = 0;  // outer size, twips
   virtual void focusChanged(Form& form) = 0;                           // to Form::focus
@@ -36,7 +37,7 @@ class FormHost {
 
 class Form {
  public:
-  Form(Dispatcher& dispatcher, std::string_view name) : dispatcher_(dispatcher), name_(name) {}
+  Form(Dispatcher& dispatcher, std::string_view name);
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
   virtual ~Form() = default;
@@ -58,6 +59,9 @@ class Form {
   bool loaded() const { return loaded_; }
   const std::string& caption() const { return caption_; }
   void setCaption(std::string_view caption);
+  // One sentence about the last command, shown at the foot of the window; empty for none.
+  const std::string& status() const { return status_; }
+  void setStatus(std::string_view status);
   WindowState windowState() const { return state_; }
   void setWindowState(WindowState state);
   // Outer size including frame and title bar, in twips. Setting it asks the host, which reports windowResized.
@@ -93,7 +97,7 @@ class Form {
   // The user moved the keyboard focus.
   void userFocus(Control* control) { focus_ = control; }
   void userMouseMove();
-  // The user closes the window by its frame.
+  // The user closes the window by its frame. While a handler runs, it closes after the outermost one has ended.
   void userClose();
 
  private:
@@ -106,7 +110,9 @@ class Form {
   FormHost* host_ = nullptr;
   bool loaded_ = false;
   bool visible_ = false;
+  bool closePending_ = false;
   std::string caption_;
+  std::string status_;
   WindowState state_ = WindowState::normal;
   double width_ = 0;
   double height_ = 0;

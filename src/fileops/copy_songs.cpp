@@ -1,15 +1,20 @@
 #include "fileops/copy_songs.h"
 
+#include <cctype>
+#include <vector>
+
 #include "base/errors.h"
+#include "base/text.h"
 #include "catalogue/song_lookup.h"
 
 namespace plimo {
 
-void copySongs(FileSystemObject& files, Progress& progress, const std::string& catalogue, const CopyRequest& request,
-               const std::string& folder, const std::function<void(std::string_view name)>& present) {
+CopyResult copySongs(FileSystemObject& files, Progress& progress, const std::string& catalogue,
+                     const CopyRequest& request, const std::string& folder, const PresentFile& present) {
+  CopyResult result;
   if (request.names.empty()) {  // each row is looked up, selected or not, so a damaged catalogue is reported
     CatalogueFile(files, catalogue).read([](const CatalogueRecord&) { return true; });
-    return;
+    return result;
   }
   const SongPaths found(files, catalogue, request.names, OnTruncation::ignore);
   ProgressUpdate update;
@@ -25,30 +30,55 @@ void copySongs(FileSystemObject& files, Progress& progress, const std::string& c
       ++update.done;
       update.name = files.fileName(path);
       update.bytes = update.size = 0;
-      scope.update(update);  // files that turn out not to be copied take their time, too
+      if (!scope.update(update)) return result;  // files that turn out not to be copied take their time, too
       if (!files.fileExists(path)) {
         if (update.done == 1) throw RuntimeError(ErrorNumber::fileNotFound, path);
+        ++result.missing;
         continue;
       }
       if (!files.folderExists(folder)) {
-        if (update.done == 1) throw RuntimeError(ErrorNumber::pathNotFound, folder);
+        const RuntimeError error(ErrorNumber::pathNotFound, folder);
+        if (update.done == 1) throw RuntimeError(error);
+        if (result.failed++ == 0) result.reason = error.what();
         continue;
       }
       const std::string target = files.join(folder, update.name);
       if (files.fileExists(target)) {
+        ++result.alreadyThere;
         present(update.name);
         continue;
       }
       try {
-        files.copyFile(path, target, false, [&](std::uint64_t copied, std::uint64_t size) {
+        const bool complete = files.copyFile(path, target, false, [&](std::uint64_t copied, std::uint64_t size) {
           update.bytes = copied;
           update.size = size;
-          scope.update(update);
+          return scope.update(update);
         });
-      } catch (const RuntimeError&) {  // that copy is missing; the others go on
+        if (!complete) return result;
+        ++result.copied;
+      } catch (const RuntimeError& error) {  // that copy is missing; the others go on
+        if (result.failed++ == 0) result.reason = error.what();
       }
     }
   }
+  return result;
+}
+
+std::string copyStatus(const CopyResult& result, std::string_view folder) {
+  std::string text = counted(result.copied, "song") + " copied to " + std::string(folder);
+  const std::size_t leftOut = result.alreadyThere + result.missing + result.failed;
+  if (leftOut == 0) return text;
+  text += ", " + std::to_string(leftOut) + " left out: ";
+  std::vector<std::string> reasons;
+  if (result.alreadyThere > 0) reasons.push_back("already there " + std::to_string(result.alreadyThere));
+  if (result.missing > 0) reasons.push_back("missing " + std::to_string(result.missing));
+  if (result.failed > 0) {
+    std::string reason = result.reason;
+    reason.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(reason.front())));
+    reasons.push_back("failed " + std::to_string(result.failed) + " (" + reason + ")");
+  }
+  for (std::size_t i = 0; i < reasons.size(); ++i) text.append(i == 0 ? "" : ", ").append(reasons[i]);
+  return text;
 }
 
 }  // namespace plimo

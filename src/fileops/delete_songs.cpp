@@ -1,13 +1,33 @@
 #include "fileops/delete_songs.h"
 
+#include <vector>
+
 #include "base/errors.h"
+#include "base/string_arena.h"
+#include "base/string_interner.h"
 #include "catalogue/song_lookup.h"
 #include "catalogue/song_name.h"
 
 namespace plimo {
 
+SongFiles countSongFiles(FileSystemObject& files, const std::string& catalogue,
+                         std::span<const std::string_view> names) {
+  const SongPaths found(files, catalogue, names, OnTruncation::ignore);
+  StringArena texts;
+  StringInterner paths;
+  StringInterner folders;
+  for (std::size_t name = 0; name < names.size(); ++name) {
+    for (const StoredPath& path : found.of(name)) {
+      folders.add(path.folder());
+      const std::string text = path.text();
+      if (paths.find(text) == StringInterner::none) paths.add(texts.store(text));
+    }
+  }
+  return {paths.size(), folders.size()};
+}
+
 void deleteSongs(FileSystemObject& files, Progress& progress, const std::string& catalogue,
-                 std::span<const std::string_view> names) {
+                 std::span<const std::string_view> names, std::size_t& deleted) {
   if (names.empty()) return;
   const SongPaths found(files, catalogue, names, OnTruncation::ignore);
   ProgressUpdate update;
@@ -16,10 +36,11 @@ void deleteSongs(FileSystemObject& files, Progress& progress, const std::string&
   for (std::size_t name = 0; name < names.size(); ++name) {
     for (const StoredPath& path : found.of(name)) {
       ++update.done;
-      scope.update(update);
+      if (!scope.update(update)) return;
       const std::string file = path.text();
       if (!isSongFile(files.fileName(file))) throw RuntimeError(ErrorNumber::fileNotFound, file);
       files.deleteFile(file, Force::no);
+      ++deleted;
     }
     if (found.truncation()) throw *found.truncation();
   }

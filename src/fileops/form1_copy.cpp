@@ -32,6 +32,20 @@ void showDriveOf(DriveList& drives, const FolderList& folder) {
   }
 }
 
+// A box for each file; from the second one on the user can silence the rest.
+PresentFile presentFileMessages(Dialogs& dialogs) {
+  return [&dialogs, first = true, silent = false](std::string_view name) mutable {
+    if (silent) return;
+    const std::string text = std::string("This file ").append(name).append(" is already present in the destination folder!");
+    if (first) {
+      dialogs.message(text);
+    } else {
+      silent = dialogs.repeatedMessage(text);
+    }
+    first = false;
+  };
+}
+
 }  // namespace
 
 void Form1::cop_Click() {
@@ -53,15 +67,17 @@ void Form1::Dir2_Change() {}
 void Form1::Command6_Click() {
   Command6.setCaption("Please Wait");
   Command6.setEnabled(false);
+  std::string status;
   if (!List1.empty()) {
+    const std::string folder = Dir2.path();
     const std::vector<std::string_view> names = List1.selectedTexts();
-    copySongs(platform.files, platform.progress, ownFile(catalogueName), {names, List1.selected(0)}, Dir2.path(),
-              [this](std::string_view name) {
-                platform.dialogs.message(
-                    std::string("This file ").append(name).append(" is already present in the destination folder!"));
-              });
+    const CopyResult result =
+        copySongs(platform.files, platform.progress, ownFile(catalogueName),
+                  {names, List1.selected(0)}, folder, presentFileMessages(platform.dialogs));
+    status = copyStatus(result, folder);
   }
   Command7_Click();
+  setStatus(status);
 }
 
 void Form1::Command7_Click() {

@@ -1,4 +1,5 @@
 // Deletes the song files of the scratch playlist's rows.
+#include "base/text.h"
 #include "catalogue/catalogue_file.h"
 #include "fileops/delete_songs.h"
 #include "window/form1.h"
@@ -7,16 +8,15 @@ namespace plimo {
 
 void Form1::Command10_Click() {
   foldSongStrip();
-  const bool sure = platform.dialogs.question("You are gonna have to say goodbye to the selected files! You sure ??");
-  Form_MouseMove();
-  if (sure) deleteselectedfiles();
+  if (sureToDelete("You are gonna have to say goodbye to the selected files! You sure ??", List1.selectedTexts())) {
+    deleteselectedfiles();
+  }
 }
 
 void Form1::Command15_Click() {
-  const bool sure =
-      platform.dialogs.question("You are gonna have to say goodbye to all the files in this list! You sure ??");
-  Form_MouseMove();
-  if (sure) deleteallfiles();
+  if (sureToDelete("You are gonna have to say goodbye to all the files in this list! You sure ??", List1.texts())) {
+    deleteallfiles();
+  }
 }
 
 void Form1::ds_Click() { Command10_Click(); }
@@ -30,8 +30,34 @@ void Form1::deleteallfiles() {
   deleteFilesOf(List1, "The file(s) could not be deleted due to some mysterical problem!");
 }
 
+bool Form1::sureToDelete(const char* question, const std::vector<std::string_view>& names) {
+  std::string extent;
+  try {
+    const SongFiles found = countSongFiles(platform.files, ownFile(catalogueName), names);
+    extent = counted(found.files, "file") + " in " + counted(found.folders, "folder") + " will be deleted.";
+  } catch (const RuntimeError&) {  // the deletion itself will report it
+  }
+  const bool sure = platform.dialogs.ask({question, extent, Question::Default::no});
+  Form_MouseMove();
+  return sure;
+}
+
+void Form1::deleteFilesOf(const ListBox& list, const char* failureMessage) {
+  std::size_t deleted = 0;
+  std::string failure;
+  try {
+    deleteSongs(platform.files, platform.progress, ownFile(catalogueName), list.texts(), deleted);
+  } catch (const RuntimeError& error) {
+    failure = std::string(", then stopped: ").append(error.what());
+    platform.dialogs.message(failureMessage);
+  }
+  setStatus(counted(deleted, "file") + " deleted" + failure);
+  offerScan();
+}
+
 void Form1::offerScan() {
-  if (!platform.dialogs.question("The Files have been deleted! Do you want to re-scan your hard drive for Mp3s? ")) {
+  if (!platform.dialogs.question(
+          "The Files have been deleted! Do you want to re-scan your hard drive for Mp3s? ")) {
     return;
   }
   if (Option4.value()) {
@@ -41,15 +67,6 @@ void Form1::offerScan() {
   } else {
     Scan_Click();
   }
-}
-
-void Form1::deleteFilesOf(const ListBox& list, const char* failureMessage) {
-  try {
-    deleteSongs(platform.files, platform.progress, ownFile(catalogueName), list.texts());
-  } catch (const RuntimeError&) {
-    platform.dialogs.message(failureMessage);
-  }
-  offerScan();
 }
 
 }  // namespace plimo

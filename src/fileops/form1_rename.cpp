@@ -15,13 +15,17 @@ std::string Form1::currentSong() {
   return *path;
 }
 
-// Deletes the old file only after the new one is complete.
-void Form1::moveSong(const std::string& from, const std::string& to) {
+// In one step if the machine can; otherwise the old file is deleted only after the new one is complete. False if the user
+// has closed the window meanwhile: nothing has changed then.
+bool Form1::moveSong(const std::string& from, const std::string& to) {
+  if (platform.files.moveFile(from, to)) return true;
   ProgressScope scope(platform.progress, Task::copy);
-  platform.files.copyFile(from, to, true, [&](std::uint64_t copied, std::uint64_t size) {
-    scope.update({.done = 1, .total = 1, .name = platform.files.fileName(to), .bytes = copied, .size = size});
+  const bool complete = platform.files.copyFile(from, to, true, [&](std::uint64_t copied, std::uint64_t size) {
+    return scope.update(
+        {.done = 1, .total = 1, .name = platform.files.fileName(to), .bytes = copied, .size = size});
   });
-  platform.files.deleteFile(from, Force::no);
+  if (complete) platform.files.deleteFile(from, Force::no);
+  return complete;
 }
 
 void Form1::rename_Click() {
@@ -31,7 +35,7 @@ void Form1::rename_Click() {
                                                   "EXISTING FILES WILL BE OVERWRITTEN SO DON'T BLAME ME LATER!",
                                                   std::string(proposedName(platform.files.fileName(path))));
   if (name.empty()) return;
-  moveSong(path, renamedPath(platform.files, path, name));
+  if (!moveSong(path, renamedPath(platform.files, path, name))) return;
   List1.remove(*List1.current());
   if (!platform.dialogs.question(
           "Would you like to Re-scan your hard drive to incorporate the changes (RECOMMENDED)?")) {

@@ -14,6 +14,15 @@ struct FileDialog {
   std::string folder;  // the initial folder
 };
 
+struct Question {
+  enum class Default { yes, no };
+  std::string text;
+  std::string details;  // shown smaller below the text; may be empty
+  Default defaultButton = Default::yes;
+};
+
+enum class FolderAnswer { skip, skipAll, stop };
+
 class Dialogs {
  public:
   Dialogs() = default;
@@ -23,8 +32,15 @@ class Dialogs {
 
   // A box with an OK button, titled with the program's name.
   virtual void message(const std::string& text) = 0;
+  // The same with a second button, "Say no more". True if it was pressed: no further message of this kind is wanted.
+  virtual bool repeatedMessage(const std::string& text) = 0;
   // A box with Yes and No, titled with the program's name; true for Yes, false for anything else.
-  virtual bool question(const std::string& text) = 0;
+  virtual bool ask(const Question& question) = 0;
+  bool question(const std::string& text) { return ask({text, {}, Question::Default::yes}); }
+  // Asked by a scan about a folder that it cannot read.
+  virtual FolderAnswer askAboutFolder(const std::string& folder) = 0;
+  // Asked after an error has ended the start-up; Yes and No, which is the default. True for Yes.
+  virtual bool askToStartAnew(const std::string& text) = 0;
   // A box that takes one line of text; empty when cancelled.
   virtual std::string input(const std::string& title, const std::string& prompt, const std::string& proposed) = 0;
   // The chosen path; nullopt if cancelled. Saving never asks whether to overwrite the file of the name it returns; it

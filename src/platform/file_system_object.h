@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/errors.h"
@@ -62,8 +63,21 @@ class FileReplacement {
 // Whether a read-only file is replaced or deleted all the same.
 enum class Force { no, yes };
 
-// Called with the path of each file (or folder) that a walk reaches; returns false to end the walk.
-using FileVisitor = std::function<bool(std::string_view path)>;
+// What a walk over folders calls.
+struct WalkVisitor {
+  // True for the name of a file that is to be found. Also called on other threads and ahead of the walk, because the
+  // next folders are listed in advance.
+  bool (*wanted)(std::string_view name) = nullptr;
+  // Each file found, by its path; false ends the walk.
+  std::function<bool(std::string_view path)> found;
+  // Each folder, before its files; false ends the walk. May be empty.
+  std::function<bool(std::string_view path)> entered;
+  // A folder that cannot be listed; true skips it, false makes the walk throw the error. Empty: always throw.
+  std::function<bool(const RuntimeError& error)> unreadable;
+};
+
+// Called with the bytes copied so far and the size of the file; false cancels the copy.
+using CopyProgress = std::function<bool(std::uint64_t copied, std::uint64_t size)>;
 
 class FileSystemObject {
  public:
@@ -113,14 +127,12 @@ class FileSystemObject {
   virtual FolderContents contents(std::string_view folder) = 0;
 
   // Walks a folder depth first: its files in order, then the whole subtree of each subfolder in order, down to `depth`
-  // levels of subfolders below it (0: only its own files). Calls `found` for each file whose name `wanted` accepts;
-  // `wanted` is also called on other threads and ahead of the walk, because the next folders are listed in advance.
-  // Calls `entered` for each folder before its files. Does not follow links to folders. Throws as `contents` does, when
-  // the walk reaches the folder that fails. Returns false if `found` or `entered` ended the walk.
-  virtual bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FileVisitor& found,
-                    const FileVisitor& entered) = 0;
-  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FileVisitor& found) {
-    return walk(folder, depth, wanted, found, [](std::string_view) { return true; });
+  // levels of subfolders below it (0: only its own files). Does not follow links to folders. Throws as `contents` does,
+  // when the walk reaches the folder that fails. Returns false if the visitor ended the walk.
+  virtual bool walk(std::string_view folder, int depth, const WalkVisitor& visitor) = 0;
+  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name),
+            std::function<bool(std::string_view path)> found) {
+    return walk(folder, depth, {.wanted = wanted, .found = std::move(found), .entered = {}, .unreadable = {}});
   }
 
   // --- Files ---
@@ -137,10 +149,14 @@ class FileSystemObject {
   virtual void deleteFile(std::string_view path, Force force) = 0;
   // Copies one file with its time and permissions. The target appears complete or not at all. Throws 53 (no source),
   // 58 (target exists and overwriting is off), 70 (source may not be read; target read-only; folder may not be
-  // written; onto itself), 76 (no target folder), 61, 52 (a name that the machine does not support). `progress` is
-  // called with the bytes copied so far.
-  virtual void copyFile(std::string_view from, std::string_view to, bool overwrite,
-                        const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress = {}) = 0;
+  // written; onto itself), 76 (no target folder), 61, 52 (a name that the machine does not support). Returns
+  // false if `progress` cancelled it; no target appears then.
+  virtual bool copyFile(std::string_view from, std::string_view to, bool overwrite,
+                        const CopyProgress& progress = {}) = 0;
+  // Renames a file, replacing `to`; the outcome is that of copying it over `to` and deleting it, without room for a
+  // second copy. Returns false, and changes nothing, if the machine cannot do it in one step (two file systems, a link).
+  // Throws as copyFile and deleteFile do.
+  virtual bool moveFile(std::string_view from, std::string_view to) = 0;
 };
 
 // Deletes one of the program's own files, with force. Failures are ignored: the next attempt to write it reports them.

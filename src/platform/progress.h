@@ -29,7 +29,7 @@ class Progress {
   // Cheap enough to be called for each file: it paints at most ten times a second.
   virtual void update(const ProgressUpdate& update) = 0;
   virtual void end() = 0;
-  // True once the user has cancelled the current task. Only a scan can be cancelled.
+  // True once the user has cancelled the current task. A scan has a button for it; closing the window cancels any task.
   virtual bool cancelled() const = 0;
 };
 

@@ -1,4 +1,5 @@
 // The single-key commands of the song lists, and their pop-up menus.
+#include "base/text.h"
 #include "playlists/row_operations.h"
 #include "window/form1.h"
 
@@ -84,7 +85,10 @@ void Form1::List6_KeyPress(char KeyAscii) {
 void Form1::finalListKey(ListBox& list, char KeyAscii) {
   switch (KeyAscii) {
     case 'q':
-      if (list.current()) pickedUp_ = list.currentText();
+      if (list.current()) {
+        pickedUp_ = list.currentText();
+        setStatus("picked up: " + std::string(trimBlanks(pickedUp_)) + " - w drops it below the current song");
+      }
       list.clearSelection();
       break;
     case 'c':
@@ -122,6 +126,7 @@ void Form1::drop() {
   List3.clear();
   List6.setCurrent(List6.find(pickedUp_));
   pickedUp_.clear();
+  setStatus("new order, not yet in what Save writes - View > Large takes it over");
 }
 
 void Form1::List1_MouseDown() { popUp(popy); }

@@ -27,13 +27,15 @@ SongPaths writePlaylist(FileSystemObject& files, const std::string& playlist, Fo
   return paths;
 }
 
-void writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t songs) {
+std::size_t writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t songs) {
   constexpr std::size_t pieceSize = std::size_t{1} << 20;  // bytes per write
   std::string piece;
+  std::size_t written = 0;
   for (std::size_t song = 0; song < songs; ++song) {
     for (const StoredPath& path : paths.of(song)) {
       append(piece, path);
       piece += "\r\n";
+      ++written;
     }
     if (piece.size() >= pieceSize) {
       file.write(piece);
@@ -42,6 +44,7 @@ void writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t so
   }
   file.write(piece);
   file.commit();
+  return written;
 }
 
 }  // namespace plimo

@@ -29,7 +29,7 @@ std::vector<std::string_view> readPlaylist(std::string_view content, const std::
 SongPaths writePlaylist(FileSystemObject& files, const std::string& playlist, Force force, const std::string& catalogue,
                         std::span<const std::string_view> songs);
 
-// Writes the paths of the first `songs` songs and commits the file. Throws as writing does.
-void writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t songs);
+// Writes the paths of the first `songs` songs and commits the file. Returns the number of paths. Throws as writing does.
+std::size_t writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t songs);
 
 }  // namespace plimo

@@ -175,7 +175,10 @@ class Form1 : public Form, public Form1Controls {
 
  private:
   void clearForScan();
-  bool otherDrives_ = false;  // the next scan walks the drives selected in List7
+  bool skipFolder(const std::string& folder);  // asks the user about a folder that cannot be read
+  bool otherDrives_ = false;                   // the next scan walks the drives selected in List7
+  bool skipAllFolders_ = false;                // of the current scan
+  std::size_t skippedFolders_ = 0;             // by the current scan
 
   // --- Artists and the scratch playlist: playlists/form1_artists.cpp ---
  public:
@@ -294,6 +297,7 @@ class Form1 : public Form, public Form1Controls {
   void deleteallfiles();
 
  private:
+  bool sureToDelete(const char* question, const std::vector<std::string_view>& names);
   void deleteFilesOf(const ListBox& list, const char* failureMessage);
   void offerScan();
 
@@ -303,7 +307,7 @@ class Form1 : public Form, public Form1Controls {
 
  private:
   std::string currentSong();
-  void moveSong(const std::string& from, const std::string& to);
+  bool moveSong(const std::string& from, const std::string& to);
 
   // --- Copying: fileops/form1_copy.cpp ---
  public:
