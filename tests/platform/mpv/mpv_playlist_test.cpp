@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/mpv/m3u_entries.h"
-#include "platform_mpv/test_player.h"
+#include "platform/mpv/test_player.h"
 
 namespace plimo {
 namespace {

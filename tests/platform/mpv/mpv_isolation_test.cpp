@@ -12,7 +12,7 @@
 #include <fstream>
 #include <string_view>
 
-#include "platform_mpv/test_player.h"
+#include "platform/mpv/test_player.h"
 
 namespace plimo {
 namespace {

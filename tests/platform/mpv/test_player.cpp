@@ -1,4 +1,4 @@
-#include "platform_mpv/test_player.h"
+#include "platform/mpv/test_player.h"
 
 #include <dlfcn.h>
 

@@ -15,7 +15,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform_mpv/test_player.h"
+#include "platform/mpv/test_player.h"
 
 namespace plimo {
 namespace {
