@@ -17,8 +17,8 @@ enum class Kind { file, folder, other };
 
 Kind kindOf(mode_t mode) { return S_ISREG(mode) ? Kind::file : S_ISDIR(mode) ? Kind::folder : Kind::other; }
 
-// Asks the disk where the listing itself does not tell.
-Kind kindOf(int folder, const char* name, unsigned char type, const FolderQuery& query) {
+// Calls fstatat(2) only if d_type does not say it: for links, and on file systems without d_type.
+Kind kindOf(int folder, const char* name, unsigned char type, const ListingFilter& filter) {
   if (type == DT_REG) return Kind::file;
   if (type == DT_DIR) return Kind::folder;
   if (type != DT_LNK && type != DT_UNKNOWN) return Kind::other;
@@ -27,7 +27,7 @@ Kind kindOf(int folder, const char* name, unsigned char type, const FolderQuery&
   if (!S_ISLNK(status.st_mode)) return kindOf(status.st_mode);
   if (::fstatat(folder, name, &status, 0) != 0) return Kind::other;
   const Kind kind = kindOf(status.st_mode);
-  return kind == Kind::folder && !query.linkedFolders ? Kind::other : kind;
+  return kind == Kind::folder && !filter.linkedFolders ? Kind::other : kind;
 }
 
 }  // namespace
@@ -52,13 +52,13 @@ void DirectoryLister::sort(Names& names) const {
   for (const Name& name : names.found) names.sorted.push_back(text.substr(name.offset, name.length));
 }
 
-bool DirectoryLister::read(int descriptor, const FolderQuery& query) {
+bool DirectoryLister::list(int fd, const ListingFilter& filter) {
   text_.clear();
   files_.found.clear();
   folders_.found.clear();
   alignas(dirent64) std::array<char, 64 * 1024> buffer;
   for (;;) {
-    const ssize_t filled = ::getdents64(descriptor, buffer.data(), buffer.size());
+    const ssize_t filled = ::getdents64(fd, buffer.data(), buffer.size());
     if (filled < 0) return false;
     if (filled == 0) break;
     for (ssize_t at = 0; at < filled;) {
@@ -66,13 +66,13 @@ bool DirectoryLister::read(int descriptor, const FolderQuery& query) {
       at += entry->d_reclen;
       const std::string_view name = entry->d_name;
       if (name == "." || name == "..") continue;
-      if (entry->d_type == DT_DIR && !query.folders) continue;
-      const bool wanted = !query.wantedFile || query.wantedFile(name);
-      // A link's kind costs a look at the disk; most are of no interest.
-      if (!wanted && (entry->d_type == DT_REG || (entry->d_type == DT_LNK && !query.linkedFolders))) continue;
-      const Kind kind = kindOf(descriptor, entry->d_name, entry->d_type, query);
-      if (kind == Kind::file && wanted) add(files_, name);
-      if (kind == Kind::folder && query.folders) add(folders_, name);
+      if (entry->d_type == DT_DIR && !filter.folders) continue;
+      const bool accepted = !filter.acceptFile || filter.acceptFile(name);
+      // Resolving a link takes a system call, so unwanted links are skipped first.
+      if (!accepted && (entry->d_type == DT_REG || (entry->d_type == DT_LNK && !filter.linkedFolders))) continue;
+      const Kind kind = kindOf(fd, entry->d_name, entry->d_type, filter);
+      if (kind == Kind::file && accepted) add(files_, name);
+      if (kind == Kind::folder && filter.folders) add(folders_, name);
     }
   }
   sort(files_);

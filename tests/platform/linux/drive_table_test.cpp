@@ -9,19 +9,19 @@
 namespace plimo {
 namespace {
 
-class PosixDriveTable : public testing::Test {
+class DriveTableTest : public testing::Test {
  protected:
-  PosixDriveTable() {
-    sources_.mountInfo = folder_ / "mountinfo";
-    sources_.blockDevices = folder_ / "block";
-    sources_.home = "/home/ana";
+  DriveTableTest() {
+    paths_.mountInfo = folder_ / "mountinfo";
+    paths_.blockDevices = folder_ / "block";
+    paths_.home = "/home/ana";
   }
 
-  // "C:2:/home/ana D:4:/mnt/cd": letter, number of the kind, root folder.
+  // For example "C:2:/home/ana D:4:/mnt/cd": letter, drive type, root folder.
   std::string table(const std::string& mounts) {
-    writeFile(sources_.mountInfo, mounts);
+    writeFile(paths_.mountInfo, mounts);
     std::string text;
-    for (const DriveRoot& drive : defaultDriveTable(sources_)) {
+    for (const DriveRoot& drive : defaultDriveTable(paths_)) {
       if (!text.empty()) text += ' ';
       text += std::string(1, drive.letter) + ":" + std::to_string(static_cast<int>(drive.type)) + ":" + drive.root;
     }
@@ -29,12 +29,12 @@ class PosixDriveTable : public testing::Test {
   }
 
   TemporaryFolder folder_;
-  SystemPaths sources_;
+  SystemPaths paths_;
 };
 
-TEST_F(PosixDriveTable, TheHomeFolderIsDriveC) { EXPECT_EQ(table(""), "C:2:/home/ana"); }
+TEST_F(DriveTableTest, TheHomeFolderIsDriveC) { EXPECT_EQ(table(""), "C:2:/home/ana"); }
 
-TEST_F(PosixDriveTable, FurtherRealFileSystemsFollowInTheOrderOfMounting) {
+TEST_F(DriveTableTest, FurtherFileSystemsWithADeviceFollowInTheOrderOfMounting) {
   EXPECT_EQ(table("22 1 8:2 / / rw,relatime shared:1 - ext4 /dev/sda2 rw\n"
                   "23 22 0:21 / /proc rw shared:2 - proc proc rw\n"
                   "24 22 8:1 / /boot/efi rw shared:3 - vfat /dev/sda1 rw\n"
@@ -48,7 +48,7 @@ TEST_F(PosixDriveTable, FurtherRealFileSystemsFollowInTheOrderOfMounting) {
             "C:2:/home/ana D:2:/srv/music E:4:/media/cdrom F:2:/run/media/ana/Blue Stick");
 }
 
-TEST_F(PosixDriveTable, EachDeviceIsOneDrive) {
+TEST_F(DriveTableTest, EachDeviceIsOneDrive) {
   EXPECT_EQ(table("22 1 0:30 /@ / rw - btrfs /dev/sda2 rw\n"
                   "23 22 0:30 /@snapshots /snapshots rw - btrfs /dev/sda2 rw\n"
                   "24 22 8:17 / /mnt/disk rw - ext4 /dev/sdb1 rw\n"
@@ -56,7 +56,7 @@ TEST_F(PosixDriveTable, EachDeviceIsOneDrive) {
             "C:2:/home/ana D:2:/mnt/disk");
 }
 
-TEST_F(PosixDriveTable, ARemovableDiskIsKnownByItsFlag) {
+TEST_F(DriveTableTest, ARemovableDiskIsRecognisedByItsFlag) {
   writeFile(folder_ / "devices/sdb/removable", "1\n");
   writeFile(folder_ / "devices/sdb/sdb1/partition", "1\n");
   writeFile(folder_ / "devices/sdc/removable", "0\n");
@@ -64,10 +64,10 @@ TEST_F(PosixDriveTable, ARemovableDiskIsKnownByItsFlag) {
   writeFile(folder_ / "devices/sdd/removable", "1\n");
   writeFile(folder_ / "devices/dm-0/removable", "0\n");
   makeFolders(folder_ / "devices/dm-0/slaves");
-  makeFolders(sources_.blockDevices);
+  makeFolders(paths_.blockDevices);
   for (const char* name : {"sdb/sdb1", "sdc/sdc1", "sdd", "dm-0"}) {
     const std::filesystem::path device = folder_ / (std::string("devices/") + name);
-    std::filesystem::create_symlink(device, sources_.blockDevices + "/" + device.filename().string());
+    std::filesystem::create_symlink(device, paths_.blockDevices + "/" + device.filename().string());
   }
   std::filesystem::create_symlink(folder_ / "devices/sdb/sdb1", folder_ / "devices/dm-0/slaves/sdb1");
   EXPECT_EQ(table("1 1 8:17 / /mnt/b rw - vfat /dev/sdb1 rw\n"
@@ -77,7 +77,7 @@ TEST_F(PosixDriveTable, ARemovableDiskIsKnownByItsFlag) {
             "C:2:/home/ana D:1:/mnt/b E:2:/mnt/c F:1:/mnt/d G:1:/mnt/e");
 }
 
-TEST_F(PosixDriveTable, LettersEndWithZ) {
+TEST_F(DriveTableTest, LettersEndWithZ) {
   std::string mounts;
   for (int i = 0; i < 40; ++i) {
     const std::string n = std::to_string(i);
@@ -88,23 +88,23 @@ TEST_F(PosixDriveTable, LettersEndWithZ) {
   EXPECT_TRUE(text.ends_with(" Z:2:/mnt/22")) << text;
 }
 
-TEST_F(PosixDriveTable, LinesThatAreNoMountsArePassedOver) {
+TEST_F(DriveTableTest, InvalidLinesAreSkipped) {
   EXPECT_EQ(table("\nnonsense\n1 2 3 4 5 6 7\n1 1 8:17 / /mnt/b rw - vfat\n"), "C:2:/home/ana");
 }
 
-TEST_F(PosixDriveTable, WithoutAMountTableThereIsTheHomeFolder) {
-  const auto drives = defaultDriveTable(sources_);
+TEST_F(DriveTableTest, WithoutAMountTableThereIsOnlyTheHomeFolder) {
+  const auto drives = defaultDriveTable(paths_);
   ASSERT_EQ(drives.size(), 1U);
   EXPECT_EQ(drives[0].root, "/home/ana");
 }
 
-TEST_F(PosixDriveTable, TheMachinesDrivesAreAskedAfreshEachTime) {
-  sources_.home = folder_.path();
+TEST_F(DriveTableTest, TheSystemsDrivesAreReadAgainAtEachCall) {
+  paths_.home = folder_.path();
   const std::string disk = "/mnt/plimo test, not there";
-  LinuxFiles files(sources_);
+  LinuxFiles files(paths_);
   EXPECT_EQ(files.drives().size(), 1U);
   EXPECT_TRUE(files.drives()[0].ready);
-  writeFile(sources_.mountInfo, "1 1 8:17 / /mnt/plimo\\040test,\\040not\\040there rw - vfat /dev/sdb1 rw\n");
+  writeFile(paths_.mountInfo, "1 1 8:17 / /mnt/plimo\\040test,\\040not\\040there rw - vfat /dev/sdb1 rw\n");
   ASSERT_EQ(files.drives().size(), 2U);
   EXPECT_FALSE(files.drives()[1].ready);
   EXPECT_TRUE(files.isRootFolder(disk));
