@@ -34,7 +34,7 @@ Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
   dialogs_.owner = [this] { return frontWindow(); };
   pump_.beforePaint = flush;
   pump_.window = [this] { return frontWindow(); };
-  gate_.opened = [this] { player_.wake(); };
+  gate_.opened = [this] { player_.drainEvents(); };
   installListAccess();
   installWidgetAccess();
   bindWindows();
