@@ -16,7 +16,7 @@ struct DriveRoot {
 
 // System files that tests replace.
 struct SystemPaths {
-  std::string mountInfo = "/proc/self/mountinfo";
+  std::string mounts = "/proc/self/mounts";
   std::string blockDevices = "/sys/class/block";
   std::string home;  // empty: $HOME, else the one in the user's account
 };

@@ -12,14 +12,14 @@ namespace {
 class DriveTableTest : public testing::Test {
  protected:
   DriveTableTest() {
-    paths_.mountInfo = folder_ / "mountinfo";
+    paths_.mounts = folder_ / "mounts";
     paths_.blockDevices = folder_ / "block";
     paths_.home = "/home/ana";
   }
 
   // For example "C:2:/home/ana D:4:/mnt/cd": letter, drive type, root folder.
   std::string table(const std::string& mounts) {
-    writeFile(paths_.mountInfo, mounts);
+    writeFile(paths_.mounts, mounts);
     std::string text;
     for (const DriveRoot& drive : defaultDriveTable(paths_)) {
       if (!text.empty()) text += ' ';
@@ -35,25 +35,29 @@ class DriveTableTest : public testing::Test {
 TEST_F(DriveTableTest, TheHomeFolderIsDriveC) { EXPECT_EQ(table(""), "C:2:/home/ana"); }
 
 TEST_F(DriveTableTest, FurtherFileSystemsWithADeviceFollowInTheOrderOfMounting) {
-  EXPECT_EQ(table("22 1 8:2 / / rw,relatime shared:1 - ext4 /dev/sda2 rw\n"
-                  "23 22 0:21 / /proc rw shared:2 - proc proc rw\n"
-                  "24 22 8:1 / /boot/efi rw shared:3 - vfat /dev/sda1 rw\n"
-                  "25 22 8:3 / /home rw shared:4 - ext4 /dev/sda3 rw\n"
-                  "26 22 0:40 / /mnt/net rw shared:5 - nfs4 server:/music rw\n"
-                  "27 22 0:41 / /mnt/mem rw shared:6 - tmpfs tmpfs rw\n"
-                  "28 22 8:33 / /srv/music rw shared:7 - ext4 /dev/sdc1 rw\n"
-                  "29 22 11:0 / /media/cdrom ro - iso9660 /dev/sr0 ro\n"
-                  "30 22 7:0 / /snap/core/1 ro shared:8 - squashfs /dev/loop0 ro\n"
-                  "31 22 8:17 / /run/media/ana/Blue\\040Stick rw shared:9 master:1 - vfat /dev/sdb1 rw\n"),
+  EXPECT_EQ(table("/dev/sda2 / ext4 rw,relatime 0 0\n"
+                  "proc /proc proc rw 0 0\n"
+                  "/dev/sda1 /boot/efi vfat rw 0 0\n"
+                  "/dev/sda3 /home ext4 rw 0 0\n"
+                  "server:/music /mnt/net nfs4 rw 0 0\n"
+                  "tmpfs /mnt/mem tmpfs rw 0 0\n"
+                  "/dev/sdc1 /srv/music ext4 rw 0 0\n"
+                  "/dev/sr0 /media/cdrom iso9660 ro 0 0\n"
+                  "/dev/loop0 /snap/core/1 squashfs ro 0 0\n"
+                  "/dev/sdb1 /run/media/ana/Blue\\040Stick vfat rw 0 0\n"),
             "C:2:/home/ana D:2:/srv/music E:4:/media/cdrom F:2:/run/media/ana/Blue Stick");
 }
 
 TEST_F(DriveTableTest, EachDeviceIsOneDrive) {
-  EXPECT_EQ(table("22 1 0:30 /@ / rw - btrfs /dev/sda2 rw\n"
-                  "23 22 0:30 /@snapshots /snapshots rw - btrfs /dev/sda2 rw\n"
-                  "24 22 8:17 / /mnt/disk rw - ext4 /dev/sdb1 rw\n"
-                  "25 22 8:17 /music /mnt/bound rw - ext4 /dev/sdb1 rw\n"),
+  EXPECT_EQ(table("/dev/sda2 / btrfs rw 0 0\n"
+                  "/dev/sda2 /snapshots btrfs rw 0 0\n"
+                  "/dev/sdb1 /mnt/disk ext4 rw 0 0\n"
+                  "/dev/sdb1 /mnt/bound ext4 rw 0 0\n"),
             "C:2:/home/ana D:2:/mnt/disk");
+}
+
+TEST_F(DriveTableTest, TwoNamesOfADeviceAreOneDrive) {
+  EXPECT_EQ(table("/dev/null /mnt/a ext4 rw 0 0\n/dev/./null /mnt/b ext4 rw 0 0\n"), "C:2:/home/ana D:2:/mnt/a");
 }
 
 TEST_F(DriveTableTest, ARemovableDiskIsRecognisedByItsFlag) {
@@ -70,10 +74,10 @@ TEST_F(DriveTableTest, ARemovableDiskIsRecognisedByItsFlag) {
     std::filesystem::create_symlink(device, paths_.blockDevices + "/" + device.filename().string());
   }
   std::filesystem::create_symlink(folder_ / "devices/sdb/sdb1", folder_ / "devices/dm-0/slaves/sdb1");
-  EXPECT_EQ(table("1 1 8:17 / /mnt/b rw - vfat /dev/sdb1 rw\n"
-                  "2 1 8:33 / /mnt/c rw - ext4 /dev/sdc1 rw\n"
-                  "3 1 8:48 / /mnt/d rw - vfat /dev/sdd rw\n"
-                  "4 1 253:0 / /mnt/e rw - ext4 /dev/dm-0 rw\n"),
+  EXPECT_EQ(table("/dev/sdb1 /mnt/b vfat rw 0 0\n"
+                  "/dev/sdc1 /mnt/c ext4 rw 0 0\n"
+                  "/dev/sdd /mnt/d vfat rw 0 0\n"
+                  "/dev/dm-0 /mnt/e ext4 rw 0 0\n"),
             "C:2:/home/ana D:1:/mnt/b E:2:/mnt/c F:1:/mnt/d G:1:/mnt/e");
 }
 
@@ -81,15 +85,15 @@ TEST_F(DriveTableTest, LettersEndWithZ) {
   std::string mounts;
   for (int i = 0; i < 40; ++i) {
     const std::string n = std::to_string(i);
-    mounts.append(n).append(" 1 9:").append(n).append(" / /mnt/").append(n);
-    mounts.append(" rw - ext4 /dev/md").append(n).append(" rw\n");
+    mounts.append("/dev/md").append(n).append(" /mnt/").append(n).append(" ext4 rw 0 0\n");
   }
   const std::string text = table(mounts);
   EXPECT_TRUE(text.ends_with(" Z:2:/mnt/22")) << text;
 }
 
 TEST_F(DriveTableTest, InvalidLinesAreSkipped) {
-  EXPECT_EQ(table("\nnonsense\n1 2 3 4 5 6 7\n1 1 8:17 / /mnt/b rw - vfat\n"), "C:2:/home/ana");
+  EXPECT_EQ(table("\nnonsense\n/dev/sdb1\n# /dev/sdc1 /mnt/c ext4 rw 0 0\n/dev/sdd1 mnt ext4 rw 0 0\n"),
+            "C:2:/home/ana");
 }
 
 TEST_F(DriveTableTest, WithoutAMountTableThereIsOnlyTheHomeFolder) {
@@ -104,7 +108,7 @@ TEST_F(DriveTableTest, TheSystemsDrivesAreReadAgainAtEachCall) {
   LinuxFiles files(paths_);
   EXPECT_EQ(files.drives().size(), 1U);
   EXPECT_TRUE(files.drives()[0].ready);
-  writeFile(paths_.mountInfo, "1 1 8:17 / /mnt/plimo\\040test,\\040not\\040there rw - vfat /dev/sdb1 rw\n");
+  writeFile(paths_.mounts, "/dev/sdb1 /mnt/plimo\\040test,\\040not\\040there vfat rw 0 0\n");
   ASSERT_EQ(files.drives().size(), 2U);
   EXPECT_FALSE(files.drives()[1].ready);
   EXPECT_TRUE(files.isRootFolder(disk));
