@@ -1,12 +1,23 @@
 // Reads the names in one directory, sorted.
 #pragma once
 
+#include <dirent.h>
+
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace plimo {
+
+struct CloseDirectory {
+  void operator()(DIR* directory) const { ::closedir(directory); }
+};
+using UniqueDir = std::unique_ptr<DIR, CloseDirectory>;
+
+// Opens a folder by its path relative to the folder open as `parent` (or AT_FDCWD). Null, with errno, on failure.
+UniqueDir openDirectory(int parent, const char* path, bool followLink = true);
 
 // Which entries are wanted.
 struct ListingFilter {
@@ -18,9 +29,8 @@ struct ListingFilter {
 // Reusable, so that reading many directories takes few allocations. The names are valid until the next `list`.
 class DirectoryLister {
  public:
-  // Reads the directory open as `fd`, from its current offset. Files are regular files and links to them. False on
-  // failure, with errno.
-  bool list(int fd, const ListingFilter& filter);
+  // Files are regular files and links to them. False on failure, with errno.
+  bool list(DIR& directory, const ListingFilter& filter);
 
   // Each sorted by the case-folded name, equal ones by bytes.
   const std::vector<std::string_view>& files() const { return files_.sorted; }

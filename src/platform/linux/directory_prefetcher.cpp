@@ -11,8 +11,6 @@ namespace plimo {
 
 namespace {
 
-constexpr int openFlags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC;
-
 // The prefetch distance, in directories. Limits memory and open descriptors.
 constexpr std::ptrdiff_t prefetchDistance = 32;
 
@@ -113,17 +111,16 @@ void DirectoryPrefetcher::list(Directories::iterator directory, std::unique_lock
 }
 
 void DirectoryPrefetcher::read(Directory& directory, Directories& subfolders) const {
-  const int flags = directory.parent ? openFlags | O_NOFOLLOW : openFlags;
-  const int parent = directory.parent ? directory.parent->get() : AT_FDCWD;
-  const int fd = ::openat(parent, directory.path.c_str() + directory.nameOffset, flags);
-  if (fd < 0) directory.openError = errno;
+  const bool isRoot = directory.parent == nullptr;
+  const int parent = isRoot ? AT_FDCWD : ::dirfd(directory.parent.get());
+  const std::shared_ptr<DIR> opened = openDirectory(parent, directory.path.c_str() + directory.nameOffset, isRoot);
+  if (!opened) directory.openError = errno;
   directory.parent.reset();
-  if (fd < 0) return;
-  const auto opened = std::make_shared<const UniqueFd>(fd);
+  if (!opened) return;
   ListingFilter filter;
   filter.acceptFile = acceptFile_;
   filter.folders = directory.depth > 0;
-  if (!directory.names->list(opened->get(), filter)) {
+  if (!directory.names->list(*opened, filter)) {
     directory.readError = errno;
     return;
   }

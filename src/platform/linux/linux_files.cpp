@@ -10,9 +10,9 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/linux/directory_lister.h"
 #include "platform/linux/errno_mapping.h"
 #include "platform/linux/path_text.h"
-#include "platform/linux/unique_fd.h"
 
 namespace plimo {
 
@@ -29,9 +29,7 @@ bool isFolder(std::string_view path) {
   return statPath(path, status) && S_ISDIR(status.st_mode);
 }
 
-bool opensAsFolder(const std::string& path) {
-  return static_cast<bool>(UniqueFd(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC)));
-}
+bool opensAsFolder(const std::string& path) { return openDirectory(AT_FDCWD, path.c_str()) != nullptr; }
 
 }  // namespace
 

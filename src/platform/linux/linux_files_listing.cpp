@@ -8,13 +8,10 @@
 #include "platform/linux/directory_prefetcher.h"
 #include "platform/linux/errno_mapping.h"
 #include "platform/linux/linux_files.h"
-#include "platform/linux/unique_fd.h"
 
 namespace plimo {
 
 namespace {
-
-constexpr int openFlags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC;
 
 // In a drive's root, this folder belongs to the file system and is not shown.
 constexpr std::string_view lostAndFound = "lost+found";
@@ -29,10 +26,10 @@ void LinuxFiles::throwListingError(int error, std::string_view folder) const {
 
 FolderContents LinuxFiles::contents(std::string_view folder) {
   DirectoryLister lister;
-  const UniqueFd fd(::open(std::string(folder).c_str(), openFlags));
+  const UniqueDir directory = openDirectory(AT_FDCWD, std::string(folder).c_str());
   ListingFilter filter;
   filter.linkedFolders = true;
-  if (!fd || !lister.list(fd.get(), filter)) throwListingError(errno, folder);
+  if (!directory || !lister.list(*directory, filter)) throwListingError(errno, folder);
   FolderContents contents;
   contents.files.assign(lister.files().begin(), lister.files().end());
   for (const std::string_view name : lister.folders()) {
