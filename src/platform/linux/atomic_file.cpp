@@ -106,32 +106,20 @@ bool AtomicFile::write(std::string_view bytes) {
       return false;
     }
     bytes.remove_prefix(static_cast<std::size_t>(written));
-    noteAppended(written);
+    if (!addAppended(written)) return false;
   }
   return true;
 }
 
-void AtomicFile::noteAppended(off_t bytes) {
-  pending_ += bytes;
-  if (pending_ < writebackBatch) return;
-  // Starts writeback early, so that the final flush is short. Errors are reported by that flush.
-  const int error = errno;
-  ::sync_file_range(file_.get(), started_, pending_, SYNC_FILE_RANGE_WRITE);
-  errno = error;
-  started_ += std::exchange(pending_, 0);
-}
-
-bool AtomicFile::waitForDisk() {
-  const off_t length = started_ - writebackBatch - synced_;
-  if (length <= 0) return true;
-  // The kernel reports a write error only once, here or at the flush. Other errors mean that the file system does not
-  // support this call.
-  if (::sync_file_range(file_.get(), synced_, length, SYNC_FILE_RANGE_WAIT_BEFORE) != 0 &&
-      (errno == EIO || errno == ENOSPC || errno == EDQUOT)) {
-    return false;
-  }
-  synced_ += length;
-  return true;
+bool AtomicFile::addAppended(off_t bytes) {
+  size_ += bytes;
+  if (size_ - submitted_ < writebackBatch) return true;
+  // Starts writeback of this batch, then waits for the batches before it. The kernel reports a write error only once,
+  // here or at the final flush. Other errors mean that the file system does not support this call.
+  ::sync_file_range(fd(), submitted_, size_ - submitted_, SYNC_FILE_RANGE_WRITE);
+  const off_t previous = std::exchange(submitted_, size_);
+  return previous == 0 || ::sync_file_range(fd(), 0, previous, SYNC_FILE_RANGE_WAIT_BEFORE) == 0 ||
+         (errno != EIO && errno != ENOSPC && errno != EDQUOT);
 }
 
 bool AtomicFile::renameReplace() {

@@ -1,4 +1,7 @@
 // Writes a file atomically: into a temporary file, which is then flushed to the disk and renamed.
+//
+// Writeback is paced (write-behind with sync_file_range(2)): at most a few MiB are only in the page cache. This keeps
+// the final flush short, during which the window does not respond, and the progress reports of a copy true.
 #pragma once
 
 #include <sys/stat.h>
@@ -39,11 +42,8 @@ class AtomicFile {
   // Creates the temporary file for `path`, which has its symbolic links resolved.
   bool create(const std::string& path);
   bool write(std::string_view bytes);
-  // Reports bytes that were appended through `fd`; they count as written.
-  void noteAppended(off_t bytes);
-  // Waits until all but the last few megabytes are on the disk, so that progress reports are true and the final flush
-  // is short.
-  bool waitForDisk();
+  // Counts bytes as written that were appended through `fd`.
+  bool addAppended(off_t bytes);
   // Flush to the disk, then rename in one step: over an existing file, or failing with EEXIST if there is one.
   bool renameReplace();
   bool renameNoReplace();
@@ -58,9 +58,8 @@ class AtomicFile {
   Mode mode_;
   UniqueFd folder_;
   UniqueFd file_;
-  off_t synced_ = 0;   // bytes known to be on the disk
-  off_t started_ = 0;  // bytes whose writeback has been started
-  off_t pending_ = 0;  // bytes written after those
+  off_t size_ = 0;
+  off_t submitted_ = 0;  // bytes whose writeback has been started
   std::string name_;
   std::string temporaryName_;  // empty: none, or the file is unnamed
 };

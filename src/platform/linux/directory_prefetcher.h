@@ -19,6 +19,10 @@ namespace plimo {
 // Yields the directories of a tree in depth-first (pre-)order. Whichever thread is idle, the walk's or the worker,
 // lists the first directory that nobody has begun; what a listing gives, its errors included, becomes visible only when
 // the walk reaches the directory.
+//
+// This is read-ahead (prefetching) on directories. The kernel reads ahead only within files, so without it each folder
+// that is not cached costs the walk a whole access to the disk. With a warm cache it still shares the system calls and
+// the sorting between two processors.
 class DirectoryPrefetcher {
  public:
   struct Directory {

@@ -32,12 +32,8 @@ class LinuxFileReplacement : public FileReplacement {
   }
 
   void write(std::string_view bytes) override {
-    if (buffer_.size() + bytes.size() > bufferSize) flush();
-    if (bytes.size() > bufferSize) {
-      if (!file_.write(bytes)) throwWriteError();
-    } else {
-      buffer_.append(bytes);
-    }
+    buffer_.append(bytes);
+    if (buffer_.size() >= bufferSize) flush();
   }
 
   void commit() override {
@@ -65,12 +61,9 @@ struct CopyJob {
   const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress;
   std::uint64_t copied = 0;
 
-  // False, with errno, on a write error of the disk.
-  bool advance(std::uint64_t bytes) {
-    if (!target.waitForDisk()) return false;
-    copied += bytes;
+  void report(ssize_t bytes) {
+    copied += static_cast<std::uint64_t>(bytes);
     if (progress) progress(copied, size);
-    return true;
   }
 };
 
@@ -84,7 +77,7 @@ CopyResult copyByReadWrite(CopyJob& job) {
     if (count < 0) return CopyResult::readFailed;
     if (count == 0) return CopyResult::done;
     if (!job.target.write({buffer.data(), static_cast<std::size_t>(count)})) return CopyResult::writeFailed;
-    if (!job.advance(static_cast<std::uint64_t>(count))) return CopyResult::writeFailed;
+    job.report(count);
   }
 }
 
@@ -97,8 +90,8 @@ CopyResult copyContent(CopyJob& job) {
       return CopyResult::writeFailed;
     }
     if (count <= 0) return copyByReadWrite(job);
-    job.target.noteAppended(count);
-    if (!job.advance(static_cast<std::uint64_t>(count))) return CopyResult::writeFailed;
+    if (!job.target.addAppended(count)) return CopyResult::writeFailed;
+    job.report(count);
   }
 }
 

@@ -1,8 +1,5 @@
 #include "platform/linux/path_text.h"
 
-#include <cstddef>
-#include <cstring>
-
 namespace plimo {
 
 std::string joinPath(std::string_view folder, std::string_view name) {
@@ -12,9 +9,7 @@ std::string joinPath(std::string_view folder, std::string_view name) {
 }
 
 std::string_view baseName(std::string_view path) {
-  const void* const separator = path.empty() ? nullptr : ::memrchr(path.data(), '/', path.size());
-  if (separator == nullptr) return path;
-  return path.substr(static_cast<std::size_t>(static_cast<const char*>(separator) + 1 - path.data()));
+  return path.substr(path.rfind('/') + 1);  // npos + 1 is 0
 }
 
 std::string parentPath(std::string_view path) {
