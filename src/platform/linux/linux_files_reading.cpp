@@ -91,10 +91,7 @@ std::unique_ptr<FileView> LinuxFiles::openForReading(std::string_view path) {
   const auto size = static_cast<std::size_t>(status.st_size);
   if (size >= mapThreshold) {
     void* start = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.get(), 0);
-    if (start != MAP_FAILED) {
-      ::madvise(start, size, MADV_SEQUENTIAL);
-      return std::make_unique<MappedView>(start, size);
-    }
+    if (start != MAP_FAILED) return std::make_unique<MappedView>(start, size);
   }
   std::string content(size + 1, '\0');  // one byte more, so that the end is reached without growing
   if (!readToEnd(file.get(), content)) throwError(ErrorNumber::pathFileAccess, path);
