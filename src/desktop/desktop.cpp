@@ -35,7 +35,7 @@ Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
   dialogs_.owner = [this] { return frontWindow(); };
   progress_.beforePaint = flush;
   progress_.window = [this] { return frontWindow(); };
-  gate_.opened = [this] { player_.wake(); };
+  gate_.opened = [this] { player_.drainEvents(); };
   installListAccess();
   installWidgetAccess();
   bindWindows();

@@ -1,4 +1,4 @@
-// The machine that the program runs on; one file for each kind of machine, chosen by the build.
+// The platform that the program runs on, defined in one file for each operating system.
 #pragma once
 
 #include <memory>
@@ -16,7 +16,7 @@ struct NamedDrive {
   std::string root;
 };
 
-// The machine's files; with exactly the drives named, where any are.
+// The system's files; with exactly the named drives if there are any.
 std::unique_ptr<FileSystemObject> nativeFiles(const std::vector<NamedDrive>& named);
 std::unique_ptr<Launcher> nativeLauncher();
 

@@ -10,7 +10,7 @@
 #include <QSlider>
 #include <QToolButton>
 
-#include "platform_mpv/test_player.h"
+#include "platform/mpv/test_player.h"
 
 namespace plimo {
 namespace {

@@ -12,9 +12,9 @@
 #include <iterator>
 
 #include "app/test_program.h"
+#include "platform/file_system_backends.h"
 #include "platform/linux/linux_files.h"
 #include "platform/temporary_folder.h"
-#include "platform/test_machines.h"
 
 namespace plimo {
 namespace {
@@ -114,7 +114,7 @@ class RealFolder : public testing::Test {
     EXPECT_EQ(program.dialogs.reports[0].substr(0, start.size()), start);
   }
 
-  OrdinaryUser user_;
+  UnprivilegedUser user_;
   TemporaryFolder folder_;
   LinuxFiles files_;
   RealProgram program_;
@@ -319,13 +319,13 @@ TEST_F(RealFolder, WhatFindsNoRoomIsNotThereAtAllAndTheSongStays) {
 }
 
 TEST(RealFullDisk, ASongIsNeitherRenamedNorLost) {
-  PosixMachine machine;
+  LinuxBackend backend;
   std::string failure;
-  const bool shown = machine.onFullDisk(
+  const bool shown = backend.onFullDisk(
       [&](FileSystemObject& files, const std::string& folder) -> std::string {
         fs::rename(folder + "/filler", folder + "/A - b.mp3");
         const std::uint64_t size = files.fileSize(folder + "/A - b.mp3");
-        const std::string home = machine.root() + "/home";
+        const std::string home = backend.root() + "/home";
         makeFolders(home);
         RealProgram program(files, home);
         program.startWith({folder + "/A - b.mp3"});

@@ -1,4 +1,4 @@
-// What the two files of the contract suite share.
+// The fixture of the contract tests, which every implementation of FileSystemObject passes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,18 +9,18 @@
 #include <vector>
 
 #include "base/errors.h"
-#include "platform/test_machines.h"
+#include "platform/file_system_backends.h"
 
 namespace plimo {
 
-template <typename Machine>
+template <typename Backend>
 class FileContract : public testing::Test {
  protected:
-  FileSystemObject& files() { return machine_.files(); }
+  FileSystemObject& files() { return backend_.files(); }
 
   // A path below the drive's root.
   std::string at(std::initializer_list<const char*> names) {
-    std::string path = machine_.root();
+    std::string path = backend_.root();
     for (const char* name : names) path = files().join(path, name);
     return path;
   }
@@ -37,9 +37,9 @@ class FileContract : public testing::Test {
     return 0;
   }
 
-  Machine machine_;
+  Backend backend_;
 };
 
-using Machines = testing::Types<MemoryMachine, PosixMachine>;
+using Backends = testing::Types<FakeBackend, LinuxBackend>;
 
 }  // namespace plimo

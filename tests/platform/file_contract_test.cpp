@@ -1,4 +1,4 @@
-// Drives, paths, existence, listing, walking and reading: what every platform does alike.
+// Contract tests: drives, paths, existence, listing, walking and reading.
 #include "platform/file_contract.h"
 
 namespace plimo {
@@ -8,8 +8,8 @@ using Names = std::vector<std::string>;
 
 bool isSong(std::string_view name) { return name.ends_with("mp3"); }
 
-template <typename Machine>
-class FileReadingContract : public FileContract<Machine> {
+template <typename Backend>
+class FileReadingContract : public FileContract<Backend> {
  protected:
   Names walked(const std::string& folder, int depth) {
     Names paths;
@@ -21,15 +21,15 @@ class FileReadingContract : public FileContract<Machine> {
   }
 };
 
-TYPED_TEST_SUITE(FileReadingContract, Machines);
+TYPED_TEST_SUITE(FileReadingContract, Backends);
 
-TYPED_TEST(FileReadingContract, DrivesKeepTheirOrderKindAndReadiness) {
+TYPED_TEST(FileReadingContract, DrivesKeepTheirOrderTypeAndReadiness) {
   const auto drives = this->files().drives();
   ASSERT_EQ(drives.size(), 2U);
   EXPECT_EQ(drives[0].letter, 'C');
   EXPECT_EQ(drives[0].type, DriveType::fixed);
   EXPECT_TRUE(drives[0].ready);
-  EXPECT_EQ(drives[0].root, this->machine_.root());
+  EXPECT_EQ(drives[0].root, this->backend_.root());
   EXPECT_EQ(drives[1].letter, 'D');
   EXPECT_EQ(drives[1].type, DriveType::cdrom);
   EXPECT_FALSE(drives[1].ready);
@@ -37,17 +37,17 @@ TYPED_TEST(FileReadingContract, DrivesKeepTheirOrderKindAndReadiness) {
 
 TYPED_TEST(FileReadingContract, OnlyADrivesRootIsARootFolder) {
   auto& files = this->files();
-  this->machine_.addFolder(this->at({"Music"}));
-  EXPECT_TRUE(files.isRootFolder(this->machine_.root()));
-  EXPECT_TRUE(files.isRootFolder(files.joinAlwaysSeparated(this->machine_.root(), "")));
+  this->backend_.addFolder(this->at({"Music"}));
+  EXPECT_TRUE(files.isRootFolder(this->backend_.root()));
+  EXPECT_TRUE(files.isRootFolder(files.joinAlwaysSeparated(this->backend_.root(), "")));
   EXPECT_FALSE(files.isRootFolder(this->at({"Music"})));
   EXPECT_FALSE(files.isRootFolder(this->at({"missing"})));
   EXPECT_FALSE(files.isRootFolder(""));
 }
 
-TYPED_TEST(FileReadingContract, PathsComeApartAsTheyWereJoined) {
+TYPED_TEST(FileReadingContract, SplittingAPathReversesJoining) {
   auto& files = this->files();
-  for (const std::string& folder : {this->machine_.root(), this->at({"a b"}), this->at({"a", "b"})}) {
+  for (const std::string& folder : {this->backend_.root(), this->at({"a b"}), this->at({"a", "b"})}) {
     const std::string path = files.join(folder, "x.y.mp3");
     EXPECT_EQ(files.fileName(path), "x.y.mp3");
     EXPECT_EQ(files.folderOf(path), folder);
@@ -58,10 +58,10 @@ TYPED_TEST(FileReadingContract, PathsComeApartAsTheyWereJoined) {
   EXPECT_EQ(files.join("", "bare"), "bare");
 }
 
-TYPED_TEST(FileReadingContract, ADoubledSeparatorLeadsToTheSameFile) {
+TYPED_TEST(FileReadingContract, ADoubledSeparatorRefersToTheSameFile) {
   auto& files = this->files();
-  this->machine_.addFile(this->at({"winamp.exe"}), "x");
-  const std::string doubled = files.joinAlwaysSeparated(files.join(this->machine_.root(), ""), "winamp.exe");
+  this->backend_.addFile(this->at({"winamp.exe"}), "x");
+  const std::string doubled = files.joinAlwaysSeparated(files.join(this->backend_.root(), ""), "winamp.exe");
   EXPECT_TRUE(files.fileExists(doubled));
   EXPECT_TRUE(files.sameFile(doubled, this->at({"winamp.exe"})));
   EXPECT_FALSE(files.sameFile(doubled, this->at({"other.exe"})));
@@ -72,35 +72,35 @@ TYPED_TEST(FileReadingContract, AMissingFileIsTheSameAsItself) {
   EXPECT_FALSE(this->files().sameFile(this->at({"new.mp3"}), this->at({"old.mp3"})));
 }
 
-TYPED_TEST(FileReadingContract, FilesAndFoldersAreToldApart) {
+TYPED_TEST(FileReadingContract, FilesAndFoldersAreDistinguished) {
   auto& files = this->files();
-  this->machine_.addFile(this->at({"Music", "a.mp3"}), "x");
+  this->backend_.addFile(this->at({"Music", "a.mp3"}), "x");
   EXPECT_TRUE(files.fileExists(this->at({"Music", "a.mp3"})));
   EXPECT_FALSE(files.folderExists(this->at({"Music", "a.mp3"})));
   EXPECT_FALSE(files.fileExists(this->at({"Music"})));
   EXPECT_TRUE(files.folderExists(this->at({"Music"})));
-  EXPECT_TRUE(files.folderExists(this->machine_.root()));
+  EXPECT_TRUE(files.folderExists(this->backend_.root()));
   EXPECT_FALSE(files.fileExists(this->at({"Music", "a.mp3", "b"})));
   EXPECT_FALSE(files.fileExists(files.join(this->at({"Music", "a.mp3"}), "")));
   EXPECT_FALSE(files.fileExists(""));
   EXPECT_FALSE(files.folderExists(files.drives()[1].root));
 }
 
-TYPED_TEST(FileReadingContract, ListingsAreSortedWithoutRegardToCase) {
+TYPED_TEST(FileReadingContract, ListingsAreSortedCaseInsensitively) {
   for (const char* name : {"b.txt", "a.txt", "C.txt", "_.txt", "Ä.txt", "Z.txt", "ä2.txt"}) {
-    this->machine_.addFile(this->at({"f", name}), "");
+    this->backend_.addFile(this->at({"f", name}), "");
   }
-  for (const char* name : {"beta", "Alpha", "gamma"}) this->machine_.addFolder(this->at({"f", name}));
+  for (const char* name : {"beta", "Alpha", "gamma"}) this->backend_.addFolder(this->at({"f", name}));
   const FolderContents contents = this->files().contents(this->at({"f"}));
   EXPECT_EQ(contents.files, (Names{"_.txt", "a.txt", "b.txt", "C.txt", "Z.txt", "Ä.txt", "ä2.txt"}));
   EXPECT_EQ(contents.folders, (Names{"Alpha", "beta", "gamma"}));
 }
 
-TYPED_TEST(FileReadingContract, ListingFailsByItsReason) {
+TYPED_TEST(FileReadingContract, EachListingFailureHasItsErrorNumber) {
   auto& files = this->files();
-  this->machine_.addFile(this->at({"file"}), "");
-  this->machine_.addFolder(this->at({"closed"}));
-  this->machine_.makeFolderUnreadable(this->at({"closed"}));
+  this->backend_.addFile(this->at({"file"}), "");
+  this->backend_.addFolder(this->at({"closed"}));
+  this->backend_.makeFolderUnreadable(this->at({"closed"}));
   const auto listing = [&](const std::string& path) { return this->errorOf([&] { files.contents(path); }); };
   EXPECT_EQ(listing(this->at({"missing"})), 76);
   EXPECT_EQ(listing(this->at({"file"})), 76);
@@ -109,45 +109,45 @@ TYPED_TEST(FileReadingContract, ListingFailsByItsReason) {
   EXPECT_EQ(listing(files.join(files.drives()[1].root, "x")), 71);
 }
 
-TYPED_TEST(FileReadingContract, AWalkTakesAFoldersFilesBeforeItsSubfolders) {
+TYPED_TEST(FileReadingContract, AWalkReportsAFoldersFilesBeforeItsSubfolders) {
   for (const auto& path : {this->at({"z.mp3"}), this->at({"B", "1.mp3"}), this->at({"a", "2.mp3"}),
                            this->at({"a", "b", "3.mp3"}), this->at({"a", "c.mp3"}), this->at({"A.txt"})}) {
-    this->machine_.addFile(path, "");
+    this->backend_.addFile(path, "");
   }
-  EXPECT_EQ(this->walked(this->machine_.root(), 10),
+  EXPECT_EQ(this->walked(this->backend_.root(), 10),
             (Names{this->at({"z.mp3"}), this->at({"a", "2.mp3"}), this->at({"a", "c.mp3"}),
                    this->at({"a", "b", "3.mp3"}), this->at({"B", "1.mp3"})}));
 }
 
 TYPED_TEST(FileReadingContract, AWalkReachesTheTenthLevelAndNotTheEleventh) {
-  std::string folder = this->machine_.root();
+  std::string folder = this->backend_.root();
   for (int level = 1; level <= 11; ++level) {
     folder = this->files().join(folder, std::to_string(level));
-    this->machine_.addFile(this->files().join(folder, "x.mp3"), "");
+    this->backend_.addFile(this->files().join(folder, "x.mp3"), "");
   }
-  const Names paths = this->walked(this->machine_.root(), 10);
+  const Names paths = this->walked(this->backend_.root(), 10);
   ASSERT_EQ(paths.size(), 10U);
   EXPECT_EQ(paths.back(), this->at({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "x.mp3"}));
-  EXPECT_EQ(this->walked(this->machine_.root(), 0), Names{});
-  EXPECT_EQ(this->walked(this->machine_.root(), 1), Names{this->at({"1", "x.mp3"})});
+  EXPECT_EQ(this->walked(this->backend_.root(), 0), Names{});
+  EXPECT_EQ(this->walked(this->backend_.root(), 1), Names{this->at({"1", "x.mp3"})});
 }
 
-TYPED_TEST(FileReadingContract, AWalkEndsWhenItIsTold) {
-  for (const char* name : {"1.mp3", "2.mp3", "3.mp3"}) this->machine_.addFile(this->at({name}), "");
+TYPED_TEST(FileReadingContract, AWalkEndsWhenItsVisitorReturnsFalse) {
+  for (const char* name : {"1.mp3", "2.mp3", "3.mp3"}) this->backend_.addFile(this->at({name}), "");
   int count = 0;
-  EXPECT_FALSE(this->files().walk(this->machine_.root(), 10, isSong, [&](std::string_view) { return ++count < 2; }));
+  EXPECT_FALSE(this->files().walk(this->backend_.root(), 10, isSong, [&](std::string_view) { return ++count < 2; }));
   EXPECT_EQ(count, 2);
-  EXPECT_TRUE(this->files().walk(this->machine_.root(), 10, isSong, [](std::string_view) { return true; }));
+  EXPECT_TRUE(this->files().walk(this->backend_.root(), 10, isSong, [](std::string_view) { return true; }));
 }
 
-TYPED_TEST(FileReadingContract, AWalkFailsWhereItMeetsAClosedFolder) {
-  this->machine_.addFile(this->at({"a", "1.mp3"}), "");
-  this->machine_.addFile(this->at({"b", "2.mp3"}), "");
-  this->machine_.addFile(this->at({"c", "3.mp3"}), "");
-  this->machine_.makeFolderUnreadable(this->at({"b"}));
+TYPED_TEST(FileReadingContract, AWalkFailsAtAFolderThatCannotBeListed) {
+  this->backend_.addFile(this->at({"a", "1.mp3"}), "");
+  this->backend_.addFile(this->at({"b", "2.mp3"}), "");
+  this->backend_.addFile(this->at({"c", "3.mp3"}), "");
+  this->backend_.makeFolderUnreadable(this->at({"b"}));
   Names paths;
   try {
-    this->files().walk(this->machine_.root(), 10, isSong, [&](std::string_view path) {
+    this->files().walk(this->backend_.root(), 10, isSong, [&](std::string_view path) {
       paths.emplace_back(path);
       return true;
     });
@@ -161,12 +161,12 @@ TYPED_TEST(FileReadingContract, AWalkFailsWhereItMeetsAClosedFolder) {
   EXPECT_EQ(this->errorOf([&] { this->walked(this->at({"missing"}), 10); }), 76);
 }
 
-TYPED_TEST(FileReadingContract, AFileIsReadWhole) {
+TYPED_TEST(FileReadingContract, AFileIsReadCompletely) {
   const std::string large(3 * 1024 * 1024 + 1, 'x');
-  this->machine_.addFile(this->at({"large"}), large);
+  this->backend_.addFile(this->at({"large"}), large);
   const std::string small = std::string("a\r\nb") + '\0' + "c";
-  this->machine_.addFile(this->at({"small"}), small);
-  this->machine_.addFile(this->at({"empty"}), "");
+  this->backend_.addFile(this->at({"small"}), small);
+  this->backend_.addFile(this->at({"empty"}), "");
   EXPECT_EQ(this->files().openForReading(this->at({"large"}))->bytes(), large);
   EXPECT_EQ(this->files().openForReading(this->at({"small"}))->bytes(), small);
   EXPECT_EQ(this->files().openForReading(this->at({"empty"}))->bytes(), "");
@@ -174,10 +174,10 @@ TYPED_TEST(FileReadingContract, AFileIsReadWhole) {
   EXPECT_EQ(this->files().fileSize(this->at({"empty"})), 0U);
 }
 
-TYPED_TEST(FileReadingContract, WhatWasOpenedOutlivesItsFile) {
+TYPED_TEST(FileReadingContract, AnOpenViewOutlivesItsFile) {
   for (const std::size_t size : {std::size_t{10}, std::size_t{2 * 1024 * 1024}}) {
     const std::string path = this->at({"x"});
-    this->machine_.addFile(path, std::string(size, 'o'));
+    this->backend_.addFile(path, std::string(size, 'o'));
     const auto view = this->files().openForReading(path);
     replaceWhole(this->files(), path, "new", Force::no);
     EXPECT_EQ(view->bytes(), std::string(size, 'o'));
@@ -186,11 +186,11 @@ TYPED_TEST(FileReadingContract, WhatWasOpenedOutlivesItsFile) {
   }
 }
 
-TYPED_TEST(FileReadingContract, ReadingFailsByItsReason) {
+TYPED_TEST(FileReadingContract, EachReadingFailureHasItsErrorNumber) {
   auto& files = this->files();
-  this->machine_.addFile(this->at({"secret"}), "x");
-  this->machine_.makeUnreadable(this->at({"secret"}));
-  this->machine_.addFolder(this->at({"folder"}));
+  this->backend_.addFile(this->at({"secret"}), "x");
+  this->backend_.makeUnreadable(this->at({"secret"}));
+  this->backend_.addFolder(this->at({"folder"}));
   const auto opening = [&](const std::string& path) { return this->errorOf([&] { files.openForReading(path); }); };
   EXPECT_EQ(opening(this->at({"missing"})), 53);
   EXPECT_EQ(opening(this->at({"missing", "x"})), 76);
@@ -203,24 +203,24 @@ TYPED_TEST(FileReadingContract, ReadingFailsByItsReason) {
   EXPECT_EQ(files.fileSize(this->at({"secret"})), 1U);
 }
 
-TYPED_TEST(FileReadingContract, AFolderThatMayNotBeListedStillGivesItsFiles) {
-  this->machine_.addFile(this->at({"closed", "a.txt"}), "x");
-  this->machine_.makeFolderUnreadable(this->at({"closed"}));
+TYPED_TEST(FileReadingContract, FilesInAFolderThatCannotBeListedCanBeOpened) {
+  this->backend_.addFile(this->at({"closed", "a.txt"}), "x");
+  this->backend_.makeFolderUnreadable(this->at({"closed"}));
   EXPECT_TRUE(this->files().fileExists(this->at({"closed", "a.txt"})));
   EXPECT_EQ(this->files().openForReading(this->at({"closed", "a.txt"}))->bytes(), "x");
   replaceWhole(this->files(), this->at({"closed", "a.txt"}), "new", Force::no);
-  EXPECT_EQ(this->machine_.content(this->at({"closed", "a.txt"})), "new");
+  EXPECT_EQ(this->backend_.content(this->at({"closed", "a.txt"})), "new");
 }
 
-TYPED_TEST(FileReadingContract, ShortPathsLeadToTheirFiles) {
+TYPED_TEST(FileReadingContract, ShortPathsReferToTheSameFiles) {
   auto& files = this->files();
   const std::string song = this->at({"My Music", "Dancing Queen.mp3"});
-  this->machine_.addFile(song, "x");
+  this->backend_.addFile(song, "x");
   const std::string shortSong = files.shortFilePath(song);
   EXPECT_TRUE(files.sameFile(shortSong, song));
   EXPECT_EQ(files.openForReading(shortSong)->bytes(), "x");
   EXPECT_TRUE(files.folderExists(files.shortFolderPath(this->at({"My Music"}))));
-  EXPECT_EQ(files.shortFolderPath(this->machine_.root()), this->machine_.root());
+  EXPECT_EQ(files.shortFolderPath(this->backend_.root()), this->backend_.root());
   EXPECT_EQ(this->errorOf([&] { files.shortFilePath(this->at({"missing"})); }), 53);
   EXPECT_EQ(this->errorOf([&] { files.shortFilePath(this->at({"My Music"})); }), 53);
   EXPECT_EQ(this->errorOf([&] { files.shortFolderPath(this->at({"missing"})); }), 76);

@@ -1,4 +1,4 @@
-// Replacing, deleting and copying: what every platform does alike.
+// Contract tests: replacing, deleting and copying.
 #include "platform/file_contract.h"
 
 namespace plimo {
@@ -6,8 +6,8 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-template <typename Machine>
-class FileWritingContract : public FileContract<Machine> {
+template <typename Backend>
+class FileWritingContract : public FileContract<Backend> {
  protected:
   int replacing(const std::string& path, Force force = Force::no) {
     return this->errorOf([&] { replaceWhole(this->files(), path, "new", force); });
@@ -20,11 +20,11 @@ class FileWritingContract : public FileContract<Machine> {
   }
 };
 
-TYPED_TEST_SUITE(FileWritingContract, Machines);
+TYPED_TEST_SUITE(FileWritingContract, Backends);
 
-TYPED_TEST(FileWritingContract, ANewFileIsSeenWhenItIsCommitted) {
+TYPED_TEST(FileWritingContract, ANewFileIsVisibleOnlyAfterTheCommit) {
   const std::string path = this->at({"f", "new.m3u"});
-  this->machine_.addFolder(this->at({"f"}));
+  this->backend_.addFolder(this->at({"f"}));
   {
     const auto replacement = this->files().replaceFile(path, Force::no);
     replacement->write("one");
@@ -34,19 +34,19 @@ TYPED_TEST(FileWritingContract, ANewFileIsSeenWhenItIsCommitted) {
     EXPECT_FALSE(this->files().fileExists(path));
     replacement->commit();
   }
-  EXPECT_EQ(this->machine_.content(path), "one" + std::string(700 * 1024, 'x') + "two");
+  EXPECT_EQ(this->backend_.content(path), "one" + std::string(700 * 1024, 'x') + "two");
   EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"new.m3u"});
 }
 
-TYPED_TEST(FileWritingContract, WithoutACommitTheOldFileStandsAndNothingIsLeft) {
+TYPED_TEST(FileWritingContract, WithoutACommitTheOldFileRemainsAndNothingIsLeft) {
   const std::string path = this->at({"f", "list.m3u"});
-  this->machine_.addFile(path, "old");
+  this->backend_.addFile(path, "old");
   {
     const auto replacement = this->files().replaceFile(path, Force::no);
     replacement->write(std::string(1024 * 1024, 'x'));
-    EXPECT_EQ(this->machine_.content(path), "old");
+    EXPECT_EQ(this->backend_.content(path), "old");
   }
-  EXPECT_EQ(this->machine_.content(path), "old");
+  EXPECT_EQ(this->backend_.content(path), "old");
   EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"list.m3u"});
   { this->files().replaceFile(this->at({"f", "other"}), Force::no)->write("x"); }
   EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"list.m3u"});
@@ -54,40 +54,40 @@ TYPED_TEST(FileWritingContract, WithoutACommitTheOldFileStandsAndNothingIsLeft) 
 
 TYPED_TEST(FileWritingContract, AReplacementMayBeEmpty) {
   const std::string path = this->at({"f", "list.m3u"});
-  this->machine_.addFile(path, "old");
+  this->backend_.addFile(path, "old");
   this->files().replaceFile(path, Force::no)->commit();
-  EXPECT_EQ(this->machine_.content(path), "");
+  EXPECT_EQ(this->backend_.content(path), "");
   EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"list.m3u"});
 }
 
 TYPED_TEST(FileWritingContract, AReadOnlyFileIsReplacedOnlyWithForce) {
   const std::string path = this->at({"plimo.ini"});
-  this->machine_.addFile(path, "old");
-  this->machine_.makeReadOnly(path);
+  this->backend_.addFile(path, "old");
+  this->backend_.makeReadOnly(path);
   EXPECT_EQ(this->replacing(path), 75);
-  EXPECT_EQ(this->machine_.content(path), "old");
+  EXPECT_EQ(this->backend_.content(path), "old");
   EXPECT_EQ(this->replacing(path, Force::yes), 0);
-  EXPECT_EQ(this->machine_.content(path), "new");
-  EXPECT_EQ(this->replacing(path), 0) << "what was forced once is an ordinary file then";
+  EXPECT_EQ(this->backend_.content(path), "new");
+  EXPECT_EQ(this->replacing(path), 0) << "a forced file is writable afterwards";
 }
 
-TYPED_TEST(FileWritingContract, ReplacingFailsByItsReason) {
-  this->machine_.addFile(this->at({"locked", "old"}), "old");
-  this->machine_.makeFolderUnwritable(this->at({"locked"}));
-  this->machine_.addFile(this->at({"file"}), "");
+TYPED_TEST(FileWritingContract, EachReplacingFailureHasItsErrorNumber) {
+  this->backend_.addFile(this->at({"locked", "old"}), "old");
+  this->backend_.makeFolderUnwritable(this->at({"locked"}));
+  this->backend_.addFile(this->at({"file"}), "");
   EXPECT_EQ(this->replacing(this->at({"missing", "x"})), 76);
   EXPECT_EQ(this->replacing(this->at({"file", "x"})), 76);
   EXPECT_EQ(this->replacing(this->at({"locked", "x"})), 75);
   EXPECT_EQ(this->replacing(this->at({"locked", "old"}), Force::yes), 75);
   EXPECT_EQ(this->replacing(this->at({"locked"})), 75);
   EXPECT_EQ(this->replacing(this->files().join(this->files().drives()[1].root, "x")), 71);
-  EXPECT_EQ(this->machine_.content(this->at({"locked", "old"})), "old");
+  EXPECT_EQ(this->backend_.content(this->at({"locked", "old"})), "old");
   EXPECT_EQ(this->namesIn(this->at({"locked"})), Names{"old"});
 }
 
 TYPED_TEST(FileWritingContract, AFullDiskKeepsTheOldFile) {
   std::string failure;
-  const bool shown = this->machine_.onFullDisk(
+  const bool shown = this->backend_.onFullDisk(
       [this](FileSystemObject& files, const std::string& folder) -> std::string {
         const std::string old = files.join(folder, "old");
         const FolderContents before = files.contents(folder);
@@ -100,24 +100,24 @@ TYPED_TEST(FileWritingContract, AFullDiskKeepsTheOldFile) {
         if (this->errorOf([&] { files.copyFile(old, files.join(folder, "copy"), false); }) != 61) {
           return "copying: not 61";
         }
-        if (files.openForReading(old)->bytes() != "old") return "the old content is gone";
+        if (files.openForReading(old)->bytes() != "old") return "the old content is lost";
         return files.contents(folder).files == before.files ? "" : "something is left behind";
       },
       failure);
-  if (!shown) GTEST_SKIP() << "no small disk can be made here";
+  if (!shown) GTEST_SKIP() << "a small disk cannot be mounted here";
   EXPECT_EQ(failure, "");
 }
 
 TYPED_TEST(FileWritingContract, AFileIsDeleted) {
-  this->machine_.addFile(this->at({"f", "a"}), "x");
-  this->machine_.addFile(this->at({"f", "b"}), "x");
+  this->backend_.addFile(this->at({"f", "a"}), "x");
+  this->backend_.addFile(this->at({"f", "b"}), "x");
   EXPECT_EQ(this->deleting(this->at({"f", "a"})), 0);
   EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"b"});
 }
 
-TYPED_TEST(FileWritingContract, DeletingFailsByItsReason) {
-  this->machine_.addFile(this->at({"closed", "a"}), "x");
-  this->machine_.makeFolderUnwritable(this->at({"closed"}));
+TYPED_TEST(FileWritingContract, EachDeletingFailureHasItsErrorNumber) {
+  this->backend_.addFile(this->at({"closed", "a"}), "x");
+  this->backend_.makeFolderUnwritable(this->at({"closed"}));
   EXPECT_EQ(this->deleting(this->at({"missing"})), 53);
   EXPECT_EQ(this->deleting(this->at({"missing", "x"})), 53);
   EXPECT_EQ(this->deleting(this->at({"closed"})), 53);
@@ -128,18 +128,18 @@ TYPED_TEST(FileWritingContract, DeletingFailsByItsReason) {
 
 TYPED_TEST(FileWritingContract, AReadOnlyFileIsDeletedOnlyWithForce) {
   const std::string path = this->at({"song.mp3"});
-  this->machine_.addFile(path, "x");
-  this->machine_.makeReadOnly(path);
+  this->backend_.addFile(path, "x");
+  this->backend_.makeReadOnly(path);
   EXPECT_EQ(this->deleting(path), 70);
   EXPECT_TRUE(this->files().fileExists(path));
   EXPECT_EQ(this->deleting(path, Force::yes), 0);
   EXPECT_FALSE(this->files().fileExists(path));
 }
 
-TYPED_TEST(FileWritingContract, ACopyIsWholeAndTellsHowFarItIs) {
+TYPED_TEST(FileWritingContract, ACopyIsCompleteAndReportsItsProgress) {
   const std::string content(20 * 1024 * 1024 + 3, 'y');
-  this->machine_.addFile(this->at({"a.mp3"}), content);
-  this->machine_.addFolder(this->at({"f"}));
+  this->backend_.addFile(this->at({"a.mp3"}), content);
+  this->backend_.addFolder(this->at({"f"}));
   std::uint64_t last = 0;
   this->files().copyFile(this->at({"a.mp3"}), this->at({"f", "b.mp3"}), false,
                          [&](std::uint64_t copied, std::uint64_t size) {
@@ -149,58 +149,58 @@ TYPED_TEST(FileWritingContract, ACopyIsWholeAndTellsHowFarItIs) {
                            last = copied;
                          });
   EXPECT_EQ(last, content.size());
-  EXPECT_TRUE(this->machine_.content(this->at({"f", "b.mp3"})) == content);
-  EXPECT_TRUE(this->machine_.content(this->at({"a.mp3"})) == content);
+  EXPECT_TRUE(this->backend_.content(this->at({"f", "b.mp3"})) == content);
+  EXPECT_TRUE(this->backend_.content(this->at({"a.mp3"})) == content);
   EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"b.mp3"});
 }
 
-TYPED_TEST(FileWritingContract, ACopyThatIsBrokenOffLeavesNothing) {
-  this->machine_.addFile(this->at({"a.mp3"}), "x");
-  this->machine_.addFolder(this->at({"f"}));
+TYPED_TEST(FileWritingContract, ACancelledCopyLeavesNothing) {
+  this->backend_.addFile(this->at({"a.mp3"}), "x");
+  this->backend_.addFolder(this->at({"f"}));
   EXPECT_THROW(this->files().copyFile(this->at({"a.mp3"}), this->at({"f", "b.mp3"}), false,
                                       [](std::uint64_t, std::uint64_t) { throw 1; }),
                int);
   EXPECT_EQ(this->namesIn(this->at({"f"})), Names{});
 }
 
-TYPED_TEST(FileWritingContract, ACopyTakesTheTargetsPlaceOnlyWhenItMay) {
-  this->machine_.addFile(this->at({"a"}), "new");
-  this->machine_.addFile(this->at({"f", "b"}), "old");
+TYPED_TEST(FileWritingContract, ACopyReplacesItsTargetOnlyIfOverwritingIsOn) {
+  this->backend_.addFile(this->at({"a"}), "new");
+  this->backend_.addFile(this->at({"f", "b"}), "old");
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"f", "b"}), false), 58);
-  EXPECT_EQ(this->machine_.content(this->at({"f", "b"})), "old");
+  EXPECT_EQ(this->backend_.content(this->at({"f", "b"})), "old");
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"f", "b"}), true), 0);
-  EXPECT_EQ(this->machine_.content(this->at({"f", "b"})), "new");
+  EXPECT_EQ(this->backend_.content(this->at({"f", "b"})), "new");
   EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"b"});
 }
 
-TYPED_TEST(FileWritingContract, ACopyKeepsBeingReadOnly) {
-  this->machine_.addFile(this->at({"a"}), "x");
-  this->machine_.makeReadOnly(this->at({"a"}));
+TYPED_TEST(FileWritingContract, ACopyOfAReadOnlyFileIsReadOnly) {
+  this->backend_.addFile(this->at({"a"}), "x");
+  this->backend_.makeReadOnly(this->at({"a"}));
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"b"}), false), 0);
   EXPECT_EQ(this->deleting(this->at({"b"})), 70);
 }
 
-TYPED_TEST(FileWritingContract, CopyingFailsByItsReason) {
-  this->machine_.addFile(this->at({"a"}), "a");
-  this->machine_.addFile(this->at({"fixed"}), "old");
-  this->machine_.makeReadOnly(this->at({"fixed"}));
-  this->machine_.addFile(this->at({"secret"}), "x");
-  this->machine_.makeUnreadable(this->at({"secret"}));
-  this->machine_.addFolder(this->at({"closed"}));
-  this->machine_.makeFolderUnwritable(this->at({"closed"}));
+TYPED_TEST(FileWritingContract, EachCopyingFailureHasItsErrorNumber) {
+  this->backend_.addFile(this->at({"a"}), "a");
+  this->backend_.addFile(this->at({"fixed"}), "old");
+  this->backend_.makeReadOnly(this->at({"fixed"}));
+  this->backend_.addFile(this->at({"secret"}), "x");
+  this->backend_.makeUnreadable(this->at({"secret"}));
+  this->backend_.addFolder(this->at({"closed"}));
+  this->backend_.makeFolderUnwritable(this->at({"closed"}));
   EXPECT_EQ(this->copying(this->at({"missing"}), this->at({"b"}), false), 53);
   EXPECT_EQ(this->copying(this->at({"closed"}), this->at({"b"}), false), 53);
   EXPECT_EQ(this->copying(this->at({"secret"}), this->at({"b"}), false), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"a"}), true), 70);
-  EXPECT_EQ(this->copying(this->at({"a"}), this->files().joinAlwaysSeparated(this->machine_.root(), "a"), true), 70);
+  EXPECT_EQ(this->copying(this->at({"a"}), this->files().joinAlwaysSeparated(this->backend_.root(), "a"), true), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"fixed"}), true), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"closed"}), true), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"closed", "b"}), false), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"missing", "b"}), false), 76);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"fixed", "b"}), false), 76);
-  EXPECT_EQ(this->machine_.content(this->at({"a"})), "a");
-  EXPECT_EQ(this->machine_.content(this->at({"fixed"})), "old");
-  EXPECT_EQ(this->namesIn(this->machine_.root()), (Names{"a", "fixed", "secret"}));
+  EXPECT_EQ(this->backend_.content(this->at({"a"})), "a");
+  EXPECT_EQ(this->backend_.content(this->at({"fixed"})), "old");
+  EXPECT_EQ(this->namesIn(this->backend_.root()), (Names{"a", "fixed", "secret"}));
 }
 
 }  // namespace

@@ -1,23 +1,23 @@
-// What tests on the real disk need.
+// Helpers for tests on the real disk.
 #pragma once
 
 #include <string>
 
 namespace plimo {
 
-// While it lives, a test that runs as root is an ordinary user to the kernel, whom permissions bind.
-class OrdinaryUser {
+// If the test runs as root, changes to an unprivileged user during its lifetime, so that permissions apply.
+class UnprivilegedUser {
  public:
-  OrdinaryUser();
-  OrdinaryUser(const OrdinaryUser&) = delete;
-  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-  ~OrdinaryUser();
+  UnprivilegedUser();
+  UnprivilegedUser(const UnprivilegedUser&) = delete;
+  UnprivilegedUser& operator=(const UnprivilegedUser&) = delete;
+  ~UnprivilegedUser();
 
  private:
   bool changed_ = false;
 };
 
-// A folder of the test's own, gone with all that is in it at the end.
+// A new folder, removed with its content by the destructor.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -33,7 +33,7 @@ class TemporaryFolder {
 };
 
 void writeFile(const std::string& path, const std::string& content);
-void makeFolders(const std::string& path);  // those on the way too
+void makeFolders(const std::string& path);  // with missing parents
 void changeMode(const std::string& path, unsigned mode);
 
 }  // namespace plimo

@@ -1,4 +1,7 @@
-// A file that comes into being whole: it is written without a name, or under a hidden one, and then put in its place.
+// Writes a file atomically: into a temporary file, which is then flushed to the disk and renamed.
+//
+// Writeback is paced (write-behind with sync_file_range(2)): at most a few MiB are only in the page cache. This keeps
+// the final flush short, during which the window does not respond, and the progress reports of a copy true.
 #pragma once
 
 #include <sys/stat.h>
@@ -10,59 +13,55 @@
 
 namespace plimo {
 
-// What a path leads to when something is to be written there.
+// The file that writing to a path changes.
 struct WriteTarget {
-  std::string path;  // behind all symbolic links, so that a link stays one
+  std::string path;  // with symbolic links resolved, so that a link is not replaced by a file
   bool exists = false;
-  struct stat status {};  // of what stands there
+  struct stat status {};  // if it exists
 };
 
-// False, with errno, where the path cannot be followed; a missing file in an existing folder can.
-bool findWriteTarget(std::string_view path, WriteTarget& target);
+// False, with errno, if the path cannot be resolved. A missing file in an existing folder is no failure.
+bool resolveWriteTarget(std::string_view path, WriteTarget& target);
 
-// True for a file that may not be written: one without any permission to write, root or not.
+// True if the file has no write permission bit at all, even for root, or if the user may not write it.
 bool isReadOnly(const std::string& path, const struct stat& status);
 
 class AtomicFile {
  public:
-  // A file without a name leaves nothing behind, whatever happens to the program, but not every file system has such;
-  // there, and when told so, it has a hidden name until it is placed.
-  enum class Way { unnamed, hidden };
+  // An unnamed temporary file (O_TMPFILE) vanishes by itself if the program is killed. If the file system does not
+  // support it, or on request, a hidden file in the same folder is used.
+  enum class Mode { unnamed, hidden };
 
-  explicit AtomicFile(Way way = Way::unnamed) : way_(way) {}
+  explicit AtomicFile(Mode mode = Mode::unnamed) : mode_(mode) {}
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;
   ~AtomicFile();
 
-  // Each returns false on failure, with errno.
+  // All of these return false on failure, with errno.
 
-  // Begins a file that will stand at `path` (behind links).
+  // Creates the temporary file for `path`, which has its symbolic links resolved.
   bool create(const std::string& path);
   bool write(std::string_view bytes);
-  // Told of bytes that the kernel has put behind the end; they count as written.
-  void grew(off_t bytes);
-  // Waits until the disk has all but the last few megabytes, so that whoever tells how far it is tells the truth, and
-  // the flush at the end is short.
-  bool waitForDisk();
-  // Flushes it to the disk and gives it its name, in one step: over what stands there, or not (errno EEXIST).
+  // Counts bytes as written that were appended through `fd`.
+  bool addAppended(off_t bytes);
+  // Flush to the disk, then rename in one step: over an existing file, or failing with EEXIST if there is one.
   bool renameReplace();
   bool renameNoReplace();
 
-  int descriptor() const { return file_.number(); }
+  int fd() const { return file_.get(); }
 
  private:
   bool createHidden();
   bool linkHidden();
   void syncFolder();
 
-  Way way_;
+  Mode mode_;
   UniqueFd folder_;
   UniqueFd file_;
-  off_t there_ = 0;   // bytes that have been waited for
-  off_t sent_ = 0;    // bytes on their way to the disk
-  off_t unsent_ = 0;  // bytes written behind them
+  off_t size_ = 0;
+  off_t submitted_ = 0;  // bytes whose writeback has been started
   std::string name_;
-  std::string hidden_;  // the hidden name it has now; empty: none
+  std::string temporaryName_;  // empty: none, or the file is unnamed
 };
 
 }  // namespace plimo

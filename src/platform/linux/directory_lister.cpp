@@ -1,11 +1,11 @@
 #include "platform/linux/directory_lister.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
-#include <array>
+#include <cerrno>
 
 #include "base/text.h"
 
@@ -17,8 +17,8 @@ enum class Kind { file, folder, other };
 
 Kind kindOf(mode_t mode) { return S_ISREG(mode) ? Kind::file : S_ISDIR(mode) ? Kind::folder : Kind::other; }
 
-// Asks the disk where the listing itself does not tell.
-Kind kindOf(int folder, const char* name, unsigned char type, const FolderQuery& query) {
+// Calls fstatat(2) only if d_type does not say it: for links, and on file systems without d_type.
+Kind kindOf(int folder, const char* name, unsigned char type, const ListingFilter& filter) {
   if (type == DT_REG) return Kind::file;
   if (type == DT_DIR) return Kind::folder;
   if (type != DT_LNK && type != DT_UNKNOWN) return Kind::other;
@@ -27,10 +27,23 @@ Kind kindOf(int folder, const char* name, unsigned char type, const FolderQuery&
   if (!S_ISLNK(status.st_mode)) return kindOf(status.st_mode);
   if (::fstatat(folder, name, &status, 0) != 0) return Kind::other;
   const Kind kind = kindOf(status.st_mode);
-  return kind == Kind::folder && !query.linkedFolders ? Kind::other : kind;
+  return kind == Kind::folder && !filter.linkedFolders ? Kind::other : kind;
 }
 
 }  // namespace
+
+UniqueDir openDirectory(int parent, const char* path, bool followLink) {
+  const int flags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC | (followLink ? 0 : O_NOFOLLOW);
+  const int fd = ::openat(parent, path, flags);
+  if (fd < 0) return nullptr;
+  UniqueDir directory(::fdopendir(fd));
+  if (!directory) {
+    const int error = errno;
+    ::close(fd);
+    errno = error;
+  }
+  return directory;
+}
 
 void DirectoryLister::add(Names& names, std::string_view name) {
   Name entry{text_.size(), name.size(), 0, 0};
@@ -52,29 +65,26 @@ void DirectoryLister::sort(Names& names) const {
   for (const Name& name : names.found) names.sorted.push_back(text.substr(name.offset, name.length));
 }
 
-bool DirectoryLister::read(int descriptor, const FolderQuery& query) {
+bool DirectoryLister::list(DIR& directory, const ListingFilter& filter) {
   text_.clear();
   files_.found.clear();
   folders_.found.clear();
-  alignas(dirent64) std::array<char, 64 * 1024> buffer;
+  const int fd = ::dirfd(&directory);
   for (;;) {
-    const ssize_t filled = ::getdents64(descriptor, buffer.data(), buffer.size());
-    if (filled < 0) return false;
-    if (filled == 0) break;
-    for (ssize_t at = 0; at < filled;) {
-      const auto* entry = reinterpret_cast<const dirent64*>(buffer.data() + at);
-      at += entry->d_reclen;
-      const std::string_view name = entry->d_name;
-      if (name == "." || name == "..") continue;
-      if (entry->d_type == DT_DIR && !query.folders) continue;
-      const bool wanted = !query.wantedFile || query.wantedFile(name);
-      // A link's kind costs a look at the disk; most are of no interest.
-      if (!wanted && (entry->d_type == DT_REG || (entry->d_type == DT_LNK && !query.linkedFolders))) continue;
-      const Kind kind = kindOf(descriptor, entry->d_name, entry->d_type, query);
-      if (kind == Kind::file && wanted) add(files_, name);
-      if (kind == Kind::folder && query.folders) add(folders_, name);
-    }
+    errno = 0;
+    const dirent* const entry = ::readdir(&directory);
+    if (entry == nullptr) break;
+    const std::string_view name = entry->d_name;
+    if (name == "." || name == "..") continue;
+    if (entry->d_type == DT_DIR && !filter.folders) continue;
+    const bool accepted = !filter.acceptFile || filter.acceptFile(name);
+    // Resolving a link takes a system call, so unwanted links are skipped first.
+    if (!accepted && (entry->d_type == DT_REG || (entry->d_type == DT_LNK && !filter.linkedFolders))) continue;
+    const Kind kind = kindOf(fd, entry->d_name, entry->d_type, filter);
+    if (kind == Kind::file && accepted) add(files_, name);
+    if (kind == Kind::folder && filter.folders) add(folders_, name);
   }
+  if (errno != 0) return false;
   sort(files_);
   sort(folders_);
   return true;

@@ -11,132 +11,129 @@ namespace plimo {
 
 namespace {
 
-constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC;
+// The prefetch distance, in directories. Limits memory and open descriptors.
+constexpr std::ptrdiff_t prefetchDistance = 32;
 
-// No folder is listed before the walk is so close to it; bounds the memory and the open descriptors.
-constexpr std::ptrdiff_t mostAhead = 32;
-
-// Waking a thread costs more than listing a folder: it is worth it for so many.
-constexpr int worthWaking = 16;
+// Waking a thread costs more than listing a directory, so the worker is woken for this many at once.
+constexpr int wakeBatch = 16;
 
 }  // namespace
 
-DirectoryPrefetcher::DirectoryPrefetcher(std::string_view folder, int depth, bool (*wanted)(std::string_view name),
-                                         Passed passed)
-    : wanted_(wanted), passed_(std::move(passed)) {
-  Folder& first = folders_.emplace_back();
-  first.path = folder;
-  first.depth = depth;
+DirectoryPrefetcher::DirectoryPrefetcher(std::string_view folder, int depth, bool (*acceptFile)(std::string_view name),
+                                         SkipFolder skip)
+    : acceptFile_(acceptFile), skip_(std::move(skip)) {
+  Directory& root = directories_.emplace_back();
+  root.path = folder;
+  root.depth = depth;
 }
 
 DirectoryPrefetcher::~DirectoryPrefetcher() {
   {
     const std::lock_guard lock(mutex_);
-    ending_ = true;
+    stopping_ = true;
   }
-  nearer_.notify_one();
-  if (thread_.joinable()) thread_.join();
+  workAvailable_.notify_one();
+  if (worker_.joinable()) worker_.join();
 }
 
-const DirectoryPrefetcher::Folder* DirectoryPrefetcher::next() {
+const DirectoryPrefetcher::Directory* DirectoryPrefetcher::next() {
   std::unique_lock lock(mutex_);
-  if (inFirst_) removeFirst();
-  if (folders_.empty()) return nullptr;
-  if (!thread_.joinable() && folders_.size() > 1) beginWorkAhead();
-  while (folders_.front().state != Folder::State::listed) {
-    const auto waiting = firstWaiting();
-    if (waiting != folders_.end()) {
-      list(waiting, lock);  // the wanted one, or one behind it while the other thread is at it
+  if (frontReturned_) removeFront();
+  if (directories_.empty()) return nullptr;
+  if (!worker_.joinable() && directories_.size() > 1) startWorker();
+  while (directories_.front().state != Directory::State::listed) {
+    const auto pending = findPending();
+    if (pending != directories_.end()) {
+      list(pending, lock);  // the front, or a later one while the worker is listing the front
     } else {
-      listed_.wait(lock);
+      frontListed_.wait(lock);
     }
   }
-  inFirst_ = true;
-  return &folders_.front();
+  frontReturned_ = true;
+  return &directories_.front();
 }
 
-void DirectoryPrefetcher::removeFirst() {
-  if (folders_.front().names) spare_.push_back(std::move(folders_.front().names));
-  folders_.pop_front();
-  inFirst_ = false;
-  if (threadWaits_ && ++left_ == worthWaking) nearer_.notify_one();
+void DirectoryPrefetcher::removeFront() {
+  if (directories_.front().names) freeListers_.push_back(std::move(directories_.front().names));
+  directories_.pop_front();
+  frontReturned_ = false;
+  if (workerIdle_ && ++removedWhileIdle_ == wakeBatch) workAvailable_.notify_one();
 }
 
-void DirectoryPrefetcher::beginWorkAhead() {
+void DirectoryPrefetcher::startWorker() {
   try {
-    thread_ = std::thread([this] { workAhead(); });
+    worker_ = std::thread([this] { runWorker(); });
   } catch (const std::system_error&) {
-    // No thread to be had: the walk lists its folders by itself.
+    // No thread is available: the walk lists every directory itself.
   }
 }
 
-void DirectoryPrefetcher::workAhead() {
+void DirectoryPrefetcher::runWorker() {
   std::unique_lock lock(mutex_);
-  while (!ending_) {
-    const auto waiting = firstWaiting();
-    if (waiting != folders_.end()) {
-      list(waiting, lock);
+  while (!stopping_) {
+    const auto pending = findPending();
+    if (pending != directories_.end()) {
+      list(pending, lock);
     } else {
-      left_ = 0;
-      threadWaits_ = true;
-      nearer_.wait(lock);
-      threadWaits_ = false;
+      removedWhileIdle_ = 0;
+      workerIdle_ = true;
+      workAvailable_.wait(lock);
+      workerIdle_ = false;
     }
   }
 }
 
-DirectoryPrefetcher::Folders::iterator DirectoryPrefetcher::firstWaiting() {
-  auto folder = folders_.begin();
-  for (std::ptrdiff_t ahead = 0; folder != folders_.end() && ahead <= mostAhead; ++ahead, ++folder) {
-    if (folder->state == Folder::State::waiting) return folder;
+DirectoryPrefetcher::Directories::iterator DirectoryPrefetcher::findPending() {
+  auto directory = directories_.begin();
+  for (std::ptrdiff_t i = 0; directory != directories_.end() && i <= prefetchDistance; ++i, ++directory) {
+    if (directory->state == Directory::State::pending) return directory;
   }
-  return folders_.end();
+  return directories_.end();
 }
 
-void DirectoryPrefetcher::list(Folders::iterator folder, std::unique_lock<std::mutex>& lock) {
-  folder->state = Folder::State::begun;
-  if (spare_.empty()) {
-    folder->names = std::make_unique<DirectoryLister>();
+void DirectoryPrefetcher::list(Directories::iterator directory, std::unique_lock<std::mutex>& lock) {
+  directory->state = Directory::State::listing;
+  if (freeListers_.empty()) {
+    directory->names = std::make_unique<DirectoryLister>();
   } else {
-    folder->names = std::move(spare_.back());
-    spare_.pop_back();
+    directory->names = std::move(freeListers_.back());
+    freeListers_.pop_back();
   }
-  Folders inside;
+  Directories subfolders;
   lock.unlock();
-  read(*folder, inside);
+  read(*directory, subfolders);
   lock.lock();
-  folder->state = Folder::State::listed;
-  const bool more = !inside.empty();
-  folders_.splice(std::next(folder), inside);
-  if (folder == folders_.begin()) listed_.notify_one();
-  if (more && threadWaits_) nearer_.notify_one();
+  directory->state = Directory::State::listed;
+  const bool moreWork = !subfolders.empty();
+  directories_.splice(std::next(directory), subfolders);
+  if (directory == directories_.begin()) frontListed_.notify_one();
+  if (moreWork && workerIdle_) workAvailable_.notify_one();
 }
 
-void DirectoryPrefetcher::read(Folder& folder, Folders& inside) const {
-  const int flags = folder.parent ? folderFlags | O_NOFOLLOW : folderFlags;
-  const int above = folder.parent ? folder.parent->number() : AT_FDCWD;
-  const int number = ::openat(above, folder.path.c_str() + folder.nameAt, flags);
-  if (number < 0) folder.openError = errno;
-  folder.parent.reset();
-  if (number < 0) return;
-  const auto opened = std::make_shared<const UniqueFd>(number);
-  FolderQuery query;
-  query.wantedFile = wanted_;
-  query.folders = folder.depth > 0;
-  if (!folder.names->read(opened->number(), query)) {
-    folder.readError = errno;
+void DirectoryPrefetcher::read(Directory& directory, Directories& subfolders) const {
+  const bool isRoot = directory.parent == nullptr;
+  const int parent = isRoot ? AT_FDCWD : ::dirfd(directory.parent.get());
+  const std::shared_ptr<DIR> opened = openDirectory(parent, directory.path.c_str() + directory.nameOffset, isRoot);
+  if (!opened) directory.openError = errno;
+  directory.parent.reset();
+  if (!opened) return;
+  ListingFilter filter;
+  filter.acceptFile = acceptFile_;
+  filter.folders = directory.depth > 0;
+  if (!directory.names->list(*opened, filter)) {
+    directory.readError = errno;
     return;
   }
-  for (const std::string_view name : folder.names->folders()) {
-    if (passed_(folder.path, name)) continue;
-    Folder& subfolder = inside.emplace_back();
-    subfolder.path.reserve(folder.path.size() + 1 + name.size());
-    subfolder.path = folder.path;
+  for (const std::string_view name : directory.names->folders()) {
+    if (skip_(directory.path, name)) continue;
+    Directory& subfolder = subfolders.emplace_back();
+    subfolder.path.reserve(directory.path.size() + 1 + name.size());
+    subfolder.path = directory.path;
     if (!subfolder.path.ends_with('/')) subfolder.path += '/';
-    subfolder.nameAt = subfolder.path.size();
+    subfolder.nameOffset = subfolder.path.size();
     subfolder.path += name;
     subfolder.parent = opened;
-    subfolder.depth = folder.depth - 1;
+    subfolder.depth = directory.depth - 1;
   }
 }
 

@@ -1,7 +1,8 @@
-// The folders of a walk, listed ahead of it by a second thread.
+// Lists the directories of a walk ahead of it, on a second thread.
 #pragma once
 
 #include <condition_variable>
+#include <cstddef>
 #include <functional>
 #include <list>
 #include <memory>
@@ -12,66 +13,69 @@
 #include <vector>
 
 #include "platform/linux/directory_lister.h"
-#include "platform/linux/unique_fd.h"
 
 namespace plimo {
 
-// Hands out a tree's folders depth first. Reading folders takes most of a walk's time and can be shared: whoever is
-// free, the walk or the queue's own thread, lists the first folder that nobody has begun. What a folder's listing
-// gives, errors too, is seen only when the walk comes to it.
+// Yields the directories of a tree in depth-first (pre-)order. Whichever thread is idle, the walk's or the worker,
+// lists the first directory that nobody has begun; what a listing gives, its errors included, becomes visible only when
+// the walk reaches the directory.
+//
+// This is read-ahead (prefetching) on directories. The kernel reads ahead only within files, so without it each folder
+// that is not cached costs the walk a whole access to the disk. With a warm cache it still shares the system calls and
+// the sorting between two processors.
 class DirectoryPrefetcher {
  public:
-  struct Folder {
+  struct Directory {
     std::string path;
-    std::size_t nameAt = 0;                  // of its own name, in the path
-    std::shared_ptr<const UniqueFd> parent;  // null for the walk's first folder
-    int depth = 0;                           // levels of subfolders wanted below it
+    std::size_t nameOffset = 0;   // of its own name, in the path
+    std::shared_ptr<DIR> parent;  // null for the walk's first directory
+    int depth = 0;                // levels of subfolders wanted below it
 
-    enum class State { waiting, begun, listed };
-    State state = State::waiting;
+    enum class State { pending, listing, listed };
+    State state = State::pending;
     int openError = 0;  // errno; 0: none
     int readError = 0;
-    std::unique_ptr<DirectoryLister> names;  // none where it was not opened
+    std::unique_ptr<DirectoryLister> names;  // null until it is listed
   };
 
-  // True for a subfolder that is to be left out; asked on both threads.
-  using Passed = std::function<bool(std::string_view folder, std::string_view name)>;
+  // True for a subfolder to leave out. Called on both threads.
+  using SkipFolder = std::function<bool(std::string_view folder, std::string_view name)>;
 
-  // `wanted` is called on both threads.
-  DirectoryPrefetcher(std::string_view folder, int depth, bool (*wanted)(std::string_view name), Passed passed);
+  // `acceptFile` is called on both threads.
+  DirectoryPrefetcher(std::string_view folder, int depth, bool (*acceptFile)(std::string_view name), SkipFolder skip);
   DirectoryPrefetcher(const DirectoryPrefetcher&) = delete;
   DirectoryPrefetcher& operator=(const DirectoryPrefetcher&) = delete;
   ~DirectoryPrefetcher();
 
-  // The next folder, listed; null behind the last one. It stays until the next call.
-  const Folder* next();
+  // The next directory, listed; null after the last one. Valid until the next call.
+  const Directory* next();
 
  private:
-  using Folders = std::list<Folder>;
+  using Directories = std::list<Directory>;
 
-  void workAhead();
-  void beginWorkAhead();
-  // The first folder that nobody has begun, or the end where there is none, or none is near enough.
-  Folders::iterator firstWaiting();
-  // Lists a folder that is waiting. Called with the lock held, which is given back while the disk is read.
-  void list(Folders::iterator folder, std::unique_lock<std::mutex>& lock);
-  // What is done without the lock: reads the names and gives the subfolders.
-  void read(Folder& folder, Folders& inside) const;
-  void removeFirst();
+  void startWorker();
+  void runWorker();
+  // The first pending directory within the prefetch distance, or end().
+  Directories::iterator findPending();
+  // Lists a pending directory. Called with the lock held, which is released while the disk is read.
+  void list(Directories::iterator directory, std::unique_lock<std::mutex>& lock);
+  // The part of `list` without the lock: reads the names and appends the subfolders.
+  void read(Directory& directory, Directories& subfolders) const;
+  void removeFront();
 
-  bool (*wanted_)(std::string_view name);
-  Passed passed_;
+  bool (*acceptFile_)(std::string_view name);
+  SkipFolder skip_;
 
-  std::mutex mutex_;  // guards all below
-  std::condition_variable listed_;
-  std::condition_variable nearer_;
-  Folders folders_;           // depth first, from the one that the walk is in
-  bool inFirst_ = false;      // the walk is in the first of the folders
-  bool threadWaits_ = false;  // for folders near enough
-  int left_ = 0;              // folders that the walk has left meanwhile
-  bool ending_ = false;
-  std::vector<std::unique_ptr<DirectoryLister>> spare_;  // kept, so that a large tree costs few allocations
-  std::thread thread_;                                   // the walk's alone
+  std::mutex mutex_;  // guards the members below
+  std::condition_variable frontListed_;
+  std::condition_variable workAvailable_;
+  Directories directories_;     // in the order of the walk, from the one last returned
+  bool frontReturned_ = false;  // the walk is using the first of them
+  bool workerIdle_ = false;
+  int removedWhileIdle_ = 0;  // directories that the walk has finished since the worker became idle
+  bool stopping_ = false;
+  std::vector<std::unique_ptr<DirectoryLister>> freeListers_;  // for reuse: few allocations for a large tree
+  std::thread worker_;                                         // touched only by the walk's thread
 };
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-// Which folders are drives on a machine that has no drive letters.
+// Assigns drive letters to folders, because Linux has none.
 #pragma once
 
 #include <string>
@@ -14,16 +14,15 @@ struct DriveRoot {
   std::string root;
 };
 
-// Where the machine tells of itself.
+// System files that tests replace.
 struct SystemPaths {
-  std::string mountInfo = "/proc/self/mountinfo";
+  std::string mounts = "/proc/self/mounts";
   std::string blockDevices = "/sys/class/block";
   std::string home;  // empty: $HOME, else the one in the user's account
 };
 
-// C is the home folder. Each further mounted local file system of a device of its own follows, in the order of
-// mounting, as D, E, ...: not the system's (/, /boot, /usr, ...), not the one that holds the home folder, and each
-// device once.
-std::vector<DriveRoot> defaultDriveTable(const SystemPaths& sources);
+// C is the home folder. D, E, ... are the other mounted local file systems with a device, in the order of mounting,
+// each device once; without those of the system (/, /boot, /usr, ...) and the one that contains the home folder.
+std::vector<DriveRoot> defaultDriveTable(const SystemPaths& paths);
 
 }  // namespace plimo

@@ -5,15 +5,15 @@
 
 namespace plimo {
 
-void fail(ErrorNumber number, std::string_view path) { throw RuntimeError(number, std::string(path)); }
+void throwError(ErrorNumber number, std::string_view path) { throw RuntimeError(number, std::string(path)); }
 
-ErrorNumber writeFailure(int error, ErrorNumber otherwise) {
+ErrorNumber mapWriteError(int error, ErrorNumber fallback) {
   if (error == ENOSPC || error == EDQUOT || error == EFBIG) return ErrorNumber::diskFull;
-  // Too long, or with letters that this disk does not know: a colon on a memory stick.
+  // Too long, or with characters that this file system does not allow, such as a colon on FAT.
   if (error == ENAMETOOLONG || error == EILSEQ || error == EINVAL) return ErrorNumber::badFileName;
-  return otherwise;
+  return fallback;
 }
 
-bool isMissing(int error) { return error == ENOENT || error == ENOTDIR || error == ELOOP; }
+bool isNotFound(int error) { return error == ENOENT || error == ENOTDIR || error == ELOOP; }
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-// What the kernel's errors are to the program.
+// Maps errno values to the program's error numbers.
 #pragma once
 
 #include <string_view>
@@ -7,12 +7,12 @@
 
 namespace plimo {
 
-[[noreturn]] void fail(ErrorNumber number, std::string_view path);
+[[noreturn]] void throwError(ErrorNumber number, std::string_view path);
 
-// Full disks and used-up quotas are 61, names that the disk cannot hold 52; everything else is `otherwise`.
-ErrorNumber writeFailure(int error, ErrorNumber otherwise);
+// 61 for a full disk or an exceeded quota, 52 for a name that the file system does not accept, else `fallback`.
+ErrorNumber mapWriteError(int error, ErrorNumber fallback);
 
-// True for an error that says that nothing stands at a path.
-bool isMissing(int error);
+// True for an error that says that there is nothing at a path.
+bool isNotFound(int error);
 
 }  // namespace plimo

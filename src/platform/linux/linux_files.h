@@ -1,5 +1,7 @@
-// The drives, folders and files of a POSIX machine. Names are bytes, told apart by case; a path's short form is the
-// path.
+// The drives, folders and files of a Linux system. Names are bytes and case-sensitive; a path is its own short form.
+//
+// Defined in linux_files.cpp (drives, paths, existence), linux_files_listing.cpp (folders), linux_files_reading.cpp and
+// linux_files_writing.cpp (replacing, deleting, copying).
 #pragma once
 
 #include <memory>
@@ -16,10 +18,10 @@ namespace plimo {
 
 class LinuxFiles : public FileSystemObject {
  public:
-  // The machine's own drives, looked up afresh each time they are asked for.
-  explicit LinuxFiles(SystemPaths sources = {});
-  // Exactly these drives.
-  explicit LinuxFiles(std::vector<DriveRoot> table);
+  // With the system's own drives, read again at each call that needs them.
+  explicit LinuxFiles(SystemPaths paths = {});
+  // With exactly these drives.
+  explicit LinuxFiles(std::vector<DriveRoot> drives);
 
   std::vector<Drive> drives() override;
   std::string currentDirectory() override;
@@ -47,18 +49,16 @@ class LinuxFiles : public FileSystemObject {
                 const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress) override;
 
  private:
-  class Walk;
-
-  std::vector<DriveRoot> table() const;
+  std::vector<DriveRoot> driveRoots() const;
   bool isDriveRoot(std::string_view folder) const;
   // 71 for a path on a drive that is not ready, else 76.
-  ErrorNumber missingFolder(std::string_view path) const;
-  // The same, or 53 where the file's folder exists.
-  ErrorNumber missingFile(std::string_view path) const;
-  [[noreturn]] void failToList(int error, std::string_view folder) const;
+  ErrorNumber missingFolderError(std::string_view path) const;
+  // 53 if the file's folder exists, else as missingFolderError.
+  ErrorNumber missingFileError(std::string_view path) const;
+  [[noreturn]] void throwListingError(int error, std::string_view folder) const;
 
-  SystemPaths sources_;
-  std::optional<std::vector<DriveRoot>> fixedTable_;
+  SystemPaths systemPaths_;
+  std::optional<std::vector<DriveRoot>> fixedDrives_;
 };
 
 }  // namespace plimo

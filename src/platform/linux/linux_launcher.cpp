@@ -17,14 +17,14 @@ namespace plimo {
 
 namespace {
 
-// What the new program starts with: no terminal, no blocked or ignored signals, a session of its own.
-class Surroundings {
+// Gives the new process /dev/null as its standard streams, default signal handling and a session of its own.
+class SpawnSettings {
  public:
-  Surroundings() {
-    ::posix_spawn_file_actions_init(&files_);
-    ::posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    ::posix_spawn_file_actions_addopen(&files_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    ::posix_spawn_file_actions_addopen(&files_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+  SpawnSettings() {
+    ::posix_spawn_file_actions_init(&fileActions_);
+    ::posix_spawn_file_actions_addopen(&fileActions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    ::posix_spawn_file_actions_addopen(&fileActions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    ::posix_spawn_file_actions_addopen(&fileActions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     ::posix_spawnattr_init(&attributes_);
     sigset_t signals;
     ::sigemptyset(&signals);
@@ -33,23 +33,23 @@ class Surroundings {
     ::posix_spawnattr_setsigdefault(&attributes_, &signals);
     ::posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
   }
-  Surroundings(const Surroundings&) = delete;
-  Surroundings& operator=(const Surroundings&) = delete;
-  ~Surroundings() {
+  SpawnSettings(const SpawnSettings&) = delete;
+  SpawnSettings& operator=(const SpawnSettings&) = delete;
+  ~SpawnSettings() {
     ::posix_spawnattr_destroy(&attributes_);
-    ::posix_spawn_file_actions_destroy(&files_);
+    ::posix_spawn_file_actions_destroy(&fileActions_);
   }
 
-  const posix_spawn_file_actions_t* files() const { return &files_; }
+  const posix_spawn_file_actions_t* fileActions() const { return &fileActions_; }
   const posix_spawnattr_t* attributes() const { return &attributes_; }
 
  private:
-  posix_spawn_file_actions_t files_{};
+  posix_spawn_file_actions_t fileActions_{};
   posix_spawnattr_t attributes_{};
 };
 
-// Takes the program's exit status when it comes, so that no ended process is left standing. Without a thread to wait
-// in, it is left standing: harmless, and gone with this program.
+// Waits for the process on a thread, so that it does not remain as a zombie. If no thread can be started, it remains
+// one until this program ends, which is harmless.
 void reap(pid_t process) {
   try {
     std::thread([process] {
@@ -64,15 +64,15 @@ void reap(pid_t process) {
 
 void LinuxLauncher::start(const std::string& program, const std::string& argument) {
   struct stat status {};
-  if (::stat(program.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) fail(ErrorNumber::fileNotFound, program);
-  std::string name = program;
-  std::string only = argument;
-  char* const arguments[] = {name.data(), only.data(), nullptr};
-  const Surroundings surroundings;
+  if (::stat(program.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) throwError(ErrorNumber::fileNotFound, program);
+  std::string programCopy = program;  // posix_spawn takes mutable strings
+  std::string argumentCopy = argument;
+  char* const arguments[] = {programCopy.data(), argumentCopy.data(), nullptr};
+  const SpawnSettings settings;
   pid_t process = 0;
-  if (::posix_spawn(&process, program.c_str(), surroundings.files(), surroundings.attributes(), arguments, environ) !=
+  if (::posix_spawn(&process, program.c_str(), settings.fileActions(), settings.attributes(), arguments, environ) !=
       0) {
-    fail(ErrorNumber::permissionDenied, program);
+    throwError(ErrorNumber::permissionDenied, program);
   }
   reap(process);
 }

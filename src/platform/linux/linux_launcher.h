@@ -1,4 +1,4 @@
-// Starts programs on a POSIX machine, each in a session of its own, so that it outlives this one.
+// Starts each program in a session of its own, so that it outlives this one.
 #pragma once
 
 #include <string>

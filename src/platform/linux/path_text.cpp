@@ -1,8 +1,5 @@
 #include "platform/linux/path_text.h"
 
-#include <cstddef>
-#include <cstring>
-
 namespace plimo {
 
 std::string joinPath(std::string_view folder, std::string_view name) {
@@ -11,27 +8,26 @@ std::string joinPath(std::string_view folder, std::string_view name) {
   return path.append(name);
 }
 
-std::string_view lastPiece(std::string_view path) {
-  const void* const end = path.empty() ? nullptr : ::memrchr(path.data(), '/', path.size());
-  return end == nullptr ? path : path.substr(static_cast<std::size_t>(static_cast<const char*>(end) + 1 - path.data()));
+std::string_view baseName(std::string_view path) {
+  return path.substr(path.rfind('/') + 1);  // npos + 1 is 0
 }
 
-std::string parentOf(std::string_view path) {
-  path.remove_suffix(lastPiece(path).size());
+std::string parentPath(std::string_view path) {
+  path.remove_suffix(baseName(path).size());
   while (path.size() > 1 && path.ends_with('/')) path.remove_suffix(1);
   return std::string(path);
 }
 
-std::string tidyPath(std::string_view path) {
-  std::string tidy;
+std::string normalizePath(std::string_view path) {
+  std::string normalized;
   for (const char c : path) {
-    if (c != '/' || !tidy.ends_with('/')) tidy += c;
+    if (c != '/' || !normalized.ends_with('/')) normalized += c;
   }
-  if (tidy.size() > 1 && tidy.back() == '/') tidy.pop_back();
-  return tidy;
+  if (normalized.size() > 1 && normalized.back() == '/') normalized.pop_back();
+  return normalized;
 }
 
-bool liesIn(std::string_view path, std::string_view folder) {
+bool folderContains(std::string_view folder, std::string_view path) {
   if (folder == "/") return path.starts_with('/');
   return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
 }

@@ -1,4 +1,4 @@
-// Operations on the texts of POSIX paths; none looks at the disk.
+// String operations on Linux paths; none of them accesses the disk.
 #pragma once
 
 #include <string>
@@ -7,12 +7,13 @@
 namespace plimo {
 
 std::string joinPath(std::string_view folder, std::string_view name);
-std::string_view lastPiece(std::string_view path);
-// All pieces but the last: "/" for a file that stands there, empty for a bare name.
-std::string parentOf(std::string_view path);
-// Doubled separators made one, and none at the end but that of "/".
-std::string tidyPath(std::string_view path);
-// True for the folder itself and all below it; both tidy.
-bool liesIn(std::string_view path, std::string_view folder);
+// The part after the last separator.
+std::string_view baseName(std::string_view path);
+// All components but the last: "/" for an entry of the root folder, empty for a bare name.
+std::string parentPath(std::string_view path);
+// With single separators, and none at the end except in "/". Does not resolve "." or "..".
+std::string normalizePath(std::string_view path);
+// True for the folder itself and everything below it. Both must be normalized.
+bool folderContains(std::string_view folder, std::string_view path);
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-// An open file's descriptor that closes itself.
+// Owns a file descriptor and closes it.
 #pragma once
 
 #include <unistd.h>
@@ -10,21 +10,22 @@ namespace plimo {
 class UniqueFd {
  public:
   UniqueFd() = default;
-  explicit UniqueFd(int number) : number_(number) {}
-  UniqueFd(UniqueFd&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  explicit UniqueFd(int fd) : fd_(fd) {}
+  UniqueFd(UniqueFd&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
   UniqueFd& operator=(UniqueFd&& other) noexcept {
-    std::swap(number_, other.number_);
+    std::swap(fd_, other.fd_);
     return *this;
   }
   ~UniqueFd() {
-    if (number_ >= 0) ::close(number_);
+    if (fd_ >= 0) ::close(fd_);
   }
 
-  explicit operator bool() const { return number_ >= 0; }
-  int number() const { return number_; }
+  // False if there is no descriptor, as after a failed open(2).
+  explicit operator bool() const { return fd_ >= 0; }
+  int get() const { return fd_; }
 
  private:
-  int number_ = -1;
+  int fd_ = -1;
 };
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-// What the program asks of the computer in memory, but for writing.
+// Drives, paths, existence, listing and reading.
 #include "platform/memory/fake_file_system.h"
 
 #include <utility>
@@ -9,9 +9,9 @@ namespace plimo {
 
 namespace {
 
-class MemoryView : public FileView {
+class FakeFileView : public FileView {
  public:
-  explicit MemoryView(std::shared_ptr<const std::string> content) : content_(std::move(content)) {}
+  explicit FakeFileView(std::shared_ptr<const std::string> content) : content_(std::move(content)) {}
   std::string_view bytes() const override { return *content_; }
 
  private:
@@ -24,7 +24,7 @@ bool isDriveOnly(std::string_view path) { return path.size() == 2 && path[1] == 
 
 std::vector<Drive> FakeFileSystem::drives() {
   std::vector<Drive> drives;
-  for (const TableEntry& entry : table_) {
+  for (const DriveEntry& entry : driveTable_) {
     drives.push_back({entry.letter, entry.type, disks_.at(entry.letter).ready, std::string(1, entry.letter) + ":\\"});
   }
   return drives;
@@ -62,28 +62,28 @@ bool FakeFileSystem::sameFile(std::string_view left, std::string_view right) {
   if (left == right) return true;
   const auto folded = [this](std::string_view path) {
     std::string text;
-    if (const auto way = route(path)) {
-      text += way->letter;
-      for (const std::string& name : way->names) text.append("\\").append(foldCase(name));
+    if (const auto parsed = parsePath(path)) {
+      text += parsed->letter;
+      for (const std::string& name : parsed->names) text.append("\\").append(foldCase(name));
     }
     return text;
   };
   const std::string text = folded(left);
   if (!text.empty() && text == folded(right)) return true;
-  const FakeNode* file = seenFile(left);
-  return file && file == seenFile(right);
+  const FakeNode* file = findFile(left);
+  return file && file == findFile(right);
 }
 
 bool FakeFileSystem::isRootFolder(std::string_view folder) {
-  const auto way = route(folder);
-  return way && way->names.empty();
+  const auto parsed = parsePath(folder);
+  return parsed && parsed->names.empty();
 }
 
 std::string FakeFileSystem::shortPath(std::string_view path) const {
-  const auto way = route(path);
-  std::string result = std::string(1, way->letter) + ":\\";
-  const FakeNode* node = disks_.at(way->letter).root.get();
-  for (const std::string& name : way->names) {
+  const auto parsed = parsePath(path);
+  std::string result = std::string(1, parsed->letter) + ":\\";
+  const FakeNode* node = disks_.at(parsed->letter).root.get();
+  for (const std::string& name : parsed->names) {
     node = node->find(name);
     if (!result.ends_with('\\')) result += '\\';
     result += node->shortName();
@@ -93,30 +93,30 @@ std::string FakeFileSystem::shortPath(std::string_view path) const {
 
 std::string FakeFileSystem::shortFilePath(std::string_view file) {
   step(file);
-  if (!seenFile(file)) throw RuntimeError(ErrorNumber::fileNotFound, std::string(file));
+  if (!findFile(file)) throw RuntimeError(ErrorNumber::fileNotFound, std::string(file));
   return shortPath(file);
 }
 
 std::string FakeFileSystem::shortFolderPath(std::string_view folder) {
   step(folder);
-  if (!seenFolder(folder)) throw RuntimeError(ErrorNumber::pathNotFound, std::string(folder));
+  if (!findFolder(folder)) throw RuntimeError(ErrorNumber::pathNotFound, std::string(folder));
   return shortPath(folder);
 }
 
-bool FakeFileSystem::fileExists(std::string_view path) { return seenFile(path) != nullptr; }
+bool FakeFileSystem::fileExists(std::string_view path) { return findFile(path) != nullptr; }
 
-bool FakeFileSystem::folderExists(std::string_view path) { return seenFolder(path) != nullptr; }
+bool FakeFileSystem::folderExists(std::string_view path) { return findFolder(path) != nullptr; }
 
 FolderContents FakeFileSystem::contents(std::string_view folder) { return list(folder); }
 
 FolderContents FakeFileSystem::list(std::string_view folder) {
   step(folder);
-  const Place at = place(folder);
-  if (at.disk && !at.disk->ready) throw RuntimeError(ErrorNumber::diskNotReady, std::string(folder));
-  if (!at.node || !at.node->isFolder()) throw RuntimeError(ErrorNumber::pathNotFound, std::string(folder));
-  if (at.node->folderFlags.unreadable) throw RuntimeError(ErrorNumber::permissionDenied, std::string(folder));
+  const Location location = locate(folder);
+  if (location.disk && !location.disk->ready) throw RuntimeError(ErrorNumber::diskNotReady, std::string(folder));
+  if (!location.node || !location.node->isFolder()) throw RuntimeError(ErrorNumber::pathNotFound, std::string(folder));
+  if (location.node->folderFlags.unreadable) throw RuntimeError(ErrorNumber::permissionDenied, std::string(folder));
   FolderContents contents;
-  for (const auto& [folded, child] : at.node->children()) {
+  for (const auto& [folded, child] : location.node->children()) {
     (child->isFolder() ? contents.folders : contents.files).push_back(child->name());
   }
   return contents;
@@ -138,21 +138,21 @@ bool FakeFileSystem::walk(std::string_view folder, int depth, bool (*wanted)(std
 
 std::uint64_t FakeFileSystem::fileSize(std::string_view path) {
   step(path);
-  const FakeNode* file = seenFile(path);
+  const FakeNode* file = findFile(path);
   if (!file) throw RuntimeError(ErrorNumber::fileNotFound, std::string(path));
   return file->size;
 }
 
 std::unique_ptr<FileView> FakeFileSystem::openForReading(std::string_view path) {
   step(path);
-  const auto fail = [&](ErrorNumber number) { throw RuntimeError(number, std::string(path)); };
-  const Place at = place(path);
-  if (at.disk && !at.disk->ready) fail(ErrorNumber::diskNotReady);
-  if (!at.node) fail(at.folder ? ErrorNumber::fileNotFound : ErrorNumber::pathNotFound);
-  if (at.node->isFolder() || at.node->fileFlags.unreadable) fail(ErrorNumber::pathFileAccess);
-  if (at.node->fileFlags.locked) fail(ErrorNumber::permissionDenied);
-  return std::make_unique<MemoryView>(at.node->content ? at.node->content
-                                                       : std::make_shared<const std::string>(at.node->size, '\0'));
+  const auto throwError = [&](ErrorNumber number) { throw RuntimeError(number, std::string(path)); };
+  const Location location = locate(path);
+  if (location.disk && !location.disk->ready) throwError(ErrorNumber::diskNotReady);
+  if (!location.node) throwError(location.parent ? ErrorNumber::fileNotFound : ErrorNumber::pathNotFound);
+  if (location.node->isFolder() || location.node->fileFlags.unreadable) throwError(ErrorNumber::pathFileAccess);
+  if (location.node->fileFlags.locked) throwError(ErrorNumber::permissionDenied);
+  return std::make_unique<FakeFileView>(
+      location.node->content ? location.node->content : std::make_shared<const std::string>(location.node->size, '\0'));
 }
 
 }  // namespace plimo

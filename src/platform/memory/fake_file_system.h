@@ -1,5 +1,9 @@
-// A Windows-like computer's disks, in memory: backslash paths (a doubled one counts as one), names that keep their case
-// and compare without it, short names, read-only and locked files, full and empty drives, and failures on demand.
+// Windows-like disks in memory: backslash paths (a doubled backslash counts as one), case-preserving and
+// case-insensitive names, short names, read-only and locked files, full drives, drives that are not ready, and injected
+// failures.
+//
+// Defined in fake_file_system.cpp (what the program calls), fake_file_system_writing.cpp (replacing, deleting,
+// copying), fake_file_system_setup.cpp and fake_file_system_paths.cpp.
 #pragma once
 
 #include <cstddef>
@@ -20,46 +24,46 @@ namespace plimo {
 
 class FakeFileSystem : public FileSystemObject {
  public:
-  // Drive C, fixed and ready; the current directory is C:\Plimo.
+  // With a fixed, ready drive C; the current directory is C:\Plimo.
   FakeFileSystem();
 
-  // --- The world. Possible at any time; none of it counts as a step. A path that names no place on a drive, or whose
-  // way leads through a file, is std::invalid_argument. ---
+  // --- Setup. Allowed at any time; does not count as a step. Throws std::invalid_argument for a path that cannot
+  // exist: without a drive, or below a file. ---
 
-  // Adds a drive behind the others, or changes the one of that letter where it stands.
+  // Appends a drive to the drive list, or changes the one with that letter in its position.
   void addDrive(char letter, DriveType type, bool ready = true);
-  // Empties the table of drives. What stands on them stays, and can be reached, for when they are added again.
+  // Clears the drive list. The files remain and can still be accessed.
   void removeDrives();
-  // The drive need not be in the table.
+  // The drive need not be in the list.
   void setReady(char letter, bool ready);
   void setDiskFull(char letter, bool full);
 
-  // Makes the folder if it is missing.
+  // Creates the folder if it is missing.
   void setCurrentDirectory(std::string_view path);
 
-  // Folders on the way are made; what stands there already keeps its spelling and gets the new content and flags.
+  // Create missing parent folders. What exists already keeps its spelling and gets the new content and flags.
   void addFolder(std::string_view path, FolderFlags flags = {});
   void addFile(std::string_view path, std::uint64_t size = 0, FileFlags flags = {});
   void addTextFile(std::string_view path, std::string content, FileFlags flags = {});
-  // Removes a file, or a folder with all that is in it; false where there was none.
+  // Removes a file, or a folder with its content; false if there is none.
   bool remove(std::string_view path);
 
-  // A file's content, whatever its flags; nothing where there is no such file.
+  // A file's content, whatever its flags; nullopt if there is no such file.
   std::optional<std::string> fileContent(std::string_view path) const;
-  // The last name in exactly the letters it has on the disk; nothing where there is no such file or folder.
+  // The file's or folder's own name with its case as stored; nullopt if there is none.
   std::optional<std::string> spelledName(std::string_view path) const;
   std::optional<FileFlags> fileFlags(std::string_view path) const;
 
-  // --- Failures on demand. A step is each call that can fail, each folder that a walk lists, and each write and
-  // commit of a replacement. ---
+  // --- Failure injection. A step is a call that can fail, a folder listed by a walk, or a write or commit of a
+  // replacement. ---
 
-  // The n-th step from now (from 1) fails with this error and does nothing; once. 0: none.
+  // The n-th step from now (1: the next) fails once with this error and has no effect. 0: none.
   void failAt(std::size_t n, ErrorNumber error);
-  // True while a failure asked for has not happened yet.
-  bool failurePending() const { return failIn_ != 0; }
+  // True until the requested failure has happened.
+  bool failurePending() const { return stepsToFailure_ != 0; }
   std::size_t stepsTaken() const { return steps_; }
 
-  // --- What the program asks ---
+  // --- FileSystemObject ---
 
   std::vector<Drive> drives() override;
   std::string currentDirectory() override;
@@ -89,50 +93,56 @@ class FakeFileSystem : public FileSystemObject {
  private:
   class Replacement;
 
-  // A path taken apart: the drive and the names from its root on.
+  // An absolute path split into its drive and the names below the root.
   struct ParsedPath {
     char letter = 0;
     std::vector<std::string> names;
-    bool folder = false;  // ended in a separator
+    bool endsInSeparator = false;
   };
   struct Disk {
     std::unique_ptr<FakeNode> root;
     bool ready = true;
     bool full = false;
   };
-  // Where a path leads. The node is null where nothing stands, the folder where not even that exists.
-  struct Place {
+  // What a path resolves to. `node` is null if there is nothing, `parent` too if that folder does not exist or the path
+  // is a drive's root.
+  struct Location {
     const Disk* disk = nullptr;
-    FakeNode* folder = nullptr;
+    FakeNode* parent = nullptr;
     FakeNode* node = nullptr;
     std::string name;
   };
-  struct TableEntry {
+  struct DriveEntry {
     char letter;
     DriveType type;
   };
 
-  std::optional<ParsedPath> route(std::string_view path) const;
-  // Looks at the disk, ready or not.
-  Place place(std::string_view path) const;
-  // As the program sees it: nothing stands on a drive that is not ready.
-  Place seen(std::string_view path) const;
-  FakeNode* seenFile(std::string_view path) const;
-  FakeNode* seenFolder(std::string_view path) const;
+  static bool isDriveLetter(char c);
+  static char upperCase(char letter);
+  // Nullopt if the path is empty or has no drive.
+  std::optional<ParsedPath> parsePath(std::string_view path) const;
+  // Whether the drive is ready or not.
+  Location locate(std::string_view path) const;
+  // As the program sees it: a drive that is not ready is empty.
+  Location locateVisible(std::string_view path) const;
+  // Null if there is none.
+  FakeNode* findFile(std::string_view path) const;
+  FakeNode* findFolder(std::string_view path) const;
   std::string shortPath(std::string_view path) const;
   Disk& diskOf(char letter);
-  // Makes the folders on the way and the file or folder at its end.
-  FakeNode& make(FakeNode::Kind kind, std::string_view path);
+  // Creates the file or folder and its missing parents; returns what exists already.
+  FakeNode& create(FakeNode::Kind kind, std::string_view path);
+  // Counts a step; throws the injected failure if this is the one.
   void step(std::string_view path);
   FolderContents list(std::string_view folder);
-  // The place of a file that is to be written; throws as replaceFile does.
-  Place placeToReplace(std::string_view path, Force force) const;
+  // Throws as replaceFile does.
+  Location locateForReplacing(std::string_view path, Force force) const;
 
-  std::vector<TableEntry> table_;
+  std::vector<DriveEntry> driveTable_;
   std::map<char, Disk> disks_;
   std::string currentDirectory_;
   std::size_t steps_ = 0;
-  std::size_t failIn_ = 0;
+  std::size_t stepsToFailure_ = 0;  // 0: no failure is requested
   ErrorNumber failure_ = ErrorNumber::permissionDenied;
 };
 

@@ -1,4 +1,4 @@
-// A launcher that starts nothing and keeps what it was asked to start.
+// Records the programs to start, without starting them.
 #pragma once
 
 #include <string>
@@ -16,10 +16,10 @@ class FakeLauncher : public Launcher {
     bool minimised = false;
   };
 
-  // `files` tells which programs there are.
+  // A program can be started if it exists in `files`.
   explicit FakeLauncher(FileSystemObject& files) : files_(files) {}
 
-  // In order; never forgotten.
+  // All of them, in order.
   const std::vector<Started>& started() const { return started_; }
 
   void start(const std::string& program, const std::string& argument) override;

@@ -26,7 +26,7 @@ FakeNode& FakeNode::add(Kind kind, std::string_view name) {
 }
 
 void FakeNode::remove(const FakeNode& child) {
-  shortNames_.freed(child.shortName_);
+  shortNames_.release(child.shortName_);
   byShortName_.erase(foldCase(child.shortName_));
   children_.erase(foldCase(child.name_));
 }

@@ -1,4 +1,4 @@
-// One file or folder of the computer in memory.
+// One file or folder of the FakeFileSystem.
 #pragma once
 
 #include <cstdint>
@@ -11,17 +11,17 @@
 
 namespace plimo {
 
-// What may not be done with a file.
+// Restrictions of a file.
 struct FileFlags {
   bool readOnly = false;
   bool locked = false;  // another program has it open
   bool unreadable = false;
 };
 
-// What may not be done with a folder: list it; make, replace or delete files in it.
+// Restrictions of a folder.
 struct FolderFlags {
-  bool unreadable = false;
-  bool unwritable = false;
+  bool unreadable = false;  // it cannot be listed
+  bool unwritable = false;  // no file in it can be created, replaced or deleted
 };
 
 class FakeNode {
@@ -31,19 +31,19 @@ class FakeNode {
   FakeNode(Kind kind, std::string_view name, std::string shortName);
 
   bool isFolder() const { return kind_ == Kind::folder; }
-  // As it stands on the disk; empty for a drive's root.
+  // With its case as stored; empty for a drive's root.
   const std::string& name() const { return name_; }
   const std::string& shortName() const { return shortName_; }
 
   // --- Folders ---
 
-  // By the long or the short name, without regard to case; null where there is none.
+  // Finds a child by its long or short name, case-insensitively; null if there is none.
   FakeNode* find(std::string_view name) const;
-  // Adds what `find` does not find.
+  // Precondition: `find` finds no such child.
   FakeNode& add(Kind kind, std::string_view name);
   void remove(const FakeNode& child);
 
-  // By folded name, which is the order of a listing.
+  // By case-folded name, which is the order of a listing.
   using Children = std::map<std::string, std::unique_ptr<FakeNode>>;
   const Children& children() const { return children_; }
 
@@ -51,7 +51,7 @@ class FakeNode {
 
   // --- Files ---
 
-  // Null for a file of which only the size is kept; it reads as zeros.
+  // Null for a file that has only a size; it reads as zeros.
   std::shared_ptr<const std::string> content;
   std::uint64_t size = 0;  // in bytes
   FileFlags fileFlags;
@@ -61,7 +61,7 @@ class FakeNode {
   std::string name_;
   std::string shortName_;
   Children children_;
-  std::map<std::string, FakeNode*> byShortName_;  // by folded short name
+  std::map<std::string, FakeNode*> byShortName_;  // by case-folded short name
   ShortNames shortNames_;
 };
 

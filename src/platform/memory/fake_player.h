@@ -1,4 +1,4 @@
-// A media player without sound, which keeps what it was told.
+// Plays nothing; records the calls.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ class FakePlayer : public MediaPlayer {
  public:
   enum class State { stopped, playing };
 
-  // --- The world ---
+  // --- Setup ---
 
   // In seconds.
   void setDuration(double seconds) { duration_ = seconds; }
@@ -21,16 +21,16 @@ class FakePlayer : public MediaPlayer {
     if (newStream) newStream();
   }
 
-  // --- What it was told ---
+  // --- What was called ---
 
-  const std::vector<std::string>& opened() const { return opened_; }  // in order; never forgotten
-  const std::string& fileName() const { return fileName_; }           // as set last
+  const std::vector<std::string>& opened() const { return opened_; }  // all of them, in order
+  const std::string& fileName() const { return fileName_; }           // the last one set
   State state() const { return state_; }
   bool autoStart() const { return autoStart_; }
   bool showControls() const { return showControls_; }
   bool enabled() const { return enabled_; }
 
-  // --- What the program asks ---
+  // --- MediaPlayer ---
 
   void open(const std::string& path) override {
     opened_.push_back(path);

@@ -1,4 +1,4 @@
-// The short (8.3) names that a Windows-like disk gives beside the long ones.
+// Short (8.3) names, as a Windows-like disk assigns them in addition to long names.
 #pragma once
 
 #include <functional>
@@ -8,23 +8,24 @@
 
 namespace plimo {
 
-// True for a name that is its own short name: one to eight characters, and optionally a dot and one to three more.
-// Blanks, further dots and the characters + , ; = [ ] are not among them; a letter outside ASCII counts as one.
+// True for a name that is its own short name: one to eight characters, optionally followed by a dot and one to three
+// more, without spaces, further dots and + , ; = [ ]. A non-ASCII character counts as one.
 bool fitsShortName(std::string_view name);
 
-// Names a folder's entries.
+// Assigns the short names in one folder.
 class ShortNames {
  public:
-  // The short name of a new entry. One that does not fit gets its first six characters that a short name may hold,
-  // upper-cased (a to z only), "~1" and the extension's first three; `taken` tells which names the folder already uses,
-  // and the number counts up past those. A number of more digits takes its room from the six.
+  // The short name of a new entry: the name itself if it fits, else its first six allowed characters in upper case (a
+  // to z only), "~1" and the first three of the extension. The number is the first whose name is not `taken` in the
+  // folder; if it has more digits, fewer than six characters precede it.
   std::string nameFor(std::string_view name, const std::function<bool(std::string_view)>& taken);
-  // An entry with this short name has gone.
-  void freed(std::string_view shortName);
+  // Makes the name of a removed entry available again.
+  void release(std::string_view shortName);
 
  private:
-  // By the six characters and the extension, the first number that may be free: thousands of songs may begin alike.
-  std::map<std::string, unsigned long> firstFree_;
+  // For six characters and an extension, the first number that may be free: thousands of songs may share a prefix, and
+  // counting from 1 for each would be quadratic.
+  std::map<std::string, unsigned long> nextNumber_;
 };
 
 }  // namespace plimo

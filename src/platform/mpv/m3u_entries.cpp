@@ -11,20 +11,20 @@ namespace plimo {
 
 namespace {
 
-bool endsWithFolded(std::string_view text, std::string_view ending) {
+bool endsWithIgnoringCase(std::string_view text, std::string_view ending) {
   if (text.size() < ending.size()) return false;
   return foldCase(text.substr(text.size() - ending.size())) == ending;
 }
 
-// "http://", "edl://", "lua:...": a word of letters before a colon. One letter alone is a drive.
-bool namesAProtocol(std::string_view entry) {
+// True for a URL such as "http://..." or "edl://...". A single letter before the colon is a drive.
+bool hasUrlScheme(std::string_view entry) {
   const std::size_t colon = entry.find(':');
   if (colon == std::string_view::npos || colon < 2) return false;
-  const std::string_view word = entry.substr(0, colon);
-  const auto wordLetter = [](char c) {
+  const std::string_view scheme = entry.substr(0, colon);
+  const auto isSchemeCharacter = [](char c) {
     return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '+' || c == '-' || c == '.';
   };
-  return std::all_of(word.begin(), word.end(), wordLetter) && entry.substr(colon).starts_with("://");
+  return std::all_of(scheme.begin(), scheme.end(), isSchemeCharacter) && entry.substr(colon).starts_with("://");
 }
 
 std::string_view withoutQuotes(std::string_view item) {
@@ -49,7 +49,9 @@ std::vector<std::string> m3uEntries(std::string_view text) {
   return entries;
 }
 
-bool isPlaylistName(std::string_view name) { return endsWithFolded(name, ".m3u") || endsWithFolded(name, ".m3u8"); }
+bool isPlaylistName(std::string_view name) {
+  return endsWithIgnoringCase(name, ".m3u") || endsWithIgnoringCase(name, ".m3u8");
+}
 
 std::filesystem::path nativePath(std::string_view bytes) {
   if constexpr (std::is_same_v<std::filesystem::path::value_type, char>) {
@@ -73,7 +75,7 @@ std::string nativeText(const std::filesystem::path& path) {
 }
 
 CheckedEntry checkEntry(std::string_view entry, const std::filesystem::path& folder) {
-  if (namesAProtocol(entry) || entry.find('\0') != std::string_view::npos) return {Playable::notLocal, {}};
+  if (hasUrlScheme(entry) || entry.find('\0') != std::string_view::npos) return {Playable::notLocal, {}};
   if (isPlaylistName(entry)) return {Playable::notASong, {}};
   const std::filesystem::path name = nativePath(entry);
   if (name.empty()) return {Playable::missing, {}};

@@ -1,4 +1,4 @@
-// What a playlist file asks to be played.
+// The entries of a playlist file, and which of them can be played.
 #pragma once
 
 #include <filesystem>
@@ -8,28 +8,27 @@
 
 namespace plimo {
 
-// The entries of an M3U text in order, as they stand: lines ended by LF or CR LF, without a byte-order mark, leading
-// blanks, enclosing quotes, empty lines and comment lines.
+// The entries of an M3U text in order: its lines (ended by LF or CR LF) without a byte-order mark, leading spaces,
+// enclosing quotes, empty lines and comments.
 std::vector<std::string> m3uEntries(std::string_view text);
 
-// True for a name that ends in .m3u or .m3u8, in any case.
+// True for a name that ends in .m3u or .m3u8, case-insensitively.
 bool isPlaylistName(std::string_view name);
 
 enum class Playable { yes, missing, empty, notLocal, notASong };
 
 struct CheckedEntry {
   Playable playable = Playable::missing;
-  std::string path;  // absolute; where playable
+  std::string path;  // absolute; if playable
 };
 
-// Only regular files of this machine are playable: no address of another protocol, no device, no further playlist, and
-// nothing without content, which is also how files look that the system makes up and whose reading may wait for ever.
-// A relative entry is taken from `folder`.
+// Only local regular files are playable: no URLs, no devices, no playlists, and no empty files. Pseudo files as in
+// /proc, which may block for ever when read, have the size 0 too. A relative entry is resolved against `folder`.
 CheckedEntry checkEntry(std::string_view entry, const std::filesystem::path& folder);
 
-// A path made of the machine's own bytes; empty where they make none.
+// A path from bytes in the platform's encoding; empty if they are invalid.
 std::filesystem::path nativePath(std::string_view bytes);
-// The bytes of a path.
+// The inverse.
 std::string nativeText(const std::filesystem::path& path);
 
 }  // namespace plimo

@@ -12,7 +12,7 @@ struct Option {
   const char* value;
 };
 
-// Nothing of the user's own set-up, no scripts, no helpers, nothing but sound, nothing but files.
+// No user configuration, no scripts, no video, no network: only audio from files.
 constexpr Option required[] = {
     {"config", "no"},
     {"load-scripts", "no"},
@@ -51,13 +51,13 @@ constexpr Option required[] = {
     {"audio-client-name", "Plimo!"},
 };
 
-// Some are unknown to some builds of the library, and then there is nothing to forbid.
+// Some builds of libmpv do not have these options; then there is nothing to disable.
 bool mayBeUnknown(std::string_view name) {
   return (name.starts_with("load-") && name != "load-unsafe-playlists") || name == "ytdl" || name == "osc" ||
          name == "cover-art-auto" || name == "autoload-files" || name == "input-vo-keyboard";
 }
 
-enum Watched : std::uint64_t { watchedLength = 1, watchedPosition = 2, watchedPause = 3 };
+enum PropertyId : std::uint64_t { durationId = 1, positionId = 2, pauseId = 3 };
 
 }  // namespace
 
@@ -72,39 +72,39 @@ bool MpvPlayer::Engine::start(const ResolveSymbol& resolve) {
   handle_ = mpv_.create();
   if (handle_ == nullptr) return false;
   for (const Option& option : required) {
-    const int result = mpv_.setOptionString(handle_, option.name, option.value);
-    if (result < 0 && !mayBeUnknown(option.name)) return false;
+    const int error = mpv_.setOptionString(handle_, option.name, option.value);
+    if (error < 0 && !mayBeUnknown(option.name)) return false;
   }
   if (mpv_.initialize(handle_) < 0) return false;
-  mpv_.observeProperty(handle_, watchedLength, "duration", MPV_FORMAT_DOUBLE);
-  mpv_.observeProperty(handle_, watchedPosition, "time-pos", MPV_FORMAT_DOUBLE);
-  mpv_.observeProperty(handle_, watchedPause, "pause", MPV_FORMAT_FLAG);
+  mpv_.observeProperty(handle_, durationId, "duration", MPV_FORMAT_DOUBLE);
+  mpv_.observeProperty(handle_, positionId, "time-pos", MPV_FORMAT_DOUBLE);
+  mpv_.observeProperty(handle_, pauseId, "pause", MPV_FORMAT_FLAG);
   mpv_.setWakeupCallback(
-      handle_, [](void* engine) { static_cast<Engine*>(engine)->wakeUp_(); }, this);
+      handle_, [](void* engine) { static_cast<Engine*>(engine)->onWakeup_(); }, this);
   return true;
 }
 
-void MpvPlayer::Engine::command(std::initializer_list<const char*> words, std::uint64_t ticket) {
-  std::vector<const char*> list(words);
+void MpvPlayer::Engine::command(std::initializer_list<const char*> arguments, std::uint64_t requestId) {
+  std::vector<const char*> list(arguments);
   list.push_back(nullptr);
-  mpv_.commandAsync(handle_, ticket, list.data());
+  mpv_.commandAsync(handle_, requestId, list.data());
 }
 
-void MpvPlayer::Engine::forgetSong() {
-  ++loads_;
-  entry_ = noEntry;
+void MpvPlayer::Engine::resetSong() {
+  ++loadCount_;
+  entryId_ = noEntryId;
   started_ = false;
   loaded_ = false;
 }
 
 void MpvPlayer::Engine::load(const std::string& path, bool paused) {
-  forgetSong();
+  resetSong();
   setPaused(paused);
-  command({"loadfile", path.c_str(), "replace"}, loads_);
+  command({"loadfile", path.c_str(), "replace"}, loadCount_);
 }
 
 void MpvPlayer::Engine::stop() {
-  forgetSong();
+  resetSong();
   command({"stop"});
 }
 
@@ -126,66 +126,66 @@ void MpvPlayer::Engine::setVolume(double percent) {
   mpv_.setPropertyAsync(handle_, 0, "volume", MPV_FORMAT_DOUBLE, &percent);
 }
 
-// The answer to "loadfile" carries the library's number for the song. Without a number there is no song.
-MpvPlayer::Engine::Happening MpvPlayer::Engine::took(const mpv_event& reply) {
-  Happening happening;
-  if (reply.reply_userdata != loads_) return happening;
-  const auto* answer = static_cast<const mpv_event_command*>(reply.data);
-  if (reply.error >= 0 && answer != nullptr && answer->result.format == MPV_FORMAT_NODE_MAP) {
-    const mpv_node_list& list = *answer->result.u.list;
+// The reply to "loadfile" contains the playlist_entry_id. Without one, loading has failed.
+MpvPlayer::Engine::Event MpvPlayer::Engine::loadReply(const mpv_event& reply) {
+  Event result;
+  if (reply.reply_userdata != loadCount_) return result;
+  const auto* data = static_cast<const mpv_event_command*>(reply.data);
+  if (reply.error >= 0 && data != nullptr && data->result.format == MPV_FORMAT_NODE_MAP) {
+    const mpv_node_list& list = *data->result.u.list;
     for (int i = 0; i < list.num; ++i) {
-      if (std::string_view(list.keys[i]) == "playlist_entry_id") entry_ = list.values[i].u.int64;
+      if (std::string_view(list.keys[i]) == "playlist_entry_id") entryId_ = list.values[i].u.int64;
     }
   }
-  if (entry_ == noEntry) happening.kind = Happening::Kind::failed;
-  return happening;
+  if (entryId_ == noEntryId) result.kind = Event::Kind::failed;
+  return result;
 }
 
-MpvPlayer::Engine::Happening MpvPlayer::Engine::endOf(const mpv_event_end_file& end) {
-  Happening happening;
-  if (end.playlist_entry_id != entry_) return happening;
-  if (end.reason == MPV_END_FILE_REASON_EOF) happening.kind = Happening::Kind::ended;
-  if (end.reason == MPV_END_FILE_REASON_ERROR) happening.kind = Happening::Kind::failed;
-  if (happening.kind != Happening::Kind::none) forgetSong();
-  return happening;
+MpvPlayer::Engine::Event MpvPlayer::Engine::endOfFile(const mpv_event_end_file& end) {
+  Event result;
+  if (end.playlist_entry_id != entryId_) return result;
+  if (end.reason == MPV_END_FILE_REASON_EOF) result.kind = Event::Kind::ended;
+  if (end.reason == MPV_END_FILE_REASON_ERROR) result.kind = Event::Kind::failed;
+  if (result.kind != Event::Kind::none) resetSong();
+  return result;
 }
 
-MpvPlayer::Engine::Happening MpvPlayer::Engine::valueOf(const mpv_event& event) const {
-  Happening happening;
+MpvPlayer::Engine::Event MpvPlayer::Engine::propertyValue(const mpv_event& event) const {
+  Event result;
   const auto& property = *static_cast<const mpv_event_property*>(event.data);
   if (property.format == MPV_FORMAT_DOUBLE && loaded_) {
-    happening.kind = event.reply_userdata == watchedLength ? Happening::Kind::length : Happening::Kind::position;
-    happening.seconds = *static_cast<const double*>(property.data);
+    result.kind = event.reply_userdata == durationId ? Event::Kind::duration : Event::Kind::position;
+    result.seconds = *static_cast<const double*>(property.data);
   } else if (property.format == MPV_FORMAT_FLAG) {
-    happening.kind = Happening::Kind::paused;
-    happening.on = *static_cast<const int*>(property.data) != 0;
+    result.kind = Event::Kind::paused;
+    result.paused = *static_cast<const int*>(property.data) != 0;
   }
-  return happening;
+  return result;
 }
 
-bool MpvPlayer::Engine::next(Happening& happening) {
+bool MpvPlayer::Engine::nextEvent(Event& result) {
   const mpv_event* event = mpv_.waitEvent(handle_, 0);
-  happening = {};
+  result = {};
   switch (event->event_id) {
     case MPV_EVENT_NONE:
       return false;
     case MPV_EVENT_COMMAND_REPLY:
-      happening = took(*event);
+      result = loadReply(*event);
       break;
     case MPV_EVENT_START_FILE:
-      started_ = static_cast<const mpv_event_start_file*>(event->data)->playlist_entry_id == entry_;
+      started_ = static_cast<const mpv_event_start_file*>(event->data)->playlist_entry_id == entryId_;
       break;
     case MPV_EVENT_FILE_LOADED:
-      // A length equal to the song's before is no change, and would never be told.
+      // If the duration equals the previous song's, there is no change event.
       loaded_ = started_;
-      if (loaded_) mpv_.getPropertyAsync(handle_, watchedLength, "duration", MPV_FORMAT_DOUBLE);
+      if (loaded_) mpv_.getPropertyAsync(handle_, durationId, "duration", MPV_FORMAT_DOUBLE);
       break;
     case MPV_EVENT_END_FILE:
-      happening = endOf(*static_cast<const mpv_event_end_file*>(event->data));
+      result = endOfFile(*static_cast<const mpv_event_end_file*>(event->data));
       break;
     case MPV_EVENT_GET_PROPERTY_REPLY:
     case MPV_EVENT_PROPERTY_CHANGE:
-      if (event->error >= 0) happening = valueOf(*event);
+      if (event->error >= 0) result = propertyValue(*event);
       break;
     default:
       break;

@@ -1,4 +1,4 @@
-// One libmpv instance, set up to play sound from local files and to do nothing else.
+// One libmpv instance, configured to play audio from local files and nothing else.
 #pragma once
 
 #include <cstdint>
@@ -13,13 +13,13 @@ namespace plimo {
 
 class MpvPlayer::Engine {
  public:
-  // `wakeUp` is called from the library's own threads.
-  explicit Engine(std::function<void()> wakeUp) : wakeUp_(std::move(wakeUp)) {}
+  // `onWakeup` is called on libmpv's threads when there are events.
+  explicit Engine(std::function<void()> onWakeup) : onWakeup_(std::move(onWakeup)) {}
   Engine(const Engine&) = delete;
   Engine& operator=(const Engine&) = delete;
   ~Engine();
 
-  // False where the library is missing or refuses to start.
+  // False if the library is missing or fails to initialise.
   bool start(const ResolveSymbol& resolve);
 
   void load(const std::string& path, bool paused);
@@ -29,31 +29,31 @@ class MpvPlayer::Engine {
   void setVolume(double percent);
   void setMuted(bool muted);
 
-  // What has happened to the song last loaded, one event a call; false when there is nothing more. What is still to
-  // be told of a song before it is left out.
-  struct Happening {
-    enum class Kind { none, ended, failed, length, position, paused } kind = Kind::none;
-    double seconds = 0;
-    bool on = false;
+  // Events of the song last loaded; those of earlier songs are of the kind `none`.
+  struct Event {
+    enum class Kind { none, ended, failed, duration, position, paused } kind = Kind::none;
+    double seconds = 0;  // of a duration or position
+    bool paused = false;
   };
-  bool next(Happening& happening);
+  // The next event; false if there are no more.
+  bool nextEvent(Event& result);
 
  private:
-  void command(std::initializer_list<const char*> words, std::uint64_t ticket = 0);
-  void forgetSong();
-  Happening took(const mpv_event& reply);
-  Happening endOf(const mpv_event_end_file& end);
-  Happening valueOf(const mpv_event& event) const;
+  void command(std::initializer_list<const char*> arguments, std::uint64_t requestId = 0);
+  void resetSong();
+  Event loadReply(const mpv_event& reply);
+  Event endOfFile(const mpv_event_end_file& end);
+  Event propertyValue(const mpv_event& event) const;
   void setFlag(const char* property, bool on);
 
-  std::function<void()> wakeUp_;
+  std::function<void()> onWakeup_;
   MpvLibrary mpv_;
   mpv_handle* handle_ = nullptr;
-  std::uint64_t loads_ = 0;       // songs loaded so far
-  std::int64_t entry_ = noEntry;  // the library's own number for the last of them, once it has told it
-  bool started_ = false;          // the library has turned to it
-  bool loaded_ = false;           // and read its head: lengths and positions told from now on are its own
-  static constexpr std::int64_t noEntry = -1;
+  std::uint64_t loadCount_ = 0;       // identifies the last load command in its reply
+  std::int64_t entryId_ = noEntryId;  // libmpv's playlist_entry_id of the song, from that reply
+  bool started_ = false;              // libmpv has started with this entry
+  bool loaded_ = false;               // and read its header: durations and positions from now on are this song's
+  static constexpr std::int64_t noEntryId = -1;
 };
 
 }  // namespace plimo

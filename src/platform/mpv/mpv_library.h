@@ -1,4 +1,4 @@
-// libmpv's functions, found at run time, so that the program starts without the library too.
+// libmpv's functions, resolved at run time, so that the program also starts without the library.
 #pragma once
 
 #include <mpv/client.h>
@@ -7,7 +7,7 @@
 
 namespace plimo {
 
-// Finds a function of the library by its name; null where there is none.
+// Resolves a function of the library by its name; null if there is none.
 using ResolveSymbol = std::function<void*(const char* name)>;
 
 struct MpvLibrary {
@@ -22,7 +22,7 @@ struct MpvLibrary {
   decltype(&mpv_wait_event) waitEvent = nullptr;
   decltype(&mpv_set_wakeup_callback) setWakeupCallback = nullptr;
 
-  // False where the library or one of the functions is missing.
+  // False if the library or one of the functions is missing.
   bool load(const ResolveSymbol& resolve);
 };
 

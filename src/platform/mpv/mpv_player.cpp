@@ -13,15 +13,15 @@ namespace plimo {
 
 namespace {
 
-// Entries that are looked at in one go before the program gets its turn again.
-constexpr int searchedAtOnce = 200;
+// Entries checked before control returns to the event loop.
+constexpr int entriesPerTurn = 200;
 
-std::string nameOf(std::string_view entry) {
+std::string displayName(std::string_view entry) {
   const std::string name = nativeText(nativePath(entry).filename());
   return name.empty() ? std::string(entry) : name;
 }
 
-const char* reasonOf(Playable playable) {
+const char* skipReason(Playable playable) {
   switch (playable) {
     case Playable::missing:
       return "the file is gone";
@@ -42,15 +42,15 @@ MpvPlayer::MpvPlayer(MpvHooks hooks) : hooks_(std::move(hooks)) {}
 
 MpvPlayer::~MpvPlayer() { *alive_ = false; }
 
-void MpvPlayer::tell() {
+void MpvPlayer::notifyChanged() {
   if (changed) changed();
 }
 
-bool MpvPlayer::engineReady() {
+bool MpvPlayer::startEngine() {
   if (engine_ != nullptr) return true;
   auto engine = std::make_unique<Engine>([this, alive = alive_] {
     hooks_.post([this, alive] {
-      if (*alive) wake();
+      if (*alive) drainEvents();
     });
   });
   if (!engine->start(hooks_.resolve)) return false;
@@ -65,20 +65,20 @@ void MpvPlayer::open(const std::string& path) {
   entries_.clear();
   state_.note.clear();
   state_.index = 0;
-  somethingPlayed_ = false;
-  readList(path);
+  anyPlayed_ = false;
+  readEntries(path);
   state_.count = entries_.size();
-  if (!engineReady()) {
+  if (!startEngine()) {
     state_.note = "Nothing can be played here: the sound library libmpv is missing.";
-    tell();
+    notifyChanged();
   } else if (!entries_.empty()) {
-    begin(0, Direction::forwards, !autoStart_);
+    playFrom(0, Direction::forwards, !autoStart_);
   } else {
-    tell();
+    notifyChanged();
   }
 }
 
-void MpvPlayer::readList(const std::string& path) {
+void MpvPlayer::readEntries(const std::string& path) {
   folder_.clear();
   if (!isPlaylistName(path)) {
     entries_.push_back(path);
@@ -87,7 +87,7 @@ void MpvPlayer::readList(const std::string& path) {
   const std::filesystem::path file = nativePath(path);
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(file, ignored)) {
-    state_.note = "Skipped " + nameOf(path) + ": there is no such playlist.";
+    state_.note = "Skipped " + displayName(path) + ": there is no such playlist.";
     return;
   }
   folder_ = file.parent_path();
@@ -97,167 +97,167 @@ void MpvPlayer::readList(const std::string& path) {
 }
 
 void MpvPlayer::stop() {
-  ++ticket_;
+  ++generation_;
   if (engine_ != nullptr) engine_->stop();
-  streamUntold_ = false;
+  newStreamPending_ = false;
   state_.opened = false;
   state_.searching = false;
   state_.paused = true;
   state_.duration = 0;
   state_.position = 0;
   state_.song.clear();
-  tell();
+  notifyChanged();
 }
 
-// Nothing reads the name again.
+// The name is never read back.
 void MpvPlayer::setFileName(const std::string&) {}
 
 void MpvPlayer::setShowControls(bool on) {
   state_.showControls = on;
-  tell();
+  notifyChanged();
 }
 
 void MpvPlayer::setEnabled(bool on) {
   state_.enabled = on;
-  tell();
+  notifyChanged();
 }
 
-// Plays the entry, or the next one in the direction that can be played. What plays now is over.
-void MpvPlayer::begin(std::size_t index, Direction direction, bool paused) {
+// Plays the entry, or the next playable one in the direction. Stops the current song.
+void MpvPlayer::playFrom(std::size_t index, Direction direction, bool paused) {
   if (state_.opened) engine_->stop();
-  turn_ = state_.index;
+  resumeIndex_ = state_.index;
   direction_ = direction;
-  beginPaused_ = paused;
-  wanted_ = index;
-  leftOut_ = 0;
+  startPaused_ = paused;
+  candidate_ = index;
+  skippedCount_ = 0;
   state_.note.clear();
-  search();
+  searchPlayable();
 }
 
-void MpvPlayer::search() {
-  ++ticket_;
+void MpvPlayer::searchPlayable() {
+  ++generation_;
   state_.opened = false;
-  for (int looks = 0; looks < searchedAtOnce; ++looks) {
-    if (wanted_ >= entries_.size()) {
-      listEnded();
+  for (int i = 0; i < entriesPerTurn; ++i) {
+    if (candidate_ >= entries_.size()) {
+      onListEnded();
       return;
     }
-    const CheckedEntry entry = checkEntry(entries_[wanted_], folder_);
+    const CheckedEntry entry = checkEntry(entries_[candidate_], folder_);
     if (entry.playable == Playable::yes) {
       load(entry.path);
       return;
     }
-    leaveOut(reasonOf(entry.playable));
+    skipEntry(skipReason(entry.playable));
   }
   state_.searching = true;
-  tell();
-  hooks_.post([this, alive = alive_, ticket = ticket_] {
-    if (*alive && ticket == ticket_) search();
+  notifyChanged();
+  hooks_.post([this, alive = alive_, generation = generation_] {
+    if (*alive && generation == generation_) searchPlayable();
   });
 }
 
 void MpvPlayer::load(const std::string& path) {
-  streamKnown_ = false;
-  streamUntold_ = false;
+  durationKnown_ = false;
+  newStreamPending_ = false;
   state_.searching = false;
   state_.opened = true;
-  state_.paused = beginPaused_;
-  state_.index = wanted_;
-  state_.song = nameOf(path);
+  state_.paused = startPaused_;
+  state_.index = candidate_;
+  state_.song = displayName(path);
   state_.duration = 0;
   state_.position = 0;
-  engine_->load(path, beginPaused_);
-  tell();
+  engine_->load(path, startPaused_);
+  notifyChanged();
 }
 
-// Turns from the entry wanted to the one behind it in the direction.
-void MpvPlayer::leaveOut(const char* reason) {
-  ++leftOut_;
-  const std::string name = nameOf(entries_[wanted_]) + ": " + reason + ".";
-  state_.note =
-      leftOut_ == 1 ? "Skipped " + name : "Skipped " + std::to_string(leftOut_) + " songs; the last was " + name;
-  if (!somethingPlayed_ && leftOut_ == entries_.size() && leftOut_ > 1) {
-    state_.note = "None of the " + std::to_string(leftOut_) + " songs can be played; the last was " + name;
+// Moves from the candidate to the next entry in the direction.
+void MpvPlayer::skipEntry(const char* reason) {
+  ++skippedCount_;
+  const std::string name = displayName(entries_[candidate_]) + ": " + reason + ".";
+  state_.note = skippedCount_ == 1 ? "Skipped " + name
+                                   : "Skipped " + std::to_string(skippedCount_) + " songs; the last was " + name;
+  if (!anyPlayed_ && skippedCount_ == entries_.size() && skippedCount_ > 1) {
+    state_.note = "None of the " + std::to_string(skippedCount_) + " songs can be played; the last was " + name;
   }
   if (direction_ == Direction::forwards) {
-    ++wanted_;
-  } else if (wanted_ > 0) {
-    --wanted_;
+    ++candidate_;
+  } else if (candidate_ > 0) {
+    --candidate_;
   } else {
     direction_ = Direction::forwards;
-    wanted_ = turn_;
+    candidate_ = resumeIndex_;
   }
 }
 
-void MpvPlayer::listEnded() {
+void MpvPlayer::onListEnded() {
   state_.searching = false;
   state_.opened = false;
   state_.paused = true;
-  if (!somethingPlayed_) {
+  if (!anyPlayed_) {
     state_.song.clear();
     state_.index = 0;
   }
-  tell();
+  notifyChanged();
 }
 
-void MpvPlayer::songEnded(bool failed) {
+void MpvPlayer::onSongEnded(bool failed) {
   if (!state_.opened) return;
   if (failed) {
-    beginPaused_ = state_.paused;
-    leaveOut("it cannot be played");
+    startPaused_ = state_.paused;
+    skipEntry("it cannot be played");
   } else {
-    beginPaused_ = false;
+    startPaused_ = false;
     direction_ = Direction::forwards;
-    leftOut_ = 0;
-    somethingPlayed_ = true;
+    skippedCount_ = 0;
+    anyPlayed_ = true;
     state_.note.clear();
-    wanted_ = state_.index + 1;
+    candidate_ = state_.index + 1;
   }
-  search();
+  searchPlayable();
 }
 
-void MpvPlayer::lengthKnown(double seconds) {
+void MpvPlayer::onDuration(double seconds) {
   state_.duration = seconds;
-  if (streamKnown_ || !state_.opened || seconds <= 0) return;
-  somethingPlayed_ = true;
-  streamKnown_ = true;
-  streamUntold_ = true;
-  tellNewStream();
+  if (durationKnown_ || !state_.opened || seconds <= 0) return;
+  anyPlayed_ = true;
+  durationKnown_ = true;
+  newStreamPending_ = true;
+  raiseNewStream();
 }
 
-void MpvPlayer::tellNewStream() {
-  if (!streamUntold_ || !hooks_.listening()) return;
-  streamUntold_ = false;
+void MpvPlayer::raiseNewStream() {
+  if (!newStreamPending_ || !hooks_.listening()) return;
+  newStreamPending_ = false;
   if (newStream) newStream();
 }
 
-void MpvPlayer::wake() {
-  tellNewStream();
+void MpvPlayer::drainEvents() {
+  raiseNewStream();
   if (engine_ == nullptr) return;
-  Engine::Happening happening;
-  while (engine_->next(happening)) {
-    using Kind = Engine::Happening::Kind;
-    switch (happening.kind) {
-      case Kind::length:
-        lengthKnown(happening.seconds);
+  Engine::Event event;
+  while (engine_->nextEvent(event)) {
+    using Kind = Engine::Event::Kind;
+    switch (event.kind) {
+      case Kind::duration:
+        onDuration(event.seconds);
         break;
       case Kind::position:
-        state_.position = std::max(0.0, happening.seconds);
+        state_.position = std::max(0.0, event.seconds);
         break;
       case Kind::paused:
-        state_.paused = happening.on || !state_.opened;
+        state_.paused = event.paused || !state_.opened;
         break;
       case Kind::ended:
-        songEnded(false);
+        onSongEnded(false);
         break;
       case Kind::failed:
-        songEnded(true);
+        onSongEnded(true);
         break;
       case Kind::none:
         break;
     }
   }
-  tell();
+  notifyChanged();
 }
 
 void MpvPlayer::playOrPause() {
@@ -265,24 +265,24 @@ void MpvPlayer::playOrPause() {
   if (state_.opened) {
     engine_->setPaused(!state_.paused);
   } else {
-    begin(wanted_ < entries_.size() ? state_.index : 0, Direction::forwards, false);
+    playFrom(candidate_ < entries_.size() ? state_.index : 0, Direction::forwards, false);
   }
 }
 
 void MpvPlayer::next() {
   if (engine_ == nullptr || state_.index + 1 >= entries_.size()) return;
-  begin(state_.index + 1, Direction::forwards, false);
+  playFrom(state_.index + 1, Direction::forwards, false);
 }
 
 void MpvPlayer::previous() {
-  constexpr double nearStart = 3;  // seconds: later than that, the song itself begins again
+  constexpr double nearStart = 3;  // seconds; after that, the current song restarts
   if (engine_ == nullptr || entries_.empty()) return;
   if (state_.opened && (state_.position > nearStart || state_.index == 0)) {
     seek(0);
   } else if (state_.index == 0) {
-    begin(0, Direction::forwards, false);
+    playFrom(0, Direction::forwards, false);
   } else {
-    begin(state_.index - 1, Direction::backwards, false);
+    playFrom(state_.index - 1, Direction::backwards, false);
   }
 }
 
@@ -290,19 +290,19 @@ void MpvPlayer::seek(double seconds) {
   if (engine_ == nullptr || !state_.opened) return;
   state_.position = std::clamp(seconds, 0.0, std::max(0.0, state_.duration));
   engine_->seek(state_.position);
-  tell();
+  notifyChanged();
 }
 
 void MpvPlayer::setVolume(int percent) {
   state_.volume = std::clamp(percent, 0, 100);
   if (engine_ != nullptr) engine_->setVolume(state_.volume);
-  tell();
+  notifyChanged();
 }
 
 void MpvPlayer::setMuted(bool muted) {
   state_.muted = muted;
   if (engine_ != nullptr) engine_->setMuted(muted);
-  tell();
+  notifyChanged();
 }
 
 }  // namespace plimo

@@ -1,5 +1,5 @@
-// Plays songs through libmpv: one song at a time, from a list of its own that is read from the playlist file. Nothing
-// but regular files of this machine is ever opened.
+// Plays songs through libmpv, which is given one song at a time: the playlist is read and advanced here. Only local
+// regular files are ever opened.
 #pragma once
 
 #include <cstddef>
@@ -14,14 +14,14 @@
 
 namespace plimo {
 
-// What the program around the player lends it.
+// What the player needs from the program.
 struct MpvHooks {
-  // Runs the action soon, on the program's own thread; called from any thread.
+  // Queues the action to run on the program's own thread. Called from any thread.
   std::function<void(std::function<void()> action)> post;
-  // Finds a function of libmpv by its name, null where there is none; called at the first song.
+  // Resolves a function of libmpv by its name; null if there is none. First called when a song is opened.
   std::function<void*(const char* name)> resolve;
-  // False while the program wants to hear of no new stream: it is told of once `wake` is called. The player itself
-  // goes on meanwhile.
+  // False while newStream must not be raised; it is then deferred to the next drainEvents(). Playback continues
+  // meanwhile.
   std::function<bool()> listening;
 };
 
@@ -39,19 +39,19 @@ class MpvPlayer : public MediaPlayer {
   void setShowControls(bool on) override;
   void setEnabled(bool on) override;
 
-  // --- What the player's strip shows and does beside ---
+  // --- For the player strip ---
   struct State {
-    bool opened = false;  // there is a song, playing or not
+    bool opened = false;  // there is a song, playing or paused
     bool paused = true;
-    double duration = 0;  // seconds; 0: not known
+    double duration = 0;  // seconds; 0: unknown
     double position = 0;
     std::string song;       // the file's name
     std::size_t index = 0;  // of the song in the list, from 0
-    std::size_t count = 0;
-    int volume = 100;  // 0 to 100
+    std::size_t count = 0;  // of the list's entries
+    int volume = 100;       // 0 to 100
     bool muted = false;
-    bool searching = false;  // for a song that can be played
-    std::string note;        // what could not be played, and why; empty where all is well
+    bool searching = false;  // for the next playable song
+    std::string note;        // what could not be played, and why; empty if there is no problem
     bool showControls = true;
     bool enabled = true;
   };
@@ -65,42 +65,42 @@ class MpvPlayer : public MediaPlayer {
   void seek(double seconds);
   void setVolume(int percent);
   void setMuted(bool muted);
-  // Tells what happened while nobody listened.
-  void wake();
+  // Handles libmpv's pending events, and raises a deferred newStream.
+  void drainEvents();
 
  private:
   class Engine;
 
   enum class Direction { forwards, backwards };
 
-  bool engineReady();
-  void readList(const std::string& path);
-  void begin(std::size_t index, Direction direction, bool paused);
-  void search();
+  // Starts libmpv unless it is running; false on failure.
+  bool startEngine();
+  void readEntries(const std::string& path);
+  void playFrom(std::size_t index, Direction direction, bool paused);
+  void searchPlayable();
   void load(const std::string& path);
-  void leaveOut(const char* reason);
-  void songEnded(bool failed);
-  void listEnded();
-  void lengthKnown(double seconds);
-  void tellNewStream();
-  void tell();
-  void drain();
+  void skipEntry(const char* reason);
+  void onSongEnded(bool failed);
+  void onListEnded();
+  void onDuration(double seconds);
+  void raiseNewStream();
+  void notifyChanged();
 
   MpvHooks hooks_;
   State state_;
   bool autoStart_ = true;
-  bool streamKnown_ = false;   // this song's length is, and newStream has been raised for it or is to be
-  bool streamUntold_ = false;  // newStream is to be raised
+  bool durationKnown_ = false;  // of this song; newStream has been raised for it or is pending
+  bool newStreamPending_ = false;
 
-  std::vector<std::string> entries_;  // as the playlist names them
-  std::filesystem::path folder_;      // what relative entries are taken from
-  std::size_t wanted_ = 0;            // the entry to be tried; behind the last one once the list has ended
+  std::vector<std::string> entries_;  // as in the playlist
+  std::filesystem::path folder_;      // of the playlist, for relative entries
+  std::size_t candidate_ = 0;         // index of the entry to try next; entries_.size() after the end of the list
   Direction direction_ = Direction::forwards;
-  std::size_t turn_ = 0;          // where a way backwards goes on when there is nothing before
-  bool beginPaused_ = false;      // the song that is searched for
-  std::size_t leftOut_ = 0;       // entries since the last song that played
-  bool somethingPlayed_ = false;  // of this list
-  std::uint64_t ticket_ = 0;      // of the search; each begins with another
+  std::size_t resumeIndex_ = 0;   // continued from, forwards, if there is no playable song before
+  bool startPaused_ = false;      // for the song searched for
+  std::size_t skippedCount_ = 0;  // entries skipped since the last song that played
+  bool anyPlayed_ = false;        // of this list
+  std::uint64_t generation_ = 0;  // incremented by each search and stop, to ignore searches posted before
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
   std::unique_ptr<Engine> engine_;
 };

@@ -1,4 +1,4 @@
-// Handing songs to Winamp on the real machine: real files, and a script that plays Winamp.
+// Passing songs to Winamp with real files and a script in place of Winamp.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -23,7 +23,7 @@ class Winamp : public testing::Test {
     makeFolders(own_);
     std::filesystem::current_path(own_);
     writeFile(winamp_, "#!/bin/sh\nprintf '%s|%s' $# \"$1\" > '" + folder_.path() + "/part'\nmv '" + folder_.path() +
-                           "/part' '" + told_ + "'\n");
+                           "/part' '" + outputPath_ + "'\n");
     changeMode(winamp_, 0755);
     std::string kept;
     writeText(kept, winamp_);
@@ -46,10 +46,10 @@ class Winamp : public testing::Test {
 
   Form1& form() { return program_.form1(); }
 
-  // The number of arguments and the first, once the script has told them.
-  std::string told() {
+  // The number of arguments and the first of them, once the script has written them.
+  std::string arguments() {
     for (int i = 0; i < 3000; ++i) {
-      std::ifstream file(told_);
+      std::ifstream file(outputPath_);
       if (file) return std::string(std::istreambuf_iterator<char>(file), {});
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
@@ -60,7 +60,7 @@ class Winamp : public testing::Test {
   std::string own_ = folder_ / "my own folder";
   std::string winamp_ = folder_ / "Program Files (x86)/\"Win  amp\"/winamp.exe";
   std::string song_ = folder_ / "My $HOME Songs/it's & so.mp3";
-  std::string told_ = folder_ / "told";
+  std::string outputPath_ = folder_ / "told";
   LinuxFiles files_{std::vector<DriveRoot>{{'C', DriveType::fixed, folder_.path()}}};
   LinuxLauncher launcher_;
   FakePlayer player_;
@@ -69,28 +69,28 @@ class Winamp : public testing::Test {
   Program program_{Platform{files_, player_, dialogs_, launcher_, progress_}};
 };
 
-TEST_F(Winamp, ARunIsHandedOverAsTheProgramsPlaylist) {
+TEST_F(Winamp, ThePlayQueueIsPassedAsAPlaylist) {
   start();
   form().Picture7.userClick();
-  EXPECT_EQ(told(), "1|" + own_ + "/list.m3u");
+  EXPECT_EQ(arguments(), "1|" + own_ + "/list.m3u");
   std::ifstream list(own_ + "/list.m3u", std::ios::binary);
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(list), {}), song_ + "\r\n");
   EXPECT_FALSE(dialogs_.toldAnything());
 }
 
-TEST_F(Winamp, ASongAloneIsHandedOverAsItsPath) {
+TEST_F(Winamp, ASingleSongIsPassedByItsPath) {
   start();
   form().List1.userMoveCurrent(0);
   form().play.userClick();
-  EXPECT_EQ(told(), "1|" + song_);
+  EXPECT_EQ(arguments(), "1|" + song_);
   EXPECT_FALSE(dialogs_.toldAnything());
 }
 
-TEST_F(Winamp, TheDefaultPlaylistIsHandedOverAsItsPath) {
+TEST_F(Winamp, TheDefaultPlaylistIsPassedByItsPath) {
   writeFile(own_ + "/default.m3u", song_ + "\r\n");
   start();
   form().playdefaultlist();
-  EXPECT_EQ(told(), "1|" + own_ + "/default.m3u");
+  EXPECT_EQ(arguments(), "1|" + own_ + "/default.m3u");
   EXPECT_FALSE(dialogs_.toldAnything());
 }
 

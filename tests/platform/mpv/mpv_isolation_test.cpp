@@ -1,5 +1,4 @@
-// The sound library hears of nothing but the songs: no settings of the user's, no scripts, no network; and the program
-// lives without it.
+// libmpv is isolated from the user's settings, from scripts and from the network; and the program works without it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
@@ -12,7 +11,7 @@
 #include <fstream>
 #include <string_view>
 
-#include "platform_mpv/test_player.h"
+#include "platform/mpv/test_player.h"
 
 namespace plimo {
 namespace {
@@ -20,10 +19,10 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-// A home whose owner has set up players so that each use of the settings leaves a trace.
-class PoisonedHome {
+// A home folder with mpv settings that leave a trace when they are read.
+class HomeWithMpvSettings {
  public:
-  PoisonedHome() {
+  HomeWithMpvSettings() {
     for (const std::string folder : {"/.config/mpv", "/.mpv"}) {
       writeFile(home_.path() + folder + "/mpv.conf", "log-file=" + (home_ / "log") + "\nmute=yes\npause=yes\n");
       writeFile(home_.path() + folder + "/scripts/trace.lua", "io.open('" + (home_ / "script") + "', 'w'):close()\n");
@@ -32,9 +31,9 @@ class PoisonedHome {
     ::setenv("XDG_CONFIG_HOME", (home_ / ".config").c_str(), 1);
     ::setenv("MPV_HOME", (home_ / ".config/mpv").c_str(), 1);
   }
-  PoisonedHome(const PoisonedHome&) = delete;
-  PoisonedHome& operator=(const PoisonedHome&) = delete;
-  ~PoisonedHome() {
+  HomeWithMpvSettings(const HomeWithMpvSettings&) = delete;
+  HomeWithMpvSettings& operator=(const HomeWithMpvSettings&) = delete;
+  ~HomeWithMpvSettings() {
     ::unsetenv("MPV_HOME");
     ::unsetenv("XDG_CONFIG_HOME");
     if (before_.empty()) {
@@ -52,10 +51,10 @@ class PoisonedHome {
   std::string before_ = std::getenv("HOME") == nullptr ? "" : std::getenv("HOME");
 };
 
-// Listens on this machine, and knows whether anybody came.
-class Trap {
+// Listens on a local port, to detect connections.
+class ConnectionTrap {
  public:
-  Trap() {
+  ConnectionTrap() {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = ::htonl(INADDR_LOOPBACK);
@@ -65,16 +64,16 @@ class Trap {
                  ::getsockname(socket_, general, &length) == 0;
     port_ = ::ntohs(address.sin_port);
   }
-  Trap(const Trap&) = delete;
-  Trap& operator=(const Trap&) = delete;
-  ~Trap() { ::close(socket_); }
+  ConnectionTrap(const ConnectionTrap&) = delete;
+  ConnectionTrap& operator=(const ConnectionTrap&) = delete;
+  ~ConnectionTrap() { ::close(socket_); }
 
   bool listening() const { return listening_; }
   std::string address() const { return "http://127.0.0.1:" + std::to_string(port_); }
-  bool visited() const {
-    const int guest = ::accept(socket_, nullptr, nullptr);
-    if (guest >= 0) ::close(guest);
-    return guest >= 0;
+  bool hasBeenConnected() const {
+    const int connection = ::accept(socket_, nullptr, nullptr);
+    if (connection >= 0) ::close(connection);
+    return connection >= 0;
   }
 
  private:
@@ -95,8 +94,8 @@ std::string threads() {
   return names;
 }
 
-TEST(MpvIsolation, TheUsersOwnSettingsAndScriptsHaveNoEffect) {
-  const PoisonedHome home;
+TEST(MpvIsolation, TheUsersMpvSettingsAndScriptsHaveNoEffect) {
+  const HomeWithMpvSettings home;
   Songs songs;
   TestPlayer test;
   test.player.open(songs.add("a.mp3", 0.5));
@@ -107,19 +106,19 @@ TEST(MpvIsolation, TheUsersOwnSettingsAndScriptsHaveNoEffect) {
 
 int (*realSetOption)(void*, const char*, const char*) = nullptr;
 
-int setOptionButReadSettings(void* handle, const char* name, const char* value) {
+int setOptionEnablingSettings(void* handle, const char* name, const char* value) {
   const bool settings = std::strcmp(name, "config") == 0 || std::strcmp(name, "load-scripts") == 0;
   return realSetOption(handle, name, settings ? "yes" : value);
 }
 
-// Without this the test above would prove nothing.
-TEST(MpvIsolation, TheSettingsWouldLeaveTheirTraceIfTheyWereRead) {
-  const PoisonedHome home;
+// Proves that the test above can fail.
+TEST(MpvIsolation, TheSettingsWouldHaveAnEffectIfTheyWereRead) {
+  const HomeWithMpvSettings home;
   Songs songs;
   realSetOption = reinterpret_cast<decltype(realSetOption)>(soundLibraryFunction("mpv_set_option_string"));
   TestPlayer test([](const char* name) {
     const bool swapped = std::string_view(name) == "mpv_set_option_string";
-    return swapped ? reinterpret_cast<void*>(&setOptionButReadSettings) : soundLibraryFunction(name);
+    return swapped ? reinterpret_cast<void*>(&setOptionEnablingSettings) : soundLibraryFunction(name);
   });
   test.player.open(songs.add("a.mp3", 0.3));
   EXPECT_TRUE(test.until([&] { return home.configRead() && home.scriptRun(); }));
@@ -135,8 +134,8 @@ TEST(MpvIsolation, NoScriptRuns) {
   EXPECT_THAT(threads(), testing::Not(HasSubstr("lua")));
 }
 
-TEST(MpvIsolation, NobodyIsAskedOverTheNetworkAndNoOtherFileIsOpened) {
-  const Trap trap;
+TEST(MpvIsolation, NoNetworkConnectionIsMadeAndNoOtherFileIsOpened) {
+  const ConnectionTrap trap;
   ASSERT_TRUE(trap.listening());
   Songs songs;
   const auto good = songs.add("good.mp3");
@@ -159,10 +158,10 @@ TEST(MpvIsolation, NobodyIsAskedOverTheNetworkAndNoOtherFileIsOpened) {
   EXPECT_THAT(test.note(), HasSubstr("None of the 9 songs can be played;"));
   test.player.open(address);
   test.settle();
-  EXPECT_FALSE(trap.visited());
+  EXPECT_FALSE(trap.hasBeenConnected());
 }
 
-TEST(MpvIsolation, TheLibraryIsAskedForOnlyAtTheFirstOpening) {
+TEST(MpvIsolation, TheLibraryIsLoadedOnlyAtTheFirstOpening) {
   Songs songs;
   TestPlayer test;
   test.player.setVolume(50);
@@ -176,13 +175,13 @@ TEST(MpvIsolation, TheLibraryIsAskedForOnlyAtTheFirstOpening) {
   test.player.next();
   test.player.previous();
   test.player.seek(1);
-  test.player.wake();
+  test.player.drainEvents();
   EXPECT_EQ(test.resolved, 0);
   test.player.open(songs.add("a.mp3"));
   EXPECT_GT(test.resolved, 0);
 }
 
-TEST(MpvIsolation, WithoutTheLibraryEachOpeningSaysSoAndNothingElseHappens) {
+TEST(MpvIsolation, WithoutTheLibraryEachOpeningReportsItAndNothingElseHappens) {
   Songs songs;
   bool installed = false;
   TestPlayer test([&](const char* name) { return installed ? soundLibraryFunction(name) : nullptr; });
@@ -203,11 +202,11 @@ TEST(MpvIsolation, WithoutTheLibraryEachOpeningSaysSoAndNothingElseHappens) {
   EXPECT_EQ(test.player.duration(), 0);
   installed = true;
   test.player.open(songs / "a.mp3");
-  EXPECT_TRUE(test.untilNewStreams(1)) << "installed meanwhile";
+  EXPECT_TRUE(test.untilNewStreams(1)) << "installed after the first opening";
   EXPECT_EQ(test.note(), "");
 }
 
-TEST(MpvIsolation, ALibraryThatRefusesToStartIsLikeNone) {
+TEST(MpvIsolation, ALibraryThatFailsToStartIsTreatedAsMissing) {
   Songs songs;
   TestPlayer test([](const char* name) {
     void* (*none)() = []() -> void* { return nullptr; };

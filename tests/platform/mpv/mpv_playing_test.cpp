@@ -1,11 +1,11 @@
-// Songs that are as they should be.
+// Playing valid songs.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <cmath>
 
-#include "platform_mpv/test_player.h"
+#include "platform/mpv/test_player.h"
 
 namespace plimo {
 namespace {
@@ -20,7 +20,7 @@ class MpvPlaying : public testing::Test {
   Songs songs;
 };
 
-TEST_F(MpvPlaying, AListPlaysToItsEndAndEachSongIsToldOfOnce) {
+TEST_F(MpvPlaying, AListPlaysToItsEndAndEachSongIsReportedOnce) {
   const auto list = songs.list({songs.add("a.mp3", 0.3), songs.add("b.mp3", 0.6), songs.add("c.mp3", 0.3)});
   TestPlayer test;
   test.player.open(list);
@@ -38,7 +38,7 @@ TEST_F(MpvPlaying, AListPlaysToItsEndAndEachSongIsToldOfOnce) {
   EXPECT_EQ(test.note(), "");
 }
 
-TEST_F(MpvPlaying, ASongTakesAsLongAsItIsWithOrWithoutASoundDevice) {
+TEST_F(MpvPlaying, ASongPlaysInRealTimeWithOrWithoutASoundDevice) {
   TestPlayer test;
   test.player.open(songs.add("a.mp3", 1));
   ASSERT_TRUE(test.untilNewStreams(1));
@@ -47,13 +47,13 @@ TEST_F(MpvPlaying, ASongTakesAsLongAsItIsWithOrWithoutASoundDevice) {
   EXPECT_GT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(500));
 }
 
-TEST_F(MpvPlaying, WithNothingOpenThereIsNoLengthAndNoPosition) {
+TEST_F(MpvPlaying, WithNothingOpenDurationAndPositionAreZero) {
   TestPlayer test;
   const auto nothing = [&] {
     return test.player.duration() == 0 && test.player.currentPosition() == 0 && !std::signbit(test.player.duration()) &&
            !std::signbit(test.player.currentPosition()) && !test.state().opened;
   };
-  EXPECT_TRUE(nothing()) << "fresh";
+  EXPECT_TRUE(nothing()) << "initially";
   test.player.stop();
   EXPECT_TRUE(nothing()) << "stopped";
   test.player.open(songs.list({}));
@@ -64,7 +64,7 @@ TEST_F(MpvPlaying, WithNothingOpenThereIsNoLengthAndNoPosition) {
   test.player.stop();
   EXPECT_TRUE(nothing()) << "stopped while playing";
   test.settle();
-  EXPECT_TRUE(nothing()) << "some time after";
+  EXPECT_TRUE(nothing()) << "some time later";
   EXPECT_EQ(test.lengths.size(), 1u);
 }
 
@@ -79,7 +79,7 @@ TEST_F(MpvPlaying, APositionIsNeverNegative) {
   EXPECT_FALSE(negative);
 }
 
-TEST_F(MpvPlaying, AfterTheLastSongItsLengthAndPositionStay) {
+TEST_F(MpvPlaying, AfterTheLastSongItsDurationAndPositionRemain) {
   TestPlayer test;
   test.player.open(songs.add("a.mp3", 0.5));
   ASSERT_TRUE(test.untilEnd());
@@ -87,7 +87,7 @@ TEST_F(MpvPlaying, AfterTheLastSongItsLengthAndPositionStay) {
   EXPECT_GT(test.player.currentPosition(), 0);
 }
 
-TEST_F(MpvPlaying, ASongOpenedWhileAnotherPlaysTakesItsPlace) {
+TEST_F(MpvPlaying, ASongOpenedDuringPlaybackReplacesTheCurrentOne) {
   const auto list = songs.list({songs.add("a.mp3", 3), songs.add("b.mp3", 3)});
   TestPlayer test;
   test.player.open(list);
@@ -99,7 +99,7 @@ TEST_F(MpvPlaying, ASongOpenedWhileAnotherPlaysTakesItsPlace) {
   EXPECT_NEAR(test.lengths.back(), 0.4, tolerance);
 }
 
-TEST_F(MpvPlaying, OfManySongsOpenedAtOnceOnlyTheLastIsToldOf) {
+TEST_F(MpvPlaying, OfManySongsOpenedAtOnceOnlyTheLastIsReported) {
   const std::string longer = songs.add("long.mp3", 3);
   const std::string shorter = songs.add("short.mp3", 0.4);
   TestPlayer test;
@@ -109,7 +109,7 @@ TEST_F(MpvPlaying, OfManySongsOpenedAtOnceOnlyTheLastIsToldOf) {
   EXPECT_THAT(test.lengths, ElementsAre(DoubleNear(0.4, tolerance)));
 }
 
-TEST_F(MpvPlaying, ALengthIsThatOfItsOwnSongHoweverFastSongsChange) {
+TEST_F(MpvPlaying, ADurationBelongsToItsSongHoweverFastSongsChange) {
   const std::string longer = songs.add("long.mp3", 3);
   const std::string shorter = songs.add("short.mp3", 1);
   TestPlayer test;
@@ -122,7 +122,7 @@ TEST_F(MpvPlaying, ALengthIsThatOfItsOwnSongHoweverFastSongsChange) {
   }
 }
 
-TEST_F(MpvPlaying, ASongAsLongAsTheOneBeforeIsToldOfToo) {
+TEST_F(MpvPlaying, ASongAsLongAsThePreviousOneIsReportedToo) {
   const auto song = songs.add("a.mp3", 0.3);
   TestPlayer test;
   test.player.open(songs.list({song, song, song}));
@@ -130,7 +130,7 @@ TEST_F(MpvPlaying, ASongAsLongAsTheOneBeforeIsToldOfToo) {
   EXPECT_EQ(test.lengths.size(), 3u);
 }
 
-TEST_F(MpvPlaying, ThePlayerMayGoAtAnyMoment) {
+TEST_F(MpvPlaying, ThePlayerCanBeDestroyedAtAnyTime) {
   const auto list = songs.list({songs.add("a.mp3", 0.3), songs.add("b.mp3", 3)});
   for (const std::size_t streams : {0u, 1u, 2u}) {
     TestPlayer test;
@@ -142,7 +142,7 @@ TEST_F(MpvPlaying, ThePlayerMayGoAtAnyMoment) {
   EXPECT_TRUE(searching.state().searching);
 }
 
-TEST_F(MpvPlaying, WithoutAutoStartTheSongStandsAtItsBeginning) {
+TEST_F(MpvPlaying, WithoutAutoStartTheSongIsPausedAtItsBeginning) {
   TestPlayer test;
   test.player.setAutoStart(false);
   test.player.open(songs.list({songs.add("a.mp3", 0.3), songs.add("b.mp3", 0.3)}));
@@ -152,11 +152,11 @@ TEST_F(MpvPlaying, WithoutAutoStartTheSongStandsAtItsBeginning) {
   EXPECT_TRUE(test.state().paused);
   EXPECT_LT(test.player.currentPosition(), 0.05);
   test.player.playOrPause();
-  EXPECT_TRUE(test.untilEnd()) << "once it plays, it plays on";
+  EXPECT_TRUE(test.untilEnd()) << "playback continues with the next song";
   EXPECT_THAT(test.played, ElementsAre("a.mp3", "b.mp3"));
 }
 
-TEST_F(MpvPlaying, ASongThatEndsWhileNobodyListensIsFollowedByTheNextWhichIsToldOfLater) {
+TEST_F(MpvPlaying, PlaybackContinuesWhileNotListeningAndTheNewStreamIsReportedLater) {
   TestPlayer test;
   test.player.open(songs.list({songs.add("a.mp3", 0.3), songs.add("b.mp3", 3)}));
   ASSERT_TRUE(test.untilNewStreams(1));
@@ -164,11 +164,11 @@ TEST_F(MpvPlaying, ASongThatEndsWhileNobodyListensIsFollowedByTheNextWhichIsTold
   EXPECT_TRUE(test.until([&] { return test.state().song == "b.mp3" && test.player.currentPosition() > 0; }));
   EXPECT_EQ(test.lengths.size(), 1u);
   test.listening = true;
-  test.player.wake();
+  test.player.drainEvents();
   EXPECT_THAT(test.played, ElementsAre("a.mp3", "b.mp3"));
 }
 
-TEST_F(MpvPlaying, AHandlerMayStopOrOpenAtANewStream) {
+TEST_F(MpvPlaying, AHandlerOfNewStreamMayStopOrOpen) {
   const auto other = songs.add("other.mp3", 0.3);
   TestPlayer test;
   int streams = 0;
@@ -184,7 +184,7 @@ TEST_F(MpvPlaying, AHandlerMayStopOrOpenAtANewStream) {
   EXPECT_EQ(test.player.duration(), 0);
 }
 
-TEST_F(MpvPlaying, AVeryShortSongIsToldOfAndIsNoFault) {
+TEST_F(MpvPlaying, AVeryShortSongIsPlayedWithoutError) {
   TestPlayer test;
   test.player.open(songs.list({songs.add("a.mp3", 0.15), songs.add("b.mp3", 0.3)}));
   EXPECT_TRUE(test.untilEnd());
@@ -192,7 +192,7 @@ TEST_F(MpvPlaying, AVeryShortSongIsToldOfAndIsNoFault) {
   EXPECT_THAT(test.notes, ElementsAre());
 }
 
-TEST_F(MpvPlaying, ARelativePathIsTakenFromTheFolderTheProgramIsIn) {
+TEST_F(MpvPlaying, ARelativePathIsResolvedAgainstTheCurrentDirectory) {
   const std::string song = songs.add("sub/a.mp3");
   TestPlayer test;
   const std::string relative = std::filesystem::relative(song).string();

@@ -1,4 +1,4 @@
-#include "platform_mpv/test_player.h"
+#include "platform/mpv/test_player.h"
 
 #include <dlfcn.h>
 
@@ -6,8 +6,8 @@
 #include <chrono>
 #include <cmath>
 
-// Known to the leak checker, where the tests are built with one: SDL, which libmpv asks for a sound device after all
-// others, forgets a little at each asking.
+// Suppresses a known leak in builds with LeakSanitizer: SDL, the last audio output that libmpv tries, leaks at each
+// initialisation.
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() { return "leak:libSDL2"; }
 
@@ -17,8 +17,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Long enough for a machine that does much else; a test that passes never waits for it.
-constexpr std::chrono::seconds patience{30};
+// Long enough for a busy computer; a test that passes never waits this long.
+constexpr std::chrono::seconds timeout{30};
 
 }  // namespace
 
@@ -30,15 +30,15 @@ void* soundLibraryFunction(const char* name) {
   return library == nullptr ? nullptr : ::dlsym(library, name);
 }
 
-void Posted::post(std::function<void()> action) {
+void TaskQueue::post(std::function<void()> action) {
   const std::lock_guard lock(mutex_);
   actions_.push_back(std::move(action));
-  came_.notify_one();
+  added_.notify_one();
 }
 
-void Posted::runSome() {
+void TaskQueue::runPending() {
   std::unique_lock lock(mutex_);
-  came_.wait_for(lock, std::chrono::milliseconds(5), [this] { return !actions_.empty(); });
+  added_.wait_for(lock, std::chrono::milliseconds(5), [this] { return !actions_.empty(); });
   std::deque<std::function<void()>> now;
   now.swap(actions_);
   lock.unlock();
@@ -47,7 +47,7 @@ void Posted::runSome() {
 
 TestPlayer::TestPlayer(std::function<void*(const char* name)> resolve)
     : resolve_(std::move(resolve)),
-      player({[this](std::function<void()> action) { posted_.post(std::move(action)); },
+      player({[this](std::function<void()> action) { tasks_.post(std::move(action)); },
               [this](const char* name) {
                 ++resolved;
                 return resolve_(name);
@@ -63,10 +63,10 @@ TestPlayer::TestPlayer(std::function<void*(const char* name)> resolve)
 }
 
 bool TestPlayer::until(const std::function<bool()>& condition) {
-  const auto deadline = Clock::now() + patience;
+  const auto deadline = Clock::now() + timeout;
   while (!condition()) {
     if (Clock::now() > deadline) return false;
-    posted_.runSome();
+    tasks_.runPending();
   }
   return true;
 }
@@ -80,11 +80,11 @@ bool TestPlayer::untilNewStreams(std::size_t count) {
 }
 
 void TestPlayer::settle() {
-  for (const auto end = Clock::now() + std::chrono::milliseconds(150); Clock::now() < end;) posted_.runSome();
+  for (const auto end = Clock::now() + std::chrono::milliseconds(150); Clock::now() < end;) tasks_.runPending();
 }
 
-// MPEG-1 Layer III, no checksum, 32 kbit/s, 44100 Hz, one channel. Side information of zeros says that no sound
-// follows.
+// MPEG-1 Layer III, no checksum, 32 kbit/s, 44100 Hz, one channel. Side information of zeros means
+// silence.
 std::string silentSong(double seconds) {
   constexpr double frameSeconds = 1152.0 / 44100;
   std::string frame = "\xFF\xFB\x10\xC0";

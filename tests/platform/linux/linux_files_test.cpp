@@ -1,4 +1,4 @@
-// What only a POSIX disk has: bytes for names, links, pipes, permissions.
+// What is specific to Linux: names as bytes, links, pipes, permissions.
 #include "platform/linux/linux_files.h"
 
 #include <fcntl.h>
@@ -17,9 +17,9 @@ namespace {
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
-class PosixFilesTest : public testing::Test {
+class LinuxFilesTest : public testing::Test {
  protected:
-  PosixFilesTest() : files_(std::vector<DriveRoot>{{'C', DriveType::fixed, folder_.path()}}) {}
+  LinuxFilesTest() : files_(std::vector<DriveRoot>{{'C', DriveType::fixed, folder_.path()}}) {}
 
   Names songs() {
     Names paths;
@@ -51,7 +51,7 @@ class PosixFilesTest : public testing::Test {
   LinuxFiles files_;
 };
 
-TEST_F(PosixFilesTest, ANameThatIsNotUtf8SurvivesEverything) {
+TEST_F(LinuxFilesTest, ANameThatIsNotUtf8IsHandledByEveryOperation) {
   const std::string name = "caf\xE9 \xFF\n.mp3";
   writeFile(folder_ / name, "x");
   EXPECT_EQ(files_.contents(folder_.path()).files, Names{name});
@@ -62,13 +62,13 @@ TEST_F(PosixFilesTest, ANameThatIsNotUtf8SurvivesEverything) {
   EXPECT_EQ(songs(), Names{"2" + name});
 }
 
-TEST_F(PosixFilesTest, NamesThatDifferInCaseAreTwoFilesInTheOrderOfTheirBytes) {
+TEST_F(LinuxFilesTest, NamesThatDifferInCaseAreTwoFilesOrderedByBytes) {
   for (const char* name : {"a.mp3", "A.mp3", "B.mp3", "b.mp3"}) writeFile(folder_ / name, "");
   EXPECT_EQ(songs(), (Names{"A.mp3", "a.mp3", "B.mp3", "b.mp3"}));
   EXPECT_FALSE(files_.sameFile(folder_ / "a.mp3", folder_ / "A.mp3"));
 }
 
-TEST_F(PosixFilesTest, APipeIsNoSongAndIsNeverOpened) {
+TEST_F(LinuxFilesTest, APipeIsNotAFileAndIsNeverOpened) {
   ASSERT_EQ(::mkfifo((folder_ / "x.mp3").c_str(), 0600), 0);
   EXPECT_EQ(songs(), Names{});
   EXPECT_EQ(files_.contents(folder_.path()).files, Names{});
@@ -79,7 +79,7 @@ TEST_F(PosixFilesTest, APipeIsNoSongAndIsNeverOpened) {
   EXPECT_EQ(errorOf([&] { files_.deleteFile(folder_ / "x.mp3", Force::yes); }), 53);
 }
 
-TEST_F(PosixFilesTest, AWalkTakesLinkedFilesButNoLinkedFolders) {
+TEST_F(LinuxFilesTest, AWalkFollowsLinksToFilesButNotToFolders) {
   writeFile(folder_ / "f/a.mp3", "");
   fs::create_symlink(folder_ / "f/a.mp3", folder_ / "link.mp3");
   fs::create_symlink(folder_ / "f", folder_ / "folder");
@@ -92,7 +92,7 @@ TEST_F(PosixFilesTest, AWalkTakesLinkedFilesButNoLinkedFolders) {
   EXPECT_EQ(files_.contents(folder_.path()).files, Names{"link.mp3"});
 }
 
-TEST_F(PosixFilesTest, LostAndFoundIsLeftOutInADrivesRootAlone) {
+TEST_F(LinuxFilesTest, LostAndFoundIsHiddenOnlyInADrivesRoot) {
   writeFile(folder_ / "lost+found/a.mp3", "");
   writeFile(folder_ / "f/lost+found/b.mp3", "");
   EXPECT_EQ(songs(), Names{"f/lost+found/b.mp3"});
@@ -100,7 +100,7 @@ TEST_F(PosixFilesTest, LostAndFoundIsLeftOutInADrivesRootAlone) {
   EXPECT_EQ(files_.contents(folder_ / "f").folders, Names{"lost+found"});
 }
 
-TEST_F(PosixFilesTest, AReplacementKeepsTheOldFilesPermissions) {
+TEST_F(LinuxFilesTest, AReplacementKeepsTheOldFilesPermissions) {
   writeFile(folder_ / "x", "old");
   changeMode(folder_ / "x", 0640);
   replaceWhole(files_, folder_ / "x", "new", Force::no);
@@ -110,14 +110,14 @@ TEST_F(PosixFilesTest, AReplacementKeepsTheOldFilesPermissions) {
   EXPECT_EQ(modeOf(folder_ / "x"), 0640U);
 }
 
-TEST_F(PosixFilesTest, ANewFileHasThePermissionsThatTheUserGivesNewFiles) {
+TEST_F(LinuxFilesTest, ANewFileHasThePermissionsOfTheUmask) {
   const mode_t mask = ::umask(027);
   replaceWhole(files_, folder_ / "x", "new", Force::no);
   ::umask(mask);
   EXPECT_EQ(modeOf(folder_ / "x"), 0640U);
 }
 
-TEST_F(PosixFilesTest, ALinkStaysALinkWhenItsFileIsReplaced) {
+TEST_F(LinuxFilesTest, ReplacingThroughALinkKeepsTheLink) {
   writeFile(folder_ / "f/real", "old");
   fs::create_symlink("f/real", folder_ / "link");
   replaceWhole(files_, folder_ / "link", "new", Force::no);
@@ -131,7 +131,7 @@ TEST_F(PosixFilesTest, ALinkStaysALinkWhenItsFileIsReplaced) {
   EXPECT_EQ(errorOf([&] { files_.replaceFile(folder_ / "loop", Force::yes); }), 75);
 }
 
-TEST_F(PosixFilesTest, DeletingALinkLeavesItsFile) {
+TEST_F(LinuxFilesTest, DeletingALinkKeepsItsTarget) {
   writeFile(folder_ / "real.mp3", "x");
   changeMode(folder_ / "real.mp3", 0444);
   fs::create_symlink("real.mp3", folder_ / "link.mp3");
@@ -139,7 +139,7 @@ TEST_F(PosixFilesTest, DeletingALinkLeavesItsFile) {
   EXPECT_EQ(songs(), Names{"real.mp3"});
 }
 
-TEST_F(PosixFilesTest, ReadOnlyIsReadOnlyForRootToo) {
+TEST_F(LinuxFilesTest, ReadOnlyFilesAreReadOnlyForRootToo) {
   if (::geteuid() != 0) GTEST_SKIP() << "only root can show this";
   writeFile(folder_ / "x", "old");
   changeMode(folder_ / "x", 0444);
@@ -150,7 +150,7 @@ TEST_F(PosixFilesTest, ReadOnlyIsReadOnlyForRootToo) {
   EXPECT_EQ(files_.openForReading(folder_ / "x")->bytes(), "old");
 }
 
-TEST_F(PosixFilesTest, ACopyKeepsTimeAndPermissions) {
+TEST_F(LinuxFilesTest, ACopyKeepsTimeAndPermissions) {
   writeFile(folder_ / "a.mp3", "x");
   changeMode(folder_ / "a.mp3", 0604);
   const timespec times[] = {{1000000000, 5}, {1100000000, 7}};
@@ -163,7 +163,7 @@ TEST_F(PosixFilesTest, ACopyKeepsTimeAndPermissions) {
   EXPECT_EQ(status.st_mode & 07777U, 0604U);
 }
 
-TEST_F(PosixFilesTest, ACopyOntoAnotherNameOfItsOwnFileIsRefused) {
+TEST_F(LinuxFilesTest, ACopyOntoAnotherNameOfItsOwnFileIsRefused) {
   writeFile(folder_ / "a.mp3", "x");
   fs::create_symlink("a.mp3", folder_ / "link.mp3");
   fs::create_hard_link(folder_ / "a.mp3", folder_ / "hard.mp3");
@@ -174,7 +174,7 @@ TEST_F(PosixFilesTest, ACopyOntoAnotherNameOfItsOwnFileIsRefused) {
   EXPECT_EQ(files_.openForReading(folder_ / "a.mp3")->bytes(), "x");
 }
 
-TEST_F(PosixFilesTest, ATargetThatAppearsDuringACopyIsNotOverwritten) {
+TEST_F(LinuxFilesTest, ATargetThatAppearsDuringACopyIsNotOverwritten) {
   writeFile(folder_ / "a.mp3", "x");
   const auto meanwhile = [&](std::uint64_t, std::uint64_t) { writeFile(folder_ / "b.mp3", "other"); };
   EXPECT_EQ(errorOf([&] { files_.copyFile(folder_ / "a.mp3", folder_ / "b.mp3", false, meanwhile); }), 58);
@@ -182,7 +182,7 @@ TEST_F(PosixFilesTest, ATargetThatAppearsDuringACopyIsNotOverwritten) {
   EXPECT_EQ(files_.contents(folder_.path()).files, (Names{"a.mp3", "b.mp3"}));
 }
 
-TEST_F(PosixFilesTest, TheMachinesRootAndLinksToADrivesRootAreRootFolders) {
+TEST_F(LinuxFilesTest, SlashAndLinksToADrivesRootAreRootFolders) {
   EXPECT_TRUE(files_.isRootFolder("/"));
   EXPECT_TRUE(files_.isRootFolder(folder_.path() + "//"));
   makeFolders(folder_ / "f");
@@ -191,14 +191,14 @@ TEST_F(PosixFilesTest, TheMachinesRootAndLinksToADrivesRootAreRootFolders) {
   EXPECT_FALSE(files_.isRootFolder(folder_ / "f"));
 }
 
-TEST_F(PosixFilesTest, OnlyASlashSeparates) {
+TEST_F(LinuxFilesTest, OnlyASlashIsASeparator) {
   EXPECT_TRUE(files_.holdsSeparator("a/b"));
   EXPECT_FALSE(files_.holdsSeparator("a\\b:c"));
   EXPECT_TRUE(files_.caseSensitive());
   EXPECT_EQ(files_.joinAlwaysSeparated("/", "winamp.exe"), "//winamp.exe");
 }
 
-TEST_F(PosixFilesTest, AFolderOfManyFilesIsReadToItsEnd) {
+TEST_F(LinuxFilesTest, AFolderOfManyFilesIsListedCompletely) {
   for (int i = 0; i < 5000; ++i)
     writeFile(folder_ / ("a rather long name of a song " + std::to_string(i) + ".mp3"), "");
   const Names paths = songs();

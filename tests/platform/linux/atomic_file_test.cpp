@@ -12,8 +12,8 @@
 namespace plimo {
 namespace {
 
-// Both ways give the same; only some file systems know the first.
-class PosixNewFile : public testing::TestWithParam<AtomicFile::Way> {
+// Both modes behave the same; some file systems support only hidden files.
+class AtomicFileTest : public testing::TestWithParam<AtomicFile::Mode> {
  protected:
   std::size_t entries() const {
     const std::filesystem::directory_iterator all(folder_.path());
@@ -28,7 +28,7 @@ class PosixNewFile : public testing::TestWithParam<AtomicFile::Way> {
   TemporaryFolder folder_;
 };
 
-TEST_P(PosixNewFile, TakesThePlaceOfAnother) {
+TEST_P(AtomicFileTest, ReplacesAnExistingFile) {
   writeFile(folder_ / "x", "old");
   {
     AtomicFile file(GetParam());
@@ -41,7 +41,7 @@ TEST_P(PosixNewFile, TakesThePlaceOfAnother) {
   EXPECT_EQ(entries(), 1U);
 }
 
-TEST_P(PosixNewFile, StandsBesideOthersOnlyWhereThereIsNone) {
+TEST_P(AtomicFileTest, IsNotRenamedOverAnExistingFileUnlessReplacing) {
   writeFile(folder_ / "x", "old");
   {
     AtomicFile file(GetParam());
@@ -60,17 +60,17 @@ TEST_P(PosixNewFile, StandsBesideOthersOnlyWhereThereIsNone) {
   EXPECT_EQ(entries(), 2U);
 }
 
-TEST_P(PosixNewFile, LeavesNothingWhenItIsNotPlaced) {
+TEST_P(AtomicFileTest, LeavesNothingIfItIsNotRenamed) {
   {
     AtomicFile file(GetParam());
     ASSERT_TRUE(file.create(folder_ / "x"));
     ASSERT_TRUE(file.write("new"));
-    EXPECT_EQ(entries(), GetParam() == AtomicFile::Way::hidden ? 1U : 0U);
+    EXPECT_EQ(entries(), GetParam() == AtomicFile::Mode::hidden ? 1U : 0U);
   }
   EXPECT_EQ(entries(), 0U);
 }
 
-TEST_P(PosixNewFile, DoesNotTakeAFoldersPlace) {
+TEST_P(AtomicFileTest, DoesNotReplaceAFolder) {
   makeFolders(folder_ / "x");
   {
     AtomicFile file(GetParam());
@@ -81,13 +81,13 @@ TEST_P(PosixNewFile, DoesNotTakeAFoldersPlace) {
   EXPECT_EQ(entries(), 1U);
 }
 
-TEST_P(PosixNewFile, NeedsItsFolder) {
+TEST_P(AtomicFileTest, FailsWithoutItsFolder) {
   AtomicFile file(GetParam());
   EXPECT_FALSE(file.create(folder_ / "missing/x"));
   EXPECT_EQ(errno, ENOENT);
 }
 
-INSTANTIATE_TEST_SUITE_P(Ways, PosixNewFile, testing::Values(AtomicFile::Way::unnamed, AtomicFile::Way::hidden));
+INSTANTIATE_TEST_SUITE_P(Modes, AtomicFileTest, testing::Values(AtomicFile::Mode::unnamed, AtomicFile::Mode::hidden));
 
 }  // namespace
 }  // namespace plimo

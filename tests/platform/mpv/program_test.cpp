@@ -1,4 +1,4 @@
-// The whole program, without a screen: when it takes the sound library in.
+// When the whole program, without a screen, loads the sound library.
 #include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -15,7 +15,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform_mpv/test_player.h"
+#include "platform/mpv/test_player.h"
 
 namespace plimo {
 namespace {
@@ -41,10 +41,10 @@ class WholeProgram : public testing::Test {
     writeFile(folder_ / "own/plimo.ini", std::string(byWinamp ? "1" : "0") +
                                              "\r\n#TRUE#\r\n#FALSE#\r\n\"\"\r\n0\r\n1\r\n65535\r\n4194304\r\n65535\r\n"
                                              "4194304\r\n65535\r\n\"4194304\"\r\n");
-    std::vector<std::string> words{PLIMO_PROGRAM, "--folder", folder_ / "own", "--drive", "M=" + folder_.path()};
+    std::vector<std::string> commandLine{PLIMO_PROGRAM, "--folder", folder_ / "own", "--drive", "M=" + folder_.path()};
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     std::vector<char*> arguments;
-    for (std::string& word : words) arguments.push_back(word.data());
+    for (std::string& argument : commandLine) arguments.push_back(argument.data());
     arguments.push_back(nullptr);
     ASSERT_EQ(::posix_spawn(&process_, PLIMO_PROGRAM, nullptr, nullptr, arguments.data(), environ), 0);
   }
@@ -69,13 +69,13 @@ class WholeProgram : public testing::Test {
   pid_t process_ = 0;
 };
 
-TEST_F(WholeProgram, TakesTheSoundLibraryInWithTheFirstSong) {
+TEST_F(WholeProgram, LoadsTheSoundLibraryWithTheFirstSong) {
   start(false);
   EXPECT_TRUE(until([this] { return soundLibraryLoaded(); }));
   EXPECT_TRUE(running());
 }
 
-TEST_F(WholeProgram, DoesWithoutTheSoundLibraryWhereWinampPlays) {
+TEST_F(WholeProgram, DoesNotLoadTheSoundLibraryIfWinampPlays) {
   start(true);
   ASSERT_TRUE(until([this] { return std::filesystem::exists(folder_ / "started"); }));
   EXPECT_FALSE(soundLibraryLoaded());

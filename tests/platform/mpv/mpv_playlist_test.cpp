@@ -1,9 +1,9 @@
-// What stands in playlists, and what of it is played.
+// Reading playlists, and which entries are played.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/mpv/m3u_entries.h"
-#include "platform_mpv/test_player.h"
+#include "platform/mpv/test_player.h"
 
 namespace plimo {
 namespace {
@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-TEST(M3uEntries, AreLinesWithoutMarksCommentsAndQuotes) {
+TEST(M3uEntries, AreLinesWithoutByteOrderMarkCommentsAndQuotes) {
   EXPECT_THAT(m3uEntries("\xEF\xBB\xBF#EXTM3U\r\n/a.mp3\r\n\n#EXTINF:1,x\n  /b c.mp3\n\"/d.mp3\"\r\n\r\n/e.mp3"),
               ElementsAre("/a.mp3", "/b c.mp3", "/d.mp3", "/e.mp3"));
   EXPECT_THAT(m3uEntries("\xEF\xBB\xBF/a.mp3"), ElementsAre("/a.mp3"));
@@ -21,19 +21,19 @@ TEST(M3uEntries, AreLinesWithoutMarksCommentsAndQuotes) {
   EXPECT_THAT(m3uEntries("\r\n#\n"), IsEmpty());
 }
 
-TEST(M3uEntries, KeepWhatBelongsToAName) {
+TEST(M3uEntries, KeepCharactersThatBelongToAName) {
   EXPECT_THAT(m3uEntries("/a#b.mp3\n/\xE9\xFF.mp3\n\"half.mp3\n/x \n"),
               ElementsAre("/a#b.mp3", "/\xE9\xFF.mp3", "\"half.mp3", "/x "));
 }
 
-TEST(PlaylistNames, AreKnownByTheirEndingInAnyCase) {
+TEST(PlaylistNames, AreRecognisedByTheirExtensionInAnyCase) {
   EXPECT_TRUE(isPlaylistName("/x/a.m3u"));
   EXPECT_TRUE(isPlaylistName("/x/a.M3U8"));
   EXPECT_FALSE(isPlaylistName("/x/a.m3u/b.mp3"));
   EXPECT_FALSE(isPlaylistName("m3u"));
 }
 
-TEST(PlaylistEntries, OfOtherMachinesAndProtocolsAreNotPlayable) {
+TEST(PlaylistEntries, ThatAreUrlsAreNotPlayable) {
   for (const char* entry : {"http://host/a.mp3", "https://host/a.mp3", "HTTP://host/a.mp3", "edl:///tmp/a.mp3",
                             "lua://x", "memory://abc", "file:///tmp/a.mp3", "av://lavfi:sine", "fd://0", "fdclose://0",
                             "smb://host/a", "slice://0-10@/a.mp3", "appending:///a", "null://", "ytdl://x"}) {
@@ -42,14 +42,14 @@ TEST(PlaylistEntries, OfOtherMachinesAndProtocolsAreNotPlayable) {
   EXPECT_EQ(checkEntry(std::string("/tmp/a\0.mp3", 11), "/tmp").playable, Playable::notLocal);
 }
 
-TEST(PlaylistEntries, ThatAreNoRegularFilesAreNotPlayable) {
+TEST(PlaylistEntries, ThatAreNotRegularFilesAreNotPlayable) {
   for (const char* entry : {"/dev/zero", "/dev/stdin", "/dev/random", "/tmp", "/", ".", "..", "-", "/x/list.m3u"}) {
     EXPECT_NE(checkEntry(entry, "/tmp").playable, Playable::yes) << entry;
   }
-  EXPECT_EQ(checkEntry("/proc/kmsg", "/tmp").playable, Playable::empty) << "reading it would wait for ever";
+  EXPECT_EQ(checkEntry("/proc/kmsg", "/tmp").playable, Playable::empty) << "reading it would block for ever";
 }
 
-TEST(PlaylistEntries, ThatAreRegularFilesArePlayableByTheirWholePathOrFromThePlaylistsFolder) {
+TEST(PlaylistEntries, ThatAreRegularFilesArePlayableByAbsoluteOrRelativePath) {
   Songs songs;
   const std::string song = songs.add("a song.mp3");
   EXPECT_EQ(checkEntry(song, "/elsewhere").path, song);
@@ -63,7 +63,7 @@ class MpvPlaylist : public testing::Test {
   TestPlayer test;
 };
 
-TEST_F(MpvPlaylist, NothingButSongsOfThisMachineIsOpenedAndTheRestIsNamed) {
+TEST_F(MpvPlaylist, OnlyLocalSongsAreOpenedAndTheOthersAreReported) {
   const auto good = songs.add("good.mp3");
   const auto inner = songs.addFile("inner.m3u", good + "\n");
   test.player.open(
@@ -74,7 +74,7 @@ TEST_F(MpvPlaylist, NothingButSongsOfThisMachineIsOpenedAndTheRestIsNamed) {
   EXPECT_THAT(test.notes, Contains(HasSubstr("Skipped 9 songs")));
 }
 
-TEST_F(MpvPlaylist, EachForbiddenEntrySaysWhy) {
+TEST_F(MpvPlaylist, EachSkippedEntryReportsItsReason) {
   test.player.open(songs.list({"http://127.0.0.1:9/a.mp3"}));
   EXPECT_EQ(test.note(), "Skipped a.mp3: only files of this computer are played.");
   test.player.open(songs.list({songs.list({})}));
@@ -84,7 +84,7 @@ TEST_F(MpvPlaylist, EachForbiddenEntrySaysWhy) {
   EXPECT_FALSE(test.state().opened);
 }
 
-TEST_F(MpvPlaylist, NamesOfEveryShapeArePlayed) {
+TEST_F(MpvPlaylist, UnusualNamesArePlayed) {
   const std::vector<std::string> names = {"two  blanks .mp3", "caf\xE9.mp3",     "\xE6\x9D\xB1.mp3", "it's \"so\".mp3",
                                           "a#b%41.mp3",       "-option.mp3",     "$(x);`y`.mp3",     "a\\b.mp3",
                                           "colon: x.mp3",     "[list],{set}.mp3"};
@@ -96,7 +96,7 @@ TEST_F(MpvPlaylist, NamesOfEveryShapeArePlayed) {
   EXPECT_EQ(test.played, names);
 }
 
-TEST_F(MpvPlaylist, RelativeAndQuotedEntriesAreTakenFromThePlaylistsFolder) {
+TEST_F(MpvPlaylist, RelativeAndQuotedEntriesAreResolvedAgainstThePlaylistsFolder) {
   songs.add("inner/a.mp3");
   songs.add("b.mp3");
   songs.add("c.mp3");
@@ -105,7 +105,7 @@ TEST_F(MpvPlaylist, RelativeAndQuotedEntriesAreTakenFromThePlaylistsFolder) {
   EXPECT_THAT(test.played, ElementsAre("a.mp3", "b.mp3", "c.mp3"));
 }
 
-TEST_F(MpvPlaylist, AListThatIsGoneAFolderOrNoTextIsToldAndPlaysNothing) {
+TEST_F(MpvPlaylist, AMissingOrInvalidPlaylistIsReportedAndPlaysNothing) {
   test.player.open(songs / "gone.m3u");
   EXPECT_EQ(test.note(), "Skipped gone.m3u: there is no such playlist.");
   makeFolders(songs / "folder.m3u");
@@ -117,30 +117,30 @@ TEST_F(MpvPlaylist, AListThatIsGoneAFolderOrNoTextIsToldAndPlaysNothing) {
   EXPECT_NE(test.note(), "");
 }
 
-TEST_F(MpvPlaylist, AHugeListIsLookedThroughOnlyAsItIsPlayed) {
+TEST_F(MpvPlaylist, EntriesOfAHugeListAreCheckedOnlyAsItIsPlayed) {
   std::vector<std::string> lines(100000, songs / "later.mp3");
   lines.front() = songs.add("first.mp3");
   test.player.open(songs.list(lines));
   EXPECT_EQ(test.state().count, 100000u);
   EXPECT_EQ(test.state().song, "first.mp3");
-  songs.add("later.mp3", 3);  // too late for a player that has looked already
+  songs.add("later.mp3", 3);  // too late if the entries had been checked in advance
   EXPECT_TRUE(test.untilNewStreams(2));
   EXPECT_THAT(test.played, ElementsAre("first.mp3", "later.mp3"));
   EXPECT_EQ(test.state().index, 1u);
 }
 
-TEST_F(MpvPlaylist, TheOneGoodSongBehindManyBadOnesIsFound) {
+TEST_F(MpvPlaylist, ThePlayableSongAfterManyBadOnesIsFound) {
   std::vector<std::string> lines(30000, "/gone.mp3");
   lines.push_back(songs.add("good.mp3"));
   test.player.open(songs.list(lines));
-  EXPECT_TRUE(test.state().searching) << "the program has its turn meanwhile";
+  EXPECT_TRUE(test.state().searching) << "the event loop runs meanwhile";
   EXPECT_TRUE(test.untilEnd());
   EXPECT_THAT(test.played, ElementsAre("good.mp3"));
   ASSERT_FALSE(test.notes.empty());
   EXPECT_THAT(test.notes.back(), HasSubstr("Skipped 30000 songs"));
 }
 
-TEST_F(MpvPlaylist, ASearchForAGoodSongEndsWithStop) {
+TEST_F(MpvPlaylist, StopEndsTheSearchForAPlayableSong) {
   std::vector<std::string> lines(3000, "/gone.mp3");
   lines.push_back(songs.add("good.mp3"));
   test.player.open(songs.list(lines));

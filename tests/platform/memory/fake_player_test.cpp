@@ -1,4 +1,4 @@
-// The player and the launcher that only keep what they were told.
+// The fake player and launcher, which record calls.
 #include "platform/memory/fake_player.h"
 
 #include <gtest/gtest.h>
@@ -23,23 +23,23 @@ TEST(FakePlayer, PlaysWhatIsOpenedOnlyWithAutoStart) {
   EXPECT_EQ(player.opened(), (std::vector<std::string>{"C:\\list.m3u", "C:\\a.mp3"}));
 }
 
-TEST(FakePlayer, AFileNameIsNotAnOpening) {
+TEST(FakePlayer, SettingTheFileNameOpensNothing) {
   FakePlayer player;
   player.setFileName("c:\\");
   EXPECT_EQ(player.fileName(), "c:\\");
   EXPECT_TRUE(player.opened().empty());
 }
 
-TEST(FakePlayer, AnnouncesAStreamToWhoeverListens) {
+TEST(FakePlayer, RaisesNewStream) {
   FakePlayer player;
   player.announceStream();
-  int heard = 0;
-  player.newStream = [&] { ++heard; };
+  int calls = 0;
+  player.newStream = [&] { ++calls; };
   player.announceStream();
-  EXPECT_EQ(heard, 1);
+  EXPECT_EQ(calls, 1);
 }
 
-TEST(FakeLauncher, KeepsTheCommandLinesOfProgramsThatThereAre) {
+TEST(FakeLauncher, RecordsTheCommandLinesOfExistingPrograms) {
   FakeFileSystem files;
   files.addFile("C:\\Winamp\\winamp.exe");
   FakeLauncher launcher(files);

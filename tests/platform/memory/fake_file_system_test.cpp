@@ -1,4 +1,4 @@
-// What only the computer in memory has.
+// What is specific to the FakeFileSystem.
 #include "platform/memory/fake_file_system.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ int errorOf(const std::function<void()>& call) {
   return 0;
 }
 
-TEST(FakeFileSystem, BeginsWithDriveCAndAFolderForTheProgram) {
+TEST(FakeFileSystem, StartsWithDriveCAndAFolderForTheProgram) {
   FakeFileSystem files;
   ASSERT_EQ(files.drives().size(), 1U);
   EXPECT_EQ(files.drives()[0].root, "C:\\");
@@ -40,7 +40,7 @@ TEST(FakeFileSystem, DrivesAreEnumeratedInTheOrderAdded) {
   EXPECT_TRUE(files.folderExists("C:\\Plimo"));
 }
 
-TEST(FakeFileSystem, ADriveThatIsNotReadyHidesWhatStandsOnIt) {
+TEST(FakeFileSystem, ADriveThatIsNotReadyHidesItsFiles) {
   FakeFileSystem files;
   files.addDrive('D', DriveType::cdrom);
   files.addTextFile("D:\\a.mp3", "x");
@@ -55,7 +55,7 @@ TEST(FakeFileSystem, ADriveThatIsNotReadyHidesWhatStandsOnIt) {
   EXPECT_TRUE(files.fileExists("D:\\a.mp3"));
 }
 
-TEST(FakeFileSystem, PathsAreComparedWithoutCaseAndDoubledBackslashesCountAsOne) {
+TEST(FakeFileSystem, PathsAreCaseInsensitiveAndDoubledBackslashesCountAsOne) {
   FakeFileSystem files;
   files.addTextFile("C:\\Music\\\xC3\x84rger.mp3", "x");
   EXPECT_TRUE(files.fileExists("c:\\\\MUSIC\\\\\xC3\xA4RGER.MP3"));
@@ -67,7 +67,7 @@ TEST(FakeFileSystem, PathsAreComparedWithoutCaseAndDoubledBackslashesCountAsOne)
   EXPECT_TRUE(files.isRootFolder("C:\\\\"));
 }
 
-TEST(FakeFileSystem, RelativePathsAreTakenFromTheCurrentDirectory) {
+TEST(FakeFileSystem, RelativePathsAreResolvedAgainstTheCurrentDirectory) {
   FakeFileSystem files;
   files.setCurrentDirectory("D:\\My Music\\\\");
   files.addFile("a.mp3");
@@ -78,7 +78,7 @@ TEST(FakeFileSystem, RelativePathsAreTakenFromTheCurrentDirectory) {
   EXPECT_TRUE(files.isRootFolder(files.currentDirectory()));
 }
 
-TEST(FakeFileSystem, SeparatorsAreJoinedAsWindowsDoes) {
+TEST(FakeFileSystem, PathsAreJoinedAsOnWindows) {
   FakeFileSystem files;
   EXPECT_EQ(files.join("C:\\", "a"), "C:\\a");
   EXPECT_EQ(files.join("C:\\b", "a"), "C:\\b\\a");
@@ -89,7 +89,7 @@ TEST(FakeFileSystem, SeparatorsAreJoinedAsWindowsDoes) {
   EXPECT_FALSE(files.holdsSeparator("a-b.c"));
 }
 
-TEST(FakeFileSystem, AShortPathShortensEveryPiece) {
+TEST(FakeFileSystem, AShortPathShortensEveryComponent) {
   FakeFileSystem files;
   files.addFile("C:\\Program Files\\Winamp\\winamp.exe");
   files.addFile("C:\\My Music\\Dancing Queen.mp3");
@@ -100,7 +100,7 @@ TEST(FakeFileSystem, AShortPathShortensEveryPiece) {
   EXPECT_EQ(files.shortFolderPath("C:\\My Music\\"), "C:\\MYMUSI~1");
 }
 
-TEST(FakeFileSystem, AShortNameStaysWhenItsNeighbourGoes) {
+TEST(FakeFileSystem, AShortNameRemainsWhenAnotherFileIsDeleted) {
   FakeFileSystem files;
   files.addFile("C:\\Dancing Queen.mp3");
   files.addFile("C:\\Dancing King.mp3");
@@ -110,7 +110,7 @@ TEST(FakeFileSystem, AShortNameStaysWhenItsNeighbourGoes) {
   EXPECT_EQ(files.shortFilePath("C:\\Dancing Prince.mp3"), "C:\\DANCIN~1.MP3");
 }
 
-TEST(FakeFileSystem, WhatTakesAnOldFilesPlaceKeepsItsSpelling) {
+TEST(FakeFileSystem, AReplacedFileKeepsItsSpelling) {
   FakeFileSystem files;
   files.addTextFile("C:\\Songs\\ABBA.mp3", "old");
   files.addTextFile("C:\\Songs\\b.mp3", "b");
@@ -124,7 +124,7 @@ TEST(FakeFileSystem, WhatTakesAnOldFilesPlaceKeepsItsSpelling) {
   EXPECT_EQ(files.spelledName("C:\\none"), std::nullopt);
 }
 
-TEST(FakeFileSystem, WhatIsForcedIntoAnOldFilesPlaceBringsItsOwnSpelling) {
+TEST(FakeFileSystem, AForcedReplacementChangesTheSpelling) {
   FakeFileSystem files;
   files.addTextFile("C:\\Songs\\ABBA.mp3", "old");
   replaceWhole(files, "c:\\songs\\Abba.mp3", "new", Force::yes);
@@ -133,14 +133,14 @@ TEST(FakeFileSystem, WhatIsForcedIntoAnOldFilesPlaceBringsItsOwnSpelling) {
   EXPECT_EQ(files.contents("C:\\Songs").files.size(), 1U);
 }
 
-TEST(FakeFileSystem, AFileInAnotherCaseIsTheSameAndIsNotCopiedOntoItself) {
+TEST(FakeFileSystem, AFileIsNotCopiedOntoItselfInAnotherCase) {
   FakeFileSystem files;
   files.addTextFile("C:\\a.mp3", "x");
   EXPECT_EQ(errorOf([&] { files.copyFile("C:\\a.mp3", "C:\\A.MP3", true, {}); }), 70);
   EXPECT_EQ(files.fileContent("C:\\a.mp3"), "x");
 }
 
-TEST(FakeFileSystem, AFileOfASizeReadsAndCopiesWithThatSize) {
+TEST(FakeFileSystem, AFileWithoutContentKeepsItsSizeWhenReadAndCopied) {
   FakeFileSystem files;
   files.addFile("C:\\a.mp3", 5000);
   EXPECT_EQ(files.fileSize("C:\\a.mp3"), 5000U);
@@ -149,7 +149,7 @@ TEST(FakeFileSystem, AFileOfASizeReadsAndCopiesWithThatSize) {
   EXPECT_EQ(files.fileSize("C:\\b.mp3"), 5000U);
 }
 
-TEST(FakeFileSystem, ALockedFileCannotBeTouched) {
+TEST(FakeFileSystem, ALockedFileCannotBeAccessed) {
   FakeFileSystem files;
   files.addTextFile("C:\\a.mp3", "old", {false, true, false});
   files.addTextFile("C:\\b.mp3", "b");
@@ -161,7 +161,7 @@ TEST(FakeFileSystem, ALockedFileCannotBeTouched) {
   EXPECT_EQ(files.fileContent("C:\\a.mp3"), "old");
 }
 
-TEST(FakeFileSystem, ANameWithForbiddenCharactersIsABadName) {
+TEST(FakeFileSystem, ANameWithForbiddenCharactersIsABadFileName) {
   FakeFileSystem files;
   files.addFile("C:\\b.mp3");
   for (const char* path : {"C:\\a?.mp3", "C:\\*.m3u", "C:\\x/y", "C:\\a\"b"}) {
@@ -170,7 +170,7 @@ TEST(FakeFileSystem, ANameWithForbiddenCharactersIsABadName) {
   }
 }
 
-TEST(FakeFileSystem, AFullDiskIsWritableAgainWhenItIsFreed) {
+TEST(FakeFileSystem, AFullDiskIsWritableAgainAfterFreeingSpace) {
   FakeFileSystem files;
   files.setDiskFull('C', true);
   EXPECT_EQ(errorOf([&] { replaceWhole(files, "C:\\x", "", Force::no); }), 61);
@@ -181,7 +181,7 @@ TEST(FakeFileSystem, AFullDiskIsWritableAgainWhenItIsFreed) {
   EXPECT_EQ(errorOf([&] { files.copyFile("D:\\x", "C:\\x", false, {}); }), 0);
 }
 
-TEST(FakeFileSystem, TheWorldCanBeTakenDown) {
+TEST(FakeFileSystem, FilesAndFoldersCanBeRemoved) {
   FakeFileSystem files;
   files.addFile("C:\\Music\\a b c d e.mp3");
   EXPECT_TRUE(files.remove("C:\\music"));
@@ -190,7 +190,7 @@ TEST(FakeFileSystem, TheWorldCanBeTakenDown) {
   EXPECT_FALSE(files.remove("C:\\"));
 }
 
-TEST(FakeFileSystem, AWorldThatCannotBeIsAMistake) {
+TEST(FakeFileSystem, AnImpossibleSetupIsAnInvalidArgument) {
   FakeFileSystem files;
   files.addFile("C:\\a");
   EXPECT_THROW(files.addFile("C:\\a\\b"), std::invalid_argument);
@@ -201,7 +201,7 @@ TEST(FakeFileSystem, AWorldThatCannotBeIsAMistake) {
   EXPECT_THROW(files.addDrive('1', DriveType::fixed), std::invalid_argument);
 }
 
-TEST(FakeFileSystem, EveryStepOfAReplacementCanFailAndKeepsTheOldFile) {
+TEST(FakeFileSystem, EachStepOfAReplacementCanFailAndKeepsTheOldFile) {
   std::size_t failures = 0;
   for (std::size_t n = 1;; ++n) {
     FakeFileSystem files;
@@ -216,12 +216,12 @@ TEST(FakeFileSystem, EveryStepOfAReplacementCanFailAndKeepsTheOldFile) {
     ++failures;
     EXPECT_EQ(error, 61);
     EXPECT_EQ(files.fileContent("C:\\x"), "old");
-    EXPECT_EQ(errorOf([&] { replaceWhole(files, "C:\\x", "again", Force::no); }), 0) << "fails once";
+    EXPECT_EQ(errorOf([&] { replaceWhole(files, "C:\\x", "again", Force::no); }), 0) << "it fails only once";
   }
   EXPECT_EQ(failures, 3U);
 }
 
-TEST(FakeFileSystem, AWalkTakesAStepAFolder) {
+TEST(FakeFileSystem, AWalkTakesOneStepPerFolder) {
   FakeFileSystem files;
   files.remove("C:\\Plimo");
   files.addFile("C:\\a\\b\\x.mp3");

@@ -1,11 +1,11 @@
-// Songs that cannot be played: the player says so and goes on.
+// Songs that cannot be played are reported and skipped.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <random>
 
-#include "platform_mpv/test_player.h"
+#include "platform/mpv/test_player.h"
 
 namespace plimo {
 namespace {
@@ -33,7 +33,7 @@ class MpvBadSongs : public testing::Test {
   TestPlayer test;
 };
 
-TEST_F(MpvBadSongs, ASongThatIsGoneIsSkipped) {
+TEST_F(MpvBadSongs, AMissingSongIsSkipped) {
   playBoth(songs / "gone.mp3");
   EXPECT_THAT(test.notes, ElementsAre("Skipped gone.mp3: the file is gone."));
 }
@@ -60,21 +60,21 @@ TEST_F(MpvBadSongs, RandomBytesAreSkipped) {
   EXPECT_THAT(test.notes, ElementsAre("Skipped noise.mp3: it cannot be played."));
 }
 
-TEST_F(MpvBadSongs, ATextWithTheEndingOfASongIsSkipped) {
+TEST_F(MpvBadSongs, ATextFileWithASongsExtensionIsSkipped) {
   std::string text;
   for (int i = 0; i < 500; ++i) text += "This is a letter and no song.\n";
   playBoth(songs.addFile("letter.mp3", text));
   EXPECT_THAT(test.notes, ElementsAre("Skipped letter.mp3: it cannot be played."));
 }
 
-TEST_F(MpvBadSongs, ATagWithoutASongBehindItIsSkipped) {
+TEST_F(MpvBadSongs, ATagWithoutAudioIsSkipped) {
   std::string tag("ID3\x03\0\0\0\0\x01\0", 10);
   tag.append(128, '\0');
   playBoth(songs.addFile("tag.mp3", tag));
   EXPECT_THAT(test.notes, ElementsAre("Skipped tag.mp3: it cannot be played."));
 }
 
-TEST_F(MpvBadSongs, ATagWithRandomBytesBehindItIsSkipped) {
+TEST_F(MpvBadSongs, ATagFollowedByRandomBytesIsSkipped) {
   std::string tag("ID3\x03\0\0\0\0\x01\0", 10);
   tag.append(128, '\0');
   test.player.open(songs.list({songs.addFile("tag.mp3", tag + randomBytes(3000)), songs.add("good.mp3")}));
@@ -83,12 +83,12 @@ TEST_F(MpvBadSongs, ATagWithRandomBytesBehindItIsSkipped) {
   EXPECT_THAT(test.notes, ElementsAre("Skipped tag.mp3: it cannot be played."));
 }
 
-TEST_F(MpvBadSongs, ASongOfAKindThatIsNoSoundIsSkipped) {
+TEST_F(MpvBadSongs, AFileInAFormatThatIsNotAudioIsSkipped) {
   playBoth(songs.addFile("archive.mp3", "PK\x03\x04" + std::string(3000, 'x')));
   EXPECT_THAT(test.notes, ElementsAre("Skipped archive.mp3: it cannot be played."));
 }
 
-TEST_F(MpvBadSongs, ATruncatedSongIsPlayedAsFarAsItGoes) {
+TEST_F(MpvBadSongs, ATruncatedSongIsPlayedToItsEnd) {
   std::string song = silentSong(0.5);
   song.resize(song.size() - 50);
   test.player.open(songs.list({songs.addFile("short.mp3", song), songs.add("good.mp3")}));
@@ -96,14 +96,14 @@ TEST_F(MpvBadSongs, ATruncatedSongIsPlayedAsFarAsItGoes) {
   EXPECT_THAT(test.played, ElementsAre("short.mp3", "good.mp3"));
 }
 
-TEST_F(MpvBadSongs, ASongWithAHoleInItIsPlayedOnBeyondTheHole) {
+TEST_F(MpvBadSongs, PlaybackContinuesAfterADamagedPartOfASong) {
   const std::string good = silentSong(0.4);
   test.player.open(songs.list({songs.addFile("hole.mp3", good + randomBytes(1000) + good), songs.add("good.mp3")}));
   EXPECT_TRUE(test.untilEnd());
   EXPECT_THAT(test.played, ElementsAre("hole.mp3", "good.mp3"));
 }
 
-TEST_F(MpvBadSongs, AListOfOnlyBadSongsStopsAndSaysSo) {
+TEST_F(MpvBadSongs, AListOfOnlyBadSongsStopsAndIsReported) {
   test.player.open(songs.list({songs / "gone.mp3", songs.addFile("noise.mp3", randomBytes(9000)), songs / "lost.mp3"}));
   EXPECT_TRUE(test.untilEnd());
   test.settle();
@@ -113,7 +113,7 @@ TEST_F(MpvBadSongs, AListOfOnlyBadSongsStopsAndSaysSo) {
   EXPECT_EQ(test.note(), "None of the 3 songs can be played; the last was lost.mp3: the file is gone.");
 }
 
-TEST_F(MpvBadSongs, ASongAloneThatCannotBePlayedIsTold) {
+TEST_F(MpvBadSongs, ASingleSongThatCannotBePlayedIsReported) {
   test.player.open(songs.addFile("noise.mp3", randomBytes(9000)));
   EXPECT_TRUE(test.untilEnd());
   EXPECT_EQ(test.note(), "Skipped noise.mp3: it cannot be played.");
@@ -130,7 +130,7 @@ TEST_F(MpvBadSongs, SeveralBadSongsInARowAreCounted) {
   EXPECT_EQ(test.note(), "");
 }
 
-TEST_F(MpvBadSongs, TheUserMovesOverBadSongsInBothDirections) {
+TEST_F(MpvBadSongs, NextAndPreviousSkipBadSongs) {
   const auto first = songs.add("first.mp3", 3);
   const auto noise = songs.addFile("noise.mp3", randomBytes(9000));
   test.player.open(songs.list({first, songs / "gone.mp3", noise, songs.add("last.mp3", 3), songs / "lost.mp3"}));
@@ -142,7 +142,7 @@ TEST_F(MpvBadSongs, TheUserMovesOverBadSongsInBothDirections) {
   EXPECT_THAT(test.played, ElementsAre("first.mp3", "last.mp3", "first.mp3"));
 }
 
-TEST_F(MpvBadSongs, BackwardsOverOnlyBadSongsComesToTheFirstGoodOne) {
+TEST_F(MpvBadSongs, PreviousWithOnlyBadSongsBeforeFindsTheNextGoodOne) {
   test.player.open(songs.list({songs / "gone.mp3", songs / "lost.mp3", songs.add("last.mp3", 3)}));
   ASSERT_TRUE(test.untilNewStreams(1));
   test.player.previous();
@@ -150,7 +150,7 @@ TEST_F(MpvBadSongs, BackwardsOverOnlyBadSongsComesToTheFirstGoodOne) {
   EXPECT_THAT(test.played, ElementsAre("last.mp3", "last.mp3"));
 }
 
-TEST_F(MpvBadSongs, MovingOnToNothingButBadSongsStopsTheSound) {
+TEST_F(MpvBadSongs, NextWithOnlyBadSongsAfterStopsPlayback) {
   test.player.open(songs.list({songs.add("a.mp3", 3), songs / "gone.mp3"}));
   ASSERT_TRUE(test.until([&] { return test.player.currentPosition() > 0; }));
   test.player.next();

@@ -1,4 +1,4 @@
-// A small world on each platform, for the suite that all of them pass.
+// The implementations of FileSystemObject under test, each with what a test needs to prepare its files.
 #pragma once
 
 #include <functional>
@@ -15,11 +15,11 @@
 
 namespace plimo {
 
-// Each machine has one ready drive C, whose root holds nothing, and an empty drive D that is not ready.
+// Each has a ready drive C with an empty root, and a drive D that is not ready.
 
-class MemoryMachine {
+class FakeBackend {
  public:
-  MemoryMachine();
+  FakeBackend();
   FileSystemObject& files() { return files_; }
   std::string root() const { return "C:\\"; }
 
@@ -31,8 +31,8 @@ class MemoryMachine {
   void makeFolderUnwritable(const std::string& path) { files_.addFolder(path, {false, true}); }
   std::optional<std::string> content(const std::string& path) const { return files_.fileContent(path); }
 
-  // Runs a check in a folder of a full disk that holds one file, "old", with the content "old". False where this
-  // machine cannot show that; a failure is what the check returns.
+  // Runs a check in a folder of a full disk with one file, "old", whose content is "old". The check returns a message
+  // if it fails. False if a full disk is not possible here.
   using FullDiskCheck = std::function<std::string(FileSystemObject& files, const std::string& folder)>;
   bool onFullDisk(const FullDiskCheck& check, std::string& failure);
 
@@ -42,9 +42,9 @@ class MemoryMachine {
   FakeFileSystem files_;
 };
 
-class PosixMachine {
+class LinuxBackend {
  public:
-  PosixMachine();
+  LinuxBackend();
   FileSystemObject& files() { return files_; }
   std::string root() const { return folder_.path(); }
 
@@ -56,11 +56,11 @@ class PosixMachine {
   void makeFolderUnwritable(const std::string& path);
   std::optional<std::string> content(const std::string& path) const;
 
-  using FullDiskCheck = MemoryMachine::FullDiskCheck;
+  using FullDiskCheck = FakeBackend::FullDiskCheck;
   bool onFullDisk(const FullDiskCheck& check, std::string& failure);
 
  private:
-  OrdinaryUser user_;
+  UnprivilegedUser user_;
   TemporaryFolder folder_;
   LinuxFiles files_;
 };

@@ -1,4 +1,4 @@
-// Walks through trees of many folders, of which some are listed ahead.
+// Walks through trees with many folders, which are partly prefetched.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -18,18 +18,18 @@ using Names = std::vector<std::string>;
 
 bool isSong(std::string_view name) { return name.ends_with("mp3"); }
 
-// The number that the next open file would get: higher when one was left open.
+// The next free file descriptor: higher if one was leaked.
 int nextDescriptor() {
   const int next = ::dup(STDIN_FILENO);
   ::close(next);
   return next;
 }
 
-// Three folders in each of fifty, with two songs in each. The first ones hold many songs, so that those behind them are
-// listed sooner.
-class PosixWalkTest : public testing::Test {
+// Fifty folders with three subfolders of two songs each. The first ones contain many songs, so that the walk takes
+// longer there and the prefetching gets ahead.
+class LinuxWalkTest : public testing::Test {
  protected:
-  PosixWalkTest() : files_(std::vector<DriveRoot>{{'C', DriveType::fixed, folder_.path()}}) {
+  LinuxWalkTest() : files_(std::vector<DriveRoot>{{'C', DriveType::fixed, folder_.path()}}) {
     for (int outer = 10; outer < 60; ++outer) {
       const std::string artist = folder_ / ("artist " + std::to_string(outer));
       for (int inner = 10; inner < 13; ++inner) {
@@ -42,21 +42,21 @@ class PosixWalkTest : public testing::Test {
       writeFile(folder_ / ("artist 10/" + std::to_string(song) + ".mp3"), "");
       writeFile(folder_ / ("artist 10/album 10/" + std::to_string(song) + ".mp3"), "");
     }
-    listed(folder_.path());
+    collect(folder_.path());
   }
 
-  // What a walk is to find, from listings of single folders.
-  void listed(const std::string& folder) {
+  // Collects the expected result of a walk from listings of single folders.
+  void collect(const std::string& folder) {
     const FolderContents contents = files_.contents(folder);
     for (const std::string& name : contents.files) all_.push_back(files_.join(folder, name));
-    for (const std::string& name : contents.folders) listed(files_.join(folder, name));
+    for (const std::string& name : contents.folders) collect(files_.join(folder, name));
   }
 
-  // The songs found by a walk that is ended at its `last`th one; whether it came to its own end.
-  bool walk(Names& found, std::size_t last) {
+  // Ends the walk after `limit` songs; false if it was ended so.
+  bool walk(Names& found, std::size_t limit) {
     return files_.walk(folder_.path(), 10, isSong, [&](std::string_view path) {
       found.emplace_back(path);
-      return found.size() < last;
+      return found.size() < limit;
     });
   }
 
@@ -65,13 +65,13 @@ class PosixWalkTest : public testing::Test {
     return Names(all_.begin(), end);
   }
 
-  OrdinaryUser user_;
+  UnprivilegedUser user_;
   TemporaryFolder folder_;
   LinuxFiles files_;
   Names all_;
 };
 
-TEST_F(PosixWalkTest, EveryWalkHasTheOrderOfTheListings) {
+TEST_F(LinuxWalkTest, EveryWalkHasTheOrderOfTheListings) {
   ASSERT_EQ(all_.size(), 50U * 3 * 2 + 600);
   for (int round = 0; round < 20; ++round) {
     Names found;
@@ -80,7 +80,7 @@ TEST_F(PosixWalkTest, EveryWalkHasTheOrderOfTheListings) {
   }
 }
 
-TEST_F(PosixWalkTest, AWalkThatIsEndedLeavesNothingBehind) {
+TEST_F(LinuxWalkTest, AWalkThatIsEndedLeaksNothing) {
   const int next = nextDescriptor();
   for (std::size_t last = 1; last < all_.size(); last += 13) {
     Names found;
@@ -95,7 +95,7 @@ TEST_F(PosixWalkTest, AWalkThatIsEndedLeavesNothingBehind) {
   EXPECT_EQ(nextDescriptor(), next);
 }
 
-TEST_F(PosixWalkTest, AFolderThatGoesOnTheWayIsPassedOver) {
+TEST_F(LinuxWalkTest, AFolderRemovedDuringTheWalkIsSkipped) {
   const std::string gone = folder_ / "artist 59";
   Names found;
   EXPECT_TRUE(files_.walk(folder_.path(), 10, isSong, [&](std::string_view path) {
@@ -106,7 +106,7 @@ TEST_F(PosixWalkTest, AFolderThatGoesOnTheWayIsPassedOver) {
   EXPECT_EQ(found, allBefore(gone));
 }
 
-TEST_F(PosixWalkTest, AClosedFolderEndsTheWalkOnlyWhenItIsReached) {
+TEST_F(LinuxWalkTest, AnUnreadableFolderEndsTheWalkOnlyWhenItIsReached) {
   const std::string closed = folder_ / "artist 12";
   changeMode(closed, 0300);
   const Names open = allBefore(closed);

@@ -1,4 +1,4 @@
-// A player with the real sound library, and a test's hand on the program's thread.
+// A player with the real libmpv, and the task queue of the program's thread.
 #pragma once
 
 #include <condition_variable>
@@ -13,19 +13,19 @@
 
 namespace plimo {
 
-// A function of the sound library; null where the library or the function is missing.
+// A function of libmpv; null if the library or the function is missing.
 void* soundLibraryFunction(const char* name);
 
-// What is to be run on the program's thread.
-class Posted {
+// Tasks for the program's thread.
+class TaskQueue {
  public:
   void post(std::function<void()> action);
-  // Runs all that is posted now; waits a little where there is nothing.
-  void runSome();
+  // Runs all tasks posted so far; waits a few milliseconds if there are none.
+  void runPending();
 
  private:
   std::mutex mutex_;
-  std::condition_variable came_;
+  std::condition_variable added_;
   std::deque<std::function<void()>> actions_;
 };
 
@@ -33,31 +33,31 @@ class TestPlayer {
  public:
   explicit TestPlayer(std::function<void*(const char* name)> resolve = soundLibraryFunction);
 
-  // Lets the player live until the condition holds; false where it never does.
+  // Processes events until the condition is true; false on a timeout.
   bool until(const std::function<bool()>& condition);
-  // Plays until nothing plays any more.
+  // Processes events until playback has ended.
   bool untilEnd();
   bool untilNewStreams(std::size_t count);
-  // What is already on its way is done.
+  // Processes the events that are already on their way.
   void settle();
 
   const MpvPlayer::State& state() const { return player.state(); }
   const std::string& note() const { return player.state().note; }
 
  private:
-  Posted posted_;
+  TaskQueue tasks_;
   std::function<void*(const char* name)> resolve_;
 
  public:
-  int resolved = 0;  // functions asked for
+  int resolved = 0;  // functions resolved
   bool listening = true;
   MpvPlayer player;
-  std::vector<double> lengths;      // what newStream told of, in order
-  std::vector<std::string> played;  // the songs at that moment
-  std::vector<std::string> notes;   // each text that stood in the strip, without repetition
+  std::vector<double> lengths;      // the duration at each newStream, in seconds
+  std::vector<std::string> played;  // the song at each newStream
+  std::vector<std::string> notes;   // each note, without consecutive repetitions
 };
 
-// A silent MP3 of about so many seconds.
+// The content of a silent MP3 of about this duration.
 std::string silentSong(double seconds);
 
 // A folder of songs.

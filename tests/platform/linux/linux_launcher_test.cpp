@@ -15,7 +15,7 @@
 namespace plimo {
 namespace {
 
-class PosixLauncherTest : public testing::Test {
+class LinuxLauncherTest : public testing::Test {
  protected:
   int starting(const std::string& program, const std::string& argument) {
     try {
@@ -26,7 +26,7 @@ class PosixLauncherTest : public testing::Test {
     return 0;
   }
 
-  // What the started script wrote, once it has.
+  // What the started script has written.
   std::string written(const std::string& path) {
     for (int i = 0; i < 500; ++i) {
       std::ifstream file(path);
@@ -36,7 +36,7 @@ class PosixLauncherTest : public testing::Test {
     return "nothing";
   }
 
-  // A program that puts `words` (shell text) into the file "out".
+  // A program that writes `words`, which the shell expands, to the file "out".
   std::string script(const std::string& words) {
     std::string path = folder_ / "win amp.exe";
     writeFile(path, "#!/bin/sh\nprintf '%s|' " + words + " > '" + (folder_ / "part") + "'\nmv '" + (folder_ / "part") +
@@ -49,31 +49,31 @@ class PosixLauncherTest : public testing::Test {
   LinuxLauncher launcher_;
 };
 
-TEST_F(PosixLauncherTest, AProgramGetsItsOneArgumentAsItStands) {
+TEST_F(LinuxLauncherTest, AProgramGetsItsArgumentUnchanged) {
   EXPECT_EQ(starting(script("$# \"$1\""), "a  b $HOME 'c' ;\xE9"), 0);
   EXPECT_EQ(written(folder_ / "out"), "1|a  b $HOME 'c' ;\xE9|");
 }
 
-TEST_F(PosixLauncherTest, AProgramIsStartedInASessionOfItsOwnAndWithoutATerminal) {
+TEST_F(LinuxLauncherTest, AProgramIsStartedInItsOwnSessionWithoutATerminal) {
   EXPECT_EQ(starting(script("$(sed 's/.*) //' /proc/$$/stat | cut -d' ' -f4) $$ $(readlink /proc/$$/fd/0)"), "x"), 0);
   const std::string text = written(folder_ / "out");
   const std::string session = text.substr(0, text.find('|'));
   EXPECT_EQ(text, session + "|" + session + "|/dev/null|");
 }
 
-TEST_F(PosixLauncherTest, AnEndedProgramIsNotLeftStanding) {
+TEST_F(LinuxLauncherTest, AnEndedProgramDoesNotRemainAsAZombie) {
   EXPECT_EQ(starting(script("$$"), "x"), 0);
   const std::string text = written(folder_ / "out");
   const pid_t process = std::stoi(text);
-  bool gone = false;
-  for (int i = 0; i < 500 && !gone; ++i) {
-    gone = ::kill(process, 0) != 0;
+  bool ended = false;
+  for (int i = 0; i < 500 && !ended; ++i) {
+    ended = ::kill(process, 0) != 0;
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }
-  EXPECT_TRUE(gone);
+  EXPECT_TRUE(ended);
 }
 
-TEST_F(PosixLauncherTest, WhatCannotBeStartedIsAnError) {
+TEST_F(LinuxLauncherTest, AProgramThatCannotBeStartedIsAnError) {
   writeFile(folder_ / "plain", "just text");
   writeFile(folder_ / "garbage", "just text");
   changeMode(folder_ / "garbage", 0755);

@@ -1,0 +1,70 @@
+// Listing one folder, and walking a tree.
+#include <fcntl.h>
+
+#include <cerrno>
+#include <utility>
+
+#include "platform/linux/directory_lister.h"
+#include "platform/linux/directory_prefetcher.h"
+#include "platform/linux/errno_mapping.h"
+#include "platform/linux/linux_files.h"
+
+namespace plimo {
+
+namespace {
+
+// In a drive's root, this folder belongs to the file system and is not shown.
+constexpr std::string_view lostAndFound = "lost+found";
+
+}  // namespace
+
+void LinuxFiles::throwListingError(int error, std::string_view folder) const {
+  if (isNotFound(error)) throwError(missingFolderError(folder), folder);
+  const bool notReady = error == EIO || error == ENXIO || error == ENOMEDIUM;
+  throwError(notReady ? ErrorNumber::diskNotReady : ErrorNumber::permissionDenied, folder);
+}
+
+FolderContents LinuxFiles::contents(std::string_view folder) {
+  DirectoryLister lister;
+  const UniqueDir directory = openDirectory(AT_FDCWD, std::string(folder).c_str());
+  ListingFilter filter;
+  filter.linkedFolders = true;
+  if (!directory || !lister.list(*directory, filter)) throwListingError(errno, folder);
+  FolderContents contents;
+  contents.files.assign(lister.files().begin(), lister.files().end());
+  for (const std::string_view name : lister.folders()) {
+    if (name != lostAndFound || !isDriveRoot(folder)) contents.folders.emplace_back(name);
+  }
+  return contents;
+}
+
+bool LinuxFiles::walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name),
+                      const FileVisitor& found, const FileVisitor& entered) {
+  const auto skip = [this](std::string_view parent, std::string_view name) {
+    return name == lostAndFound && isDriveRoot(parent);
+  };
+  DirectoryPrefetcher directories(folder, depth, wanted, skip);
+  std::string path;
+  bool first = true;
+  while (const DirectoryPrefetcher::Directory* directory = directories.next()) {
+    const bool isSubfolder = !std::exchange(first, false);
+    if (directory->openError != 0) {
+      // A subfolder may have been removed, or replaced by a file, since its parent was listed.
+      if (isSubfolder && isNotFound(directory->openError)) continue;
+      throwListingError(directory->openError, directory->path);
+    }
+    if (!entered(directory->path)) return false;
+    if (directory->readError != 0) throwListingError(directory->readError, directory->path);
+    path = directory->path;
+    if (!path.ends_with('/')) path += '/';
+    const std::size_t folderLength = path.size();
+    for (const std::string_view name : directory->names->files()) {
+      path.resize(folderLength);
+      path += name;
+      if (!found(path)) return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace plimo

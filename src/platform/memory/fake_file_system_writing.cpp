@@ -1,0 +1,118 @@
+// Replacing, deleting and copying files.
+#include <utility>
+
+#include "platform/memory/fake_file_system.h"
+
+namespace plimo {
+
+namespace {
+
+bool isValidName(std::string_view name) { return name.find_first_of("\"*/:<>?|") == std::string_view::npos; }
+
+}  // namespace
+
+class FakeFileSystem::Replacement : public FileReplacement {
+ public:
+  Replacement(FakeFileSystem& files, std::string_view path, Force force) : files_(files), path_(path), force_(force) {}
+
+  void write(std::string_view bytes) override {
+    files_.step(path_);
+    if (!bytes.empty()) throwIfDiskFull();
+    content_.append(bytes);
+  }
+
+  void commit() override {
+    files_.step(path_);
+    throwIfDiskFull();
+    Location location = locateAgain();
+    if (location.node && force_ == Force::yes) {  // removes the old spelling too
+      location.parent->remove(*location.node);
+      location.node = nullptr;
+    }
+    FakeNode& file = location.node ? *location.node : location.parent->add(FakeNode::Kind::file, location.name);
+    file.size = content_.size();
+    file.content = std::make_shared<const std::string>(std::move(content_));
+    file.fileFlags.readOnly = false;
+  }
+
+ private:
+  void throwIfDiskFull() const {
+    const Location location = files_.locate(path_);
+    if (location.disk && location.disk->full) throw RuntimeError(ErrorNumber::diskFull, path_);
+  }
+
+  // The disk may have changed since replaceFile; the only error of a commit is then 75.
+  Location locateAgain() const {
+    try {
+      return files_.locateForReplacing(path_, force_);
+    } catch (const RuntimeError&) {
+      throw RuntimeError(ErrorNumber::pathFileAccess, path_);
+    }
+  }
+
+  FakeFileSystem& files_;
+  std::string path_;
+  Force force_;
+  std::string content_;
+};
+
+FakeFileSystem::Location FakeFileSystem::locateForReplacing(std::string_view path, Force force) const {
+  const auto throwError = [&](ErrorNumber number) { throw RuntimeError(number, std::string(path)); };
+  Location location = locate(path);
+  if (location.disk && !location.disk->ready) throwError(ErrorNumber::diskNotReady);
+  if (location.node && location.node->isFolder()) throwError(ErrorNumber::pathFileAccess);
+  if (!location.parent) throwError(ErrorNumber::pathNotFound);
+  if (path.ends_with('\\')) throwError(ErrorNumber::pathFileAccess);
+  if (!isValidName(location.name)) throwError(ErrorNumber::badFileName);
+  if (location.parent->folderFlags.unwritable) throwError(ErrorNumber::pathFileAccess);
+  if (location.node && location.node->fileFlags.readOnly && force == Force::no) throwError(ErrorNumber::pathFileAccess);
+  if (location.node && location.node->fileFlags.locked) throwError(ErrorNumber::permissionDenied);
+  return location;
+}
+
+std::unique_ptr<FileReplacement> FakeFileSystem::replaceFile(std::string_view path, Force force) {
+  step(path);
+  locateForReplacing(path, force);
+  return std::make_unique<Replacement>(*this, path, force);
+}
+
+void FakeFileSystem::deleteFile(std::string_view path, Force force) {
+  step(path);
+  const Location location = locateVisible(path);
+  if (!location.node || location.node->isFolder()) throw RuntimeError(ErrorNumber::fileNotFound, std::string(path));
+  const FileFlags flags = location.node->fileFlags;
+  if (flags.locked || (flags.readOnly && force == Force::no) || location.parent->folderFlags.unwritable) {
+    throw RuntimeError(ErrorNumber::permissionDenied, std::string(path));
+  }
+  location.parent->remove(*location.node);
+}
+
+void FakeFileSystem::copyFile(std::string_view from, std::string_view to, bool overwrite,
+                              const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress) {
+  step(from);
+  const auto throwError = [](ErrorNumber number, std::string_view path) {
+    throw RuntimeError(number, std::string(path));
+  };
+  const FakeNode* source = findFile(from);
+  if (!source) throwError(ErrorNumber::fileNotFound, from);
+  if (source->fileFlags.locked || source->fileFlags.unreadable) throwError(ErrorNumber::permissionDenied, from);
+
+  const Location location = locateVisible(to);
+  if (location.node == source || (location.node && location.node->isFolder()))
+    throwError(ErrorNumber::permissionDenied, to);
+  if (!location.parent || to.ends_with('\\')) throwError(ErrorNumber::pathNotFound, to);
+  if (!isValidName(location.name)) throwError(ErrorNumber::badFileName, to);
+  if (location.node && !overwrite) throwError(ErrorNumber::fileExists, to);
+  if (location.parent->folderFlags.unwritable) throwError(ErrorNumber::permissionDenied, to);
+  if (location.node && (location.node->fileFlags.readOnly || location.node->fileFlags.locked))
+    throwError(ErrorNumber::permissionDenied, to);
+  if (location.disk->full) throwError(ErrorNumber::diskFull, to);
+
+  if (progress) progress(source->size, source->size);
+  FakeNode& target = location.node ? *location.node : location.parent->add(FakeNode::Kind::file, location.name);
+  target.content = source->content;
+  target.size = source->size;
+  target.fileFlags = source->fileFlags;
+}
+
+}  // namespace plimo
