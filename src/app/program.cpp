@@ -1,5 +1,10 @@
 #include "app/program.h"
 
+#include "catalogue/catalogue_file.h"
+#include "playlists/m3u.h"
+#include "settings/settings_file.h"
+#include "settings/winamp_path.h"
+
 namespace plimo {
 
 Program::Program(Platform platform)
@@ -25,7 +30,37 @@ void Program::loadMainWindow() {
 void Program::failed(const RuntimeError& error) {
   platform_.dialogs.report(error);
   form1_.forgetOtherDrives();
-  if (startingUp_) finish(1);
+  if (!startingUp_) return;
+  offerToStartAnew(error);
+  finish(startsAnew_ ? 0 : 1);
+}
+
+// The state file that the error names, else the settings, is moved aside, so that nobody is locked out by a damaged
+// file.
+void Program::offerToStartAnew(const RuntimeError& error) {
+  const std::string folder = platform_.files.currentDirectory();
+  std::string_view name = settingsName;
+  for (const std::string_view stateFile : {catalogueName, winampPathName, defaultPlaylistName}) {
+    if (platform_.files.sameFile(error.path(), platform_.files.join(folder, stateFile))) name = stateFile;
+  }
+  const std::string path = platform_.files.join(folder, name);
+  if (!platform_.files.fileExists(path)) return;
+  const std::string kept = std::string(name) + ".old";
+  if (!platform_.dialogs.askToStartAnew("Start anew without this file? It is kept as " + kept +
+                                        "; songs and playlists are not touched.")) {
+    return;
+  }
+  try {
+    const std::string target = platform_.files.join(folder, kept);
+    deleteIfPresent(platform_.files, target);
+    if (!platform_.files.moveFile(path, target)) {
+      platform_.files.copyFile(path, target, true);
+      platform_.files.deleteFile(path, Force::yes);
+    }
+    startsAnew_ = true;
+  } catch (const RuntimeError& failure) {
+    platform_.dialogs.report(failure);
+  }
 }
 
 void Program::finish(int status) {

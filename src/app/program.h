@@ -30,17 +30,21 @@ class Program {
   // Loads the splash window, and the main window unless the splash animation comes first.
   void start();
   bool running() const { return running_; }
+  // True if the start-up has failed and the user wants to start anew: the shell creates a new program and starts it.
+  bool startsAnew() const { return startsAnew_; }
   int status() const { return status_; }
 
  private:
   void loadMainWindow();
   void failed(const RuntimeError& error);
+  void offerToStartAnew(const RuntimeError& error);
   void finish(int status);
 
   Platform platform_;
   Dispatcher dispatcher_;
   bool running_ = false;
   bool startingUp_ = false;
+  bool startsAnew_ = false;
   int status_ = 0;
   Form1 form1_;
   FrmSplash splash_;

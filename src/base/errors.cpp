@@ -1,5 +1,7 @@
 #include "base/errors.h"
 
+#include "base/text.h"
+
 namespace plimo {
 
 const char* describe(ErrorNumber number) {
@@ -36,7 +38,7 @@ const char* describe(ErrorNumber number) {
 
 std::string RuntimeError::report() const {
   std::string text = "Run-time error '" + std::to_string(static_cast<int>(number_)) + "':\r\n\r\n" + what();
-  if (!path_.empty()) text += "\r\n" + path_;
+  if (!path_.empty()) text += "\r\n" + elideMiddle(path_, longestShownText);
   return text;
 }
 

@@ -37,6 +37,8 @@ std::string counted(std::size_t count, std::string_view noun);
 
 // The text, with its middle replaced by "..." if it is longer than `most` bytes; never cuts a UTF-8 sequence in two.
 std::string elideMiddle(std::string_view text, std::size_t most);
+// Titles and paths longer than this are elided when they are shown, in bytes.
+inline constexpr std::size_t longestShownText = 500;
 
 // The bytes as valid UTF-8: each byte that is not part of a valid sequence becomes U+FFFD.
 std::string toValidUtf8(std::string_view bytes);

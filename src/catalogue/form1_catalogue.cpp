@@ -70,7 +70,8 @@ void Form1::listArtists(Artists source) {
     if (source == Artists::read) artists_ = distinctArtists(platform.files, path);
     const std::vector<std::string_view> texts(artists_.begin(), artists_.end());
     List2.addAll(texts);
-    for (Picture* picture : {&Picture1, &Picture2, &Picture3, &Picture7}) picture->setVisible(true);
+    foldAllStrips();  // shows the closed handles
+    Picture7.setVisible(true);
     List1.setVisible(true);
     List2.setVisible(true);
     // A return to the large view shows its list whatever the other one contains.

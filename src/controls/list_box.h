@@ -109,6 +109,9 @@ class ListBox : public Control {
   // current. Raises click once.
   void userSelect(std::span<const std::size_t> rows);
   void userTick(std::size_t row, bool ticked);
+  // Flips the selection of one row of a multi-selection list and keeps that of the others.
+  void userToggle(std::size_t row);
+  void userSelectAll();
   void userDoubleClick();
   // One character: a letter, blank (32), Enter (13), Esc (27) or Backspace (8). Blank toggles the current row's tick in
   // a check-box list.

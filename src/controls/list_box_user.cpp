@@ -100,7 +100,29 @@ void ListBox::userKey(char key) {
     userTick(*current_, !selected(*current_));
     return;
   }
-  if (keyPress) raise([this, key] { keyPress(key); });
+  if (keyPress) {
+    raise([this, key] { keyPress(key); });
+  } else if (key == ' ' && current_) {
+    userToggle(*current_);
+  }
+}
+
+void ListBox::userToggle(std::size_t row) {
+  takeFocus();
+  if (style_ != Style::multiSelection || row >= rows_.size()) return;
+  setState(row, !selected(row));
+  anchor_ = row;
+  setCurrent(row);
+  raise(click);
+  form().dispatcher().flush();
+}
+
+void ListBox::userSelectAll() {
+  takeFocus();
+  if (style_ != Style::multiSelection) return;
+  for (std::size_t row = 0; row < rows_.size(); ++row) setState(row, true);
+  raise(click);
+  form().dispatcher().flush();
 }
 
 void ListBox::userRightDown() {

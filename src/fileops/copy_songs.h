@@ -31,8 +31,8 @@ using PresentFile = std::function<void(std::string_view name)>;
 
 // Copies the files of all records that match the names into the folder: in the names' order, each name's in record
 // order. A file whose name is already there is not copied. Throws if the catalogue cannot be read, 53 if the first file
-// to be copied does not exist, 76 if the folder does not exist by then; after the first file, failures are only counted.
-// Ends early if the user cancels.
+// to be copied does not exist, 76 if the folder does not exist by then; after the first file, failures are only
+// counted. Ends early if the user cancels.
 CopyResult copySongs(FileSystemObject& files, Progress& progress, const std::string& catalogue,
                      const CopyRequest& request, const std::string& folder, const PresentFile& present);
 

@@ -23,8 +23,9 @@ SongFiles countSongFiles(FileSystemObject& files, const std::string& catalogue,
 
 // Deletes the files of all records that match the names: in the names' order, each name's in record order. Only files
 // named like songs are deleted; any other one counts as a file that does not exist. A read-only file stays. The first
-// failure is thrown and ends it: the catalogue cannot be read, a file does not exist (for a name listed twice, the second
-// time) or may not be deleted. Without names nothing is read. `deleted` counts the files deleted, also if it throws.
+// failure is thrown and ends it: the catalogue cannot be read, a file does not exist (for a name listed twice, the
+// second time) or may not be deleted. Without names nothing is read. `deleted` counts the files deleted, also if it
+// throws.
 void deleteSongs(FileSystemObject& files, Progress& progress, const std::string& catalogue,
                  std::span<const std::string_view> names, std::size_t& deleted);
 

@@ -1,6 +1,7 @@
 // Copies the files of the selected songs: the panel that asks for the folder, and the command.
 #include <vector>
 
+#include "base/text.h"
 #include "catalogue/catalogue_file.h"
 #include "fileops/copy_songs.h"
 #include "window/form1.h"
@@ -36,7 +37,8 @@ void showDriveOf(DriveList& drives, const FolderList& folder) {
 PresentFile presentFileMessages(Dialogs& dialogs) {
   return [&dialogs, first = true, silent = false](std::string_view name) mutable {
     if (silent) return;
-    const std::string text = std::string("This file ").append(name).append(" is already present in the destination folder!");
+    const std::string text =
+        std::string("This file ").append(name).append(" is already present in the destination folder!");
     if (first) {
       dialogs.message(text);
     } else {
@@ -52,6 +54,7 @@ void Form1::cop_Click() {
   Drive2.refresh();
   if (Dir2.path().empty() || !showNearestFolder(platform.files, Dir2, Dir2.path())) Dir2.setPath(defdir);
   showDriveOf(Drive2, Dir2);
+  showCopyTarget();
   leaveCompactLayout();
   finalList().setVisible(false);
   for (ListBox* list : {&List1, &List2}) list->setVisible(false);
@@ -60,9 +63,14 @@ void Form1::cop_Click() {
   Frame4.setVisible(true);
 }
 
-void Form1::Drive2_Change() { showDrive(Drive2, Dir2); }
+void Form1::showCopyTarget() { CopyTarget.setCaption("Copies go to " + elideMiddle(Dir2.path(), longestShownText)); }
 
-void Form1::Dir2_Change() {}
+void Form1::Drive2_Change() {
+  showDrive(Drive2, Dir2);
+  showCopyTarget();
+}
+
+void Form1::Dir2_Change() { showCopyTarget(); }
 
 void Form1::Command6_Click() {
   Command6.setCaption("Please Wait");
@@ -71,9 +79,8 @@ void Form1::Command6_Click() {
   if (!List1.empty()) {
     const std::string folder = Dir2.path();
     const std::vector<std::string_view> names = List1.selectedTexts();
-    const CopyResult result =
-        copySongs(platform.files, platform.progress, ownFile(catalogueName),
-                  {names, List1.selected(0)}, folder, presentFileMessages(platform.dialogs));
+    const CopyResult result = copySongs(platform.files, platform.progress, ownFile(catalogueName),
+                                        {names, List1.selected(0)}, folder, presentFileMessages(platform.dialogs));
     status = copyStatus(result, folder);
   }
   Command7_Click();

@@ -56,8 +56,7 @@ void Form1::deleteFilesOf(const ListBox& list, const char* failureMessage) {
 }
 
 void Form1::offerScan() {
-  if (!platform.dialogs.question(
-          "The Files have been deleted! Do you want to re-scan your hard drive for Mp3s? ")) {
+  if (!platform.dialogs.question("The Files have been deleted! Do you want to re-scan your hard drive for Mp3s? ")) {
     return;
   }
   if (Option4.value()) {

@@ -15,14 +15,13 @@ std::string Form1::currentSong() {
   return *path;
 }
 
-// In one step if the machine can; otherwise the old file is deleted only after the new one is complete. False if the user
-// has closed the window meanwhile: nothing has changed then.
+// In one step if the machine can; otherwise the old file is deleted only after the new one is complete. False if the
+// user has closed the window meanwhile: nothing has changed then.
 bool Form1::moveSong(const std::string& from, const std::string& to) {
   if (platform.files.moveFile(from, to)) return true;
   ProgressScope scope(platform.progress, Task::copy);
   const bool complete = platform.files.copyFile(from, to, true, [&](std::uint64_t copied, std::uint64_t size) {
-    return scope.update(
-        {.done = 1, .total = 1, .name = platform.files.fileName(to), .bytes = copied, .size = size});
+    return scope.update({.done = 1, .total = 1, .name = platform.files.fileName(to), .bytes = copied, .size = size});
   });
   if (complete) platform.files.deleteFile(from, Force::no);
   return complete;

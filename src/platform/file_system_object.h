@@ -154,7 +154,8 @@ class FileSystemObject {
   virtual bool copyFile(std::string_view from, std::string_view to, bool overwrite,
                         const CopyProgress& progress = {}) = 0;
   // Renames a file, replacing `to`; the outcome is that of copying it over `to` and deleting it, without room for a
-  // second copy. Returns false, and changes nothing, if the machine cannot do it in one step (two file systems, a link).
+  // second copy. Returns false, and changes nothing, if the machine cannot do it in one step (two file systems, a link)
+  // or if the old file is read-only.
   // Throws as copyFile and deleteFile do.
   virtual bool moveFile(std::string_view from, std::string_view to) = 0;
 };

@@ -1,6 +1,7 @@
 // Opens a playlist and saves the final one.
 #include <optional>
 
+#include "base/text.h"
 #include "catalogue/catalogue_join.h"
 #include "catalogue/song_lookup.h"
 #include "catalogue/song_name.h"
@@ -133,11 +134,12 @@ void Form1::Command4_Click() {
       break;
     }
   }
-  const SongPaths paths = writePlaylist(platform.files, target, Force::yes, ownFile(catalogueName), List4.texts());
+  const SavedPlaylist saved = writePlaylist(platform.files, target, Force::yes, ownFile(catalogueName), List4.texts());
   const std::string standard = ownFile(defaultPlaylistName);
   if (makeDefault && !platform.files.sameFile(target, standard)) {
-    writePlaylist(*platform.files.replaceFile(standard, Force::yes), paths, List4.count());
+    writePlaylist(*platform.files.replaceFile(standard, Force::yes), saved.paths, List4.count());
   }
+  setStatus(counted(saved.lines, "song") + " saved to " + std::string(platform.files.fileName(target)));
 }
 
 void Form1::open_Click() { Command3_Click(); }

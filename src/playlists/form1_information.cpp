@@ -1,4 +1,5 @@
 // Row counts as tooltips, the information box, the hotkeys help.
+#include "base/text.h"
 #include "catalogue/song_lookup.h"
 #include "window/form1.h"
 
@@ -28,7 +29,7 @@ void Form1::info_Click() {
     path = firstPath(platform.files, catalogue, List1.text(*row)).value_or(std::string());
   }
   const std::uint64_t size = !path.empty() && platform.files.fileExists(path) ? platform.files.fileSize(path) : 0;
-  platform.dialogs.message("The Selected file is " + path + blankLine +                                          //
+  platform.dialogs.message("The Selected file is " + elideMiddle(path, longestShownText) + blankLine +           //
                            "The Size of the file is " + std::to_string(size) + " bytes" + blankLine +            //
                            "Total Number of artists = " + std::to_string(List2.count()) + blankLine +            //
                            "Total Number of songs in the Scratch playlist = " + std::to_string(List1.count()) +  //

@@ -19,12 +19,12 @@ std::vector<std::string_view> readPlaylist(std::string_view content, const std::
   return values;
 }
 
-SongPaths writePlaylist(FileSystemObject& files, const std::string& playlist, Force force, const std::string& catalogue,
-                        std::span<const std::string_view> songs) {
+SavedPlaylist writePlaylist(FileSystemObject& files, const std::string& playlist, Force force,
+                            const std::string& catalogue, std::span<const std::string_view> songs) {
   const auto file = files.replaceFile(playlist, force);  // a target that cannot be written is reported first
   SongPaths paths(files, catalogue, songs);
-  writePlaylist(*file, paths, songs.size());
-  return paths;
+  const std::size_t lines = writePlaylist(*file, paths, songs.size());
+  return {std::move(paths), lines};
 }
 
 std::size_t writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t songs) {

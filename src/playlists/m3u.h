@@ -23,13 +23,19 @@ bool isPlaylistFile(std::string_view name);
 // if quotes had to be removed. `path` is the file named in errors.
 std::vector<std::string_view> readPlaylist(std::string_view content, const std::string& path, StringArena& unescaped);
 
-// Replaces the playlist by the paths of all records of each song, in order; a song without a record is left out. The
-// catalogue is read once, to its end; without songs, not at all. Returns the paths, so that they can be written again.
-// Throws as reading the catalogue and writing the playlist do; the old playlist stays then.
-SongPaths writePlaylist(FileSystemObject& files, const std::string& playlist, Force force, const std::string& catalogue,
-                        std::span<const std::string_view> songs);
+struct SavedPlaylist {
+  SongPaths paths;  // to write them again
+  std::size_t lines = 0;
+};
 
-// Writes the paths of the first `songs` songs and commits the file. Returns the number of paths. Throws as writing does.
+// Replaces the playlist by the paths of all records of each song, in order; a song without a record is left out. The
+// catalogue is read once, to its end; without songs, not at all. Throws as reading the catalogue and writing the
+// playlist do; the old playlist stays then.
+SavedPlaylist writePlaylist(FileSystemObject& files, const std::string& playlist, Force force,
+                            const std::string& catalogue, std::span<const std::string_view> songs);
+
+// Writes the paths of the first `songs` songs and commits the file. Returns the number of paths. Throws as writing
+// does.
 std::size_t writePlaylist(FileReplacement& file, const SongPaths& paths, std::size_t songs);
 
 }  // namespace plimo

@@ -28,6 +28,7 @@ void Form1::Preferences_Click() {
   List5.clear();
   fillDrives(List5);
   tickDrivesToScan();
+  setFocus(Option5.value() ? &Option5 : &Option4);
 }
 
 void Form1::showSettings() {

@@ -66,6 +66,14 @@ void expectTick(Session& session, const Line& line, std::string_view wanted) {
 void checked(Session& session, const Line& line) { expectTick(session, line, "checked"); }
 void unchecked(Session& session, const Line& line) { expectTick(session, line, "unchecked"); }
 
+// `manner`: "starts" or "ends"; empty for the whole text.
+void expectText(Session& session, const std::string& what, const std::string& manner, const std::string& text,
+                std::string_view got) {
+  const bool holds = manner.empty() ? got == text : manner == "starts" ? got.starts_with(text) : got.ends_with(text);
+  if (holds) return;
+  session.reporter.fail(what + (manner.empty() ? "" : " that " + manner + " with") + " " + quoted(text), quoted(got));
+}
+
 void caption(Session& session, const Line& line) {
   const std::string& name = line.arguments[0];
   std::string_view got;
@@ -81,12 +89,17 @@ void caption(Session& session, const Line& line) {
     if (control == nullptr) return;
     got = control->caption();
   }
-  const std::string& text = line.arguments.back();
-  const std::string manner = line.arguments.size() == 3 ? line.arguments[1] : "";
-  const bool holds = manner.empty() ? got == text : manner == "starts" ? got.starts_with(text) : got.ends_with(text);
-  if (holds) return;
-  session.reporter.fail(
-      "the caption of " + name + (manner.empty() ? "" : " that " + manner + " with") + " " + quoted(text), quoted(got));
+  expectText(session, "the caption of " + name, line.arguments.size() == 3 ? line.arguments[1] : "",
+             line.arguments.back(), got);
+}
+
+void status(Session& session, const Line& line) {
+  if (!session.run) {
+    session.reporter.fail("the program to have been started", "no start");
+    return;
+  }
+  expectText(session, "the status", line.arguments.size() == 2 ? line.arguments[0] : "", line.arguments.back(),
+             session.run->program.form1().status());
 }
 
 void was(Session& session, const Line& line) {
@@ -233,6 +246,7 @@ constexpr std::array commands{
     Command{"expect checked", "BOX+", checked},
     Command{"expect unchecked", "BOX+", unchecked},
     Command{"expect caption", "WINDOWOR starts|ends? TEXT", caption},
+    Command{"expect status", "starts|ends? TEXT", status},
     Command{"expect was", "WINDOWOR TEXT", was},
     Command{"expect tooltip", "CONTROL TEXT", tooltip},
     Command{"expect colours", "CONTROL WHOLE WHOLE", colours},

@@ -27,7 +27,9 @@ std::string describe(const ScriptedDialogs::Box& box) {
 // Removes the oldest box and compares it with the line's text.
 void expectBox(Session& session, const Line& line, bool question) {
   const std::string expected = (question ? "the question " : "the message ") + quoted(textOf(line));
-  if (session.dialogs.boxes.empty()) {
+  auto& boxes = session.dialogs.boxes;
+  while (!boxes.empty() && boxes.front().optional && boxes.front().text != textOf(line)) boxes.pop_front();
+  if (boxes.empty()) {
     session.reporter.fail(expected, "none");
     return;
   }
@@ -35,14 +37,24 @@ void expectBox(Session& session, const Line& line, bool question) {
   session.dialogs.boxes.pop_front();
   session.titleExpected = programName;
   session.boxExpected = true;
+  session.detailsExpected = box.details;
   if (box.text != textOf(line) || (question && !box.question)) session.reporter.fail(expected, describe(box));
 }
 
 void message(Session& session, const Line& line) { expectBox(session, line, false); }
 void question(Session& session, const Line& line) { expectBox(session, line, true); }
 
+void details(Session& session, const Line& line) {
+  const std::string& expected = line.arguments[0];
+  if (session.boxExpected && session.detailsExpected == expected) return;
+  session.reporter.fail("the details " + quoted(expected),
+                        session.boxExpected ? quoted(session.detailsExpected) : "no box expected before");
+}
+
 void noMessage(Session& session, const Line&) {
-  if (!session.dialogs.boxes.empty()) session.reporter.fail("no message", describe(session.dialogs.boxes.front()));
+  auto& boxes = session.dialogs.boxes;
+  while (!boxes.empty() && boxes.front().optional) boxes.pop_front();
+  if (!boxes.empty()) session.reporter.fail("no message", describe(session.dialogs.boxes.front()));
 }
 
 void prompt(Session& session, const Line& line) {
@@ -127,6 +139,7 @@ constexpr std::array commands{
     Command{"expect prompt", "TEXT?", prompt, Block::insteadOfText},
     Command{"expect proposed", "TEXT", proposed},
     Command{"expect titled", "TEXT", titled},
+    Command{"expect details", "TEXT", details},
     Command{"expect dialog", "TEXT TEXT TEXT", dialog},
     Command{"expect error", "COUNT? / COUNT TEXT", error},
     Command{"expect no error", "", noError},

@@ -6,9 +6,24 @@
 
 namespace plimo::scenario {
 
-bool ScriptedDialogs::question(const std::string& text) {
-  boxes.push_back({text, true});
-  return take(Answer::Kind::question, "the question " + quoted(text)).has_value();
+bool ScriptedDialogs::ask(const Question& question) {
+  boxes.push_back({question.text, true, question.details});
+  return take(Answer::Kind::question, "the question " + quoted(question.text)).has_value();
+}
+
+FolderAnswer ScriptedDialogs::askAboutFolder(const std::string&) {
+  if (folderAnswers.empty()) return FolderAnswer::stop;
+  const FolderAnswer answer = folderAnswers.front();
+  folderAnswers.pop_front();
+  return answer;
+}
+
+bool ScriptedDialogs::askToStartAnew(const std::string& text) {
+  boxes.push_back({text, true, {}, true});
+  if (startAnewAnswers.empty()) return false;
+  const bool answer = startAnewAnswers.front();
+  startAnewAnswers.pop_front();
+  return answer;
 }
 
 std::string ScriptedDialogs::input(const std::string& title, const std::string& prompt, const std::string& proposed) {

@@ -25,6 +25,8 @@ class ScriptedDialogs : public Dialogs {
   struct Box {
     std::string text;
     bool question = false;
+    std::string details = {};
+    bool optional = false;  // need not be expected
   };
   struct InputBox {
     std::string title, prompt, proposed;
@@ -37,6 +39,10 @@ class ScriptedDialogs : public Dialogs {
   // Not taken yet.
   const std::deque<Answer>& answers() const { return answers_; }
 
+  // Answers to the questions of a scan about folders and after a failed start-up, which have queues of their own.
+  std::deque<FolderAnswer> folderAnswers;
+  std::deque<bool> startAnewAnswers;
+
   // Shown and not expected yet, oldest first.
   std::deque<Box> boxes;
   std::deque<FileDialog> fileDialogs;
@@ -45,7 +51,13 @@ class ScriptedDialogs : public Dialogs {
   std::vector<InputBox> inputs;
 
   void message(const std::string& text) override { boxes.push_back({text, false}); }
-  bool question(const std::string& text) override;
+  bool repeatedMessage(const std::string& text) override {
+    message(text);
+    return false;
+  }
+  bool ask(const Question& question) override;
+  FolderAnswer askAboutFolder(const std::string& folder) override;
+  bool askToStartAnew(const std::string& text) override;
   std::string input(const std::string& title, const std::string& prompt, const std::string& proposed) override;
   std::optional<std::string> openFile(const FileDialog& dialog) override;
   std::optional<std::string> saveFile(const FileDialog& dialog) override;

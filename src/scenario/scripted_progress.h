@@ -1,36 +1,53 @@
-// The Cancel button of the scan's progress panel.
+// The Cancel button of the scan's progress panel, and the window closed during a scan.
 #pragma once
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <optional>
 
 #include "platform/progress.h"
 
 namespace plimo::scenario {
 
+// What the user does once a scan has found this number of songs.
+struct ScanAnswer {
+  std::size_t songs = 0;
+  bool closes = false;  // the window; else presses Cancel
+};
+
 class ScriptedProgress : public Progress {
  public:
-  // Cancels the next scan once it has found this number of songs.
-  void queueCancel(std::size_t songs) { cancels_.push_back(songs); }
-  // Those that no scan has taken yet.
-  const std::deque<std::size_t>& cancels() const { return cancels_; }
+  // For the next scan that has none yet.
+  void queue(ScanAnswer answer) { answers_.push_back(answer); }
+  // Not taken by a scan yet.
+  const std::deque<ScanAnswer>& answers() const { return answers_; }
+
+  // Closes the main window.
+  std::function<void()> close;
 
   void begin(Task task) override {
-    done_ = 0;
-    cancelAt_.reset();
-    if (task != Task::scan || cancels_.empty()) return;
-    cancelAt_ = cancels_.front();
-    cancels_.pop_front();
+    cancelled_ = false;
+    answer_.reset();
+    if (task != Task::scan || answers_.empty()) return;
+    answer_ = answers_.front();
+    answers_.pop_front();
   }
-  void update(const ProgressUpdate& update) override { done_ = update.done; }
-  void end() override { cancelAt_.reset(); }
-  bool cancelled() const override { return cancelAt_ && done_ >= *cancelAt_; }
+  void update(const ProgressUpdate& update) override {
+    if (cancelled_ || !answer_ || update.done < answer_->songs) return;
+    cancelled_ = true;
+    if (answer_->closes) close();
+  }
+  void end() override {
+    cancelled_ = false;
+    answer_.reset();
+  }
+  bool cancelled() const override { return cancelled_; }
 
  private:
-  std::deque<std::size_t> cancels_;
-  std::optional<std::size_t> cancelAt_;
-  std::size_t done_ = 0;
+  std::deque<ScanAnswer> answers_;
+  std::optional<ScanAnswer> answer_;
+  bool cancelled_ = false;
 };
 
 }  // namespace plimo::scenario

@@ -61,6 +61,7 @@ class ScriptedWindow : public FormHost {
 
   void show(Form& form) override { fit(form); }
   void unload(Form&) override {}
+  void statusChanged(Form&) override {}
   void captionChanged(Form& form) override { captions.record(form.caption()); }
   void stateChanged(Form& form) override { fit(form); }
   void resizeTo(Form& form, double width, double height) override;

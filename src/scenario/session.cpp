@@ -38,6 +38,7 @@ void Session::execute(const Scenario& scenario) {
     reporter.setLocation(line.location);
     try {
       line.command->run(*this, line);
+      startAnewIfAsked();
     } catch (const std::exception& error) {
       reporter.fail("the line to succeed", error.what());
     }
@@ -53,7 +54,12 @@ void Session::start() {
   run = std::make_unique<Run>(files, dialogs, launcher, progress, screen, designs);
   run->player.setDuration(duration);
   run->player.setCurrentPosition(position);
+  progress.close = [this] { run->program.form1().userClose(); };
   run->program.start();
+}
+
+void Session::startAnewIfAsked() {
+  while (run && run->program.startsAnew()) start();
 }
 
 Control* Session::control(const std::string& name) {
@@ -101,6 +107,7 @@ std::deque<std::string>& Session::opened() {
 
 void Session::reportLeftovers() {
   for (const ScriptedDialogs::Box& box : dialogs.boxes) {
+    if (box.optional) continue;
     reporter.fail("no further box", (box.question ? "the question " : "the message ") + quoted(box.text));
   }
   for (const RuntimeError& error : dialogs.errors) {
@@ -111,9 +118,12 @@ void Session::reportLeftovers() {
   }
   for (const std::string& path : opened()) reporter.fail("no further opening by the player", quoted(path));
   for (const Answer& answer : dialogs.answers()) reporter.fail("every answer to be taken", answer.spelling);
-  for (const std::size_t songs : progress.cancels()) {
-    reporter.fail("every answer to be taken", "answer scan cancel " + std::to_string(songs));
+  for (const ScanAnswer& answer : progress.answers()) {
+    reporter.fail("every answer to be taken",
+                  (answer.closes ? "answer scan close " : "answer scan cancel ") + std::to_string(answer.songs));
   }
+  if (!dialogs.folderAnswers.empty()) reporter.fail("every answer to be taken", "an answer to a folder of a scan");
+  if (!dialogs.startAnewAnswers.empty()) reporter.fail("every answer to be taken", "answer anew");
 }
 
 }  // namespace plimo::scenario

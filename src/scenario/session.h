@@ -63,6 +63,7 @@ class Session {
   // --- The program ---
   std::unique_ptr<Run> run;  // null before the first start
   void start();
+  void startAnewIfAsked();
   bool running() const { return run && run->program.running(); }
 
   // The control of this name. Before the first start: a failed expectation, and null.
@@ -80,6 +81,7 @@ class Session {
   std::size_t promptsExpected = 0;    // of dialogs.inputs
   std::size_t proposalsExpected = 0;  // the same
   std::string titleExpected;          // the title of the box expected last
+  std::string detailsExpected;        // the details of the box expected last
   bool boxExpected = false;           // any box has been expected
 
  private:

@@ -213,8 +213,19 @@ void answerOpen(Session& session, const Line& line) { answerBox(session, line, A
 void answerSave(Session& session, const Line& line) { answerBox(session, line, Answer::Kind::save); }
 
 void answerScanCancel(Session& session, const Line& line) {
-  session.progress.queueCancel(static_cast<std::size_t>(*parseInteger(line.arguments[0])));
+  session.progress.queue({static_cast<std::size_t>(*parseInteger(line.arguments[0])), false});
 }
+
+void answerScanClose(Session& session, const Line& line) {
+  session.progress.queue({static_cast<std::size_t>(*parseInteger(line.arguments[0])), true});
+}
+
+void answerSkip(Session& session, const Line&) { session.dialogs.folderAnswers.push_back(FolderAnswer::skip); }
+void answerSkipAll(Session& session, const Line&) { session.dialogs.folderAnswers.push_back(FolderAnswer::skipAll); }
+void answerStop(Session& session, const Line&) { session.dialogs.folderAnswers.push_back(FolderAnswer::stop); }
+
+void answerAnewYes(Session& session, const Line&) { session.dialogs.startAnewAnswers.push_back(true); }
+void answerAnewNo(Session& session, const Line&) { session.dialogs.startAnewAnswers.push_back(false); }
 
 constexpr std::array commands{
     Command{"start", "", start},
@@ -240,6 +251,12 @@ constexpr std::array commands{
     Command{"answer open", "PATH", answerOpen},
     Command{"answer save", "PATH", answerSave},
     Command{"answer scan cancel", "COUNT", answerScanCancel},
+    Command{"answer scan close", "COUNT", answerScanClose},
+    Command{"answer skip", "", answerSkip},
+    Command{"answer skip all", "", answerSkipAll},
+    Command{"answer stop", "", answerStop},
+    Command{"answer anew yes", "", answerAnewYes},
+    Command{"answer anew no", "", answerAnewNo},
 };
 
 }  // namespace

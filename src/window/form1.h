@@ -110,7 +110,11 @@ class Form1 : public Form, public Form1Controls {
   void hidePictures();                // folds all strips and hides the handles and the play picture
   void showListFrames(bool visible);  // Shape1 to Shape3
 
+ private:
+  void moveFocusOff(std::span<CommandButton* const> buttons, ListBox& list);
+
   // --- Welcome and credits: window/form1_panels.cpp ---
+ public:
   void plimo_Click();
   void Command00_Click();
   void Command19_Click();
@@ -317,6 +321,10 @@ class Form1 : public Form, public Form1Controls {
   void Command6_Click();
   void Command7_Click();
 
+ private:
+  void showCopyTarget();
+
+ public:
   // --- Preferences: prefs/form1_preferences.cpp ---
   void Preferences_Click();
   void Check3_Click();

@@ -99,6 +99,7 @@ struct Form1Controls {
   // --- The copy panel ---
   Frame Frame4{window, "Frame4"};
   DriveList Drive2{window, "Drive2", &Frame4};          // where to copy to: the drive
+  Label CopyTarget{window, "CopyTarget", &Frame4};      // names the folder that the copies go to
   FolderList Dir2{window, "Dir2", &Frame4};             // and the folder
   CommandButton Command6{window, "Command6", &Frame4};  // copies
   CommandButton Command7{window, "Command7", &Frame4};  // closes the panel

@@ -226,7 +226,8 @@ void designPanels(Form1Controls& form) {
   put(form.Frame4, 262, listTop, 500, 520);
   form.Frame4.setCaption("Copy Files to ..");
   put(form.Drive2, 24, 44, 452, 30);
-  put(form.Dir2, 24, 84, 452, 364);
+  put(form.Dir2, 24, 84, 452, 332);
+  put(form.CopyTarget, 24, 424, 452, 30);
   put(form.Command6, 220, 468, 140, 36);
   form.Command6.setCaption("Start Copying");
   put(form.Command7, 368, 468, 108, 36);

@@ -1,4 +1,6 @@
 // Which handler answers which event: one line each.
+#include <string_view>
+
 #include "window/form1.h"
 
 namespace plimo {
@@ -10,21 +12,26 @@ struct Connection {
   void (*connect)(Form1& form);
 };
 
-#define WIRE(control, event, handler)                                                                        \
-  Connection {                                                                                               \
-    {#control "." #event, #handler},                                                                         \
-        [](Form1& form) { form.control.event = [&form](auto... arguments) { form.handler(arguments...); }; } \
+// The status line is about the last command: the next one clears it. Moving, pointing and scrolling are no commands.
+void clearStatus(Form1& form, const Control& control, std::string_view event) {
+  const bool command = event == "click" ? control.kind() != ControlKind::listBox
+                                        : event == "tick" || event == "keyPress" || event == "doubleClick";
+  if (command) form.setStatus({});
+}
+
+#define WIRE_IF(condition, control, event, handler)     \
+  Connection {                                          \
+    {#control "." #event, #handler}, [](Form1& form) {  \
+      form.control.event = [&form](auto... arguments) { \
+        if (!(condition)) return;                       \
+        clearStatus(form, form.control, #event);        \
+        form.handler(arguments...);                     \
+      };                                                \
+    }                                                   \
   }
-// For events of the three lists and their pop-up menus: in the colour editor the lists show samples, and nothing acts
-// on them.
-#define WIRE_LIST(control, event, handler)                  \
-  Connection {                                              \
-    {#control "." #event, #handler}, [](Form1& form) {      \
-      form.control.event = [&form](auto... arguments) {     \
-        if (!form.fromsettings) form.handler(arguments...); \
-      };                                                    \
-    }                                                       \
-  }
+#define WIRE(control, event, handler) WIRE_IF(true, control, event, handler)
+// For the three lists and their pop-up menus: in the colour editor the lists show samples, and nothing acts on them.
+#define WIRE_LIST(control, event, handler) WIRE_IF(!form.fromsettings, control, event, handler)
 #define WIRE_FORM(event, handler)                                                              \
   Connection {                                                                                 \
     {"Form1." #event, #handler}, [](Form1& form) { form.event = [&form] { form.handler(); }; } \
@@ -155,6 +162,7 @@ const Connection connections[] = {
 
 #undef WIRE
 #undef WIRE_LIST
+#undef WIRE_IF
 #undef WIRE_FORM
 
 }  // namespace

@@ -1,4 +1,5 @@
 // The strips of buttons above the lists: opened and closed by their handles, highlighted under the pointer.
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -59,9 +60,25 @@ void Form1::Picture4_Click() { foldArtistStrip(); }
 void Form1::Picture5_Click() { foldSongStrip(); }
 void Form1::Picture6_Click() { foldPlaylistStrip(); }
 
-void Form1::foldArtistStrip() { showStrip(artistButtons(*this), Picture1, Picture4, false); }
-void Form1::foldSongStrip() { showStrip(songButtons(*this), Picture2, Picture5, false); }
-void Form1::foldPlaylistStrip() { showStrip(playlistButtons(*this), Picture3, Picture6, false); }
+void Form1::foldArtistStrip() {
+  moveFocusOff(artistButtons(*this), List2);
+  showStrip(artistButtons(*this), Picture1, Picture4, false);
+}
+
+void Form1::foldSongStrip() {
+  moveFocusOff(songButtons(*this), List1);
+  showStrip(songButtons(*this), Picture2, Picture5, false);
+}
+
+void Form1::foldPlaylistStrip() {
+  moveFocusOff(playlistButtons(*this), finalList());
+  showStrip(playlistButtons(*this), Picture3, Picture6, false);
+}
+
+// A button that has just been pressed and is hidden leaves the keyboard to its list.
+void Form1::moveFocusOff(std::span<CommandButton* const> buttons, ListBox& list) {
+  if (list.showing() && std::find(buttons.begin(), buttons.end(), focus()) != buttons.end()) setFocus(&list);
+}
 
 void Form1::foldAllStrips() {
   foldArtistStrip();

@@ -29,8 +29,6 @@ bool isFolder(std::string_view path) {
   return statPath(path, status) && S_ISDIR(status.st_mode);
 }
 
-bool opensAsFolder(const std::string& path) { return openDirectory(AT_FDCWD, path.c_str()) != nullptr; }
-
 }  // namespace
 
 LinuxFiles::LinuxFiles(SystemPaths paths) : systemPaths_(std::move(paths)) {}
@@ -44,7 +42,7 @@ std::vector<DriveRoot> LinuxFiles::driveRoots() const {
 std::vector<Drive> LinuxFiles::drives() {
   std::vector<Drive> drives;
   for (const DriveRoot& drive : driveRoots()) {
-    drives.push_back({drive.letter, drive.type, opensAsFolder(drive.root), drive.root});
+    drives.push_back({drive.letter, drive.type, isFolder(drive.root), drive.root});
   }
   return drives;
 }
@@ -109,7 +107,7 @@ bool LinuxFiles::folderExists(std::string_view path) { return isFolder(path); }
 ErrorNumber LinuxFiles::missingFolderError(std::string_view path) const {
   const std::string normalized = normalizePath(path);
   for (const DriveRoot& drive : driveRoots()) {
-    if (folderContains(normalizePath(drive.root), normalized) && !opensAsFolder(drive.root))
+    if (folderContains(normalizePath(drive.root), normalized) && !isFolder(drive.root))
       return ErrorNumber::diskNotReady;
   }
   return ErrorNumber::pathNotFound;

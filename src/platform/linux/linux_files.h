@@ -38,15 +38,14 @@ class LinuxFiles : public FileSystemObject {
   bool fileExists(std::string_view path) override;
   bool folderExists(std::string_view path) override;
   FolderContents contents(std::string_view folder) override;
-  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FileVisitor& found,
-            const FileVisitor& entered) override;
+  bool walk(std::string_view folder, int depth, const WalkVisitor& visitor) override;
   using FileSystemObject::walk;
   std::uint64_t fileSize(std::string_view path) override;
   std::unique_ptr<FileView> openForReading(std::string_view path) override;
   std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) override;
   void deleteFile(std::string_view path, Force force) override;
-  void copyFile(std::string_view from, std::string_view to, bool overwrite,
-                const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress) override;
+  bool copyFile(std::string_view from, std::string_view to, bool overwrite, const CopyProgress& progress) override;
+  bool moveFile(std::string_view from, std::string_view to) override;
 
  private:
   std::vector<DriveRoot> driveRoots() const;
@@ -55,7 +54,7 @@ class LinuxFiles : public FileSystemObject {
   ErrorNumber missingFolderError(std::string_view path) const;
   // 53 if the file's folder exists, else as missingFolderError.
   ErrorNumber missingFileError(std::string_view path) const;
-  [[noreturn]] void throwListingError(int error, std::string_view folder) const;
+  ErrorNumber listingError(int error, std::string_view folder) const;
 
   SystemPaths systemPaths_;
   std::optional<std::vector<DriveRoot>> fixedDrives_;

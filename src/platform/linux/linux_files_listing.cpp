@@ -18,10 +18,10 @@ constexpr std::string_view lostAndFound = "lost+found";
 
 }  // namespace
 
-void LinuxFiles::throwListingError(int error, std::string_view folder) const {
-  if (isNotFound(error)) throwError(missingFolderError(folder), folder);
+ErrorNumber LinuxFiles::listingError(int error, std::string_view folder) const {
+  if (isNotFound(error)) return missingFolderError(folder);
   const bool notReady = error == EIO || error == ENXIO || error == ENOMEDIUM;
-  throwError(notReady ? ErrorNumber::diskNotReady : ErrorNumber::permissionDenied, folder);
+  return notReady ? ErrorNumber::diskNotReady : ErrorNumber::permissionDenied;
 }
 
 FolderContents LinuxFiles::contents(std::string_view folder) {
@@ -29,7 +29,7 @@ FolderContents LinuxFiles::contents(std::string_view folder) {
   const UniqueDir directory = openDirectory(AT_FDCWD, std::string(folder).c_str());
   ListingFilter filter;
   filter.linkedFolders = true;
-  if (!directory || !lister.list(*directory, filter)) throwListingError(errno, folder);
+  if (!directory || !lister.list(*directory, filter)) throwError(listingError(errno, folder), folder);
   FolderContents contents;
   contents.files.assign(lister.files().begin(), lister.files().end());
   for (const std::string_view name : lister.folders()) {
@@ -38,12 +38,11 @@ FolderContents LinuxFiles::contents(std::string_view folder) {
   return contents;
 }
 
-bool LinuxFiles::walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name),
-                      const FileVisitor& found, const FileVisitor& entered) {
+bool LinuxFiles::walk(std::string_view folder, int depth, const WalkVisitor& visitor) {
   const auto skip = [this](std::string_view parent, std::string_view name) {
     return name == lostAndFound && isDriveRoot(parent);
   };
-  DirectoryPrefetcher directories(folder, depth, wanted, skip);
+  DirectoryPrefetcher directories(folder, depth, visitor.wanted, skip);
   std::string path;
   bool first = true;
   while (const DirectoryPrefetcher::Directory* directory = directories.next()) {
@@ -51,17 +50,20 @@ bool LinuxFiles::walk(std::string_view folder, int depth, bool (*wanted)(std::st
     if (directory->openError != 0) {
       // A subfolder may have been removed, or replaced by a file, since its parent was listed.
       if (isSubfolder && isNotFound(directory->openError)) continue;
-      throwListingError(directory->openError, directory->path);
     }
-    if (!entered(directory->path)) return false;
-    if (directory->readError != 0) throwListingError(directory->readError, directory->path);
+    if (visitor.entered && !visitor.entered(directory->path)) return false;
+    if (const int failure = directory->openError != 0 ? directory->openError : directory->readError) {
+      const RuntimeError error(listingError(failure, directory->path), directory->path);
+      if (!visitor.unreadable || !visitor.unreadable(error)) throw error;
+      continue;
+    }
     path = directory->path;
     if (!path.ends_with('/')) path += '/';
     const std::size_t folderLength = path.size();
     for (const std::string_view name : directory->names->files()) {
       path.resize(folderLength);
       path += name;
-      if (!found(path)) return false;
+      if (!visitor.found(path)) return false;
     }
   }
   return true;

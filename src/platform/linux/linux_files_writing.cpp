@@ -9,6 +9,7 @@
 #include "platform/linux/atomic_file.h"
 #include "platform/linux/errno_mapping.h"
 #include "platform/linux/linux_files.h"
+#include "platform/linux/path_text.h"
 #include "platform/linux/unique_fd.h"
 
 namespace plimo {
@@ -58,16 +59,17 @@ struct CopyJob {
   int source;
   AtomicFile& target;
   std::uint64_t size;
-  const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress;
+  const CopyProgress& progress;
   std::uint64_t copied = 0;
 
-  void report(ssize_t bytes) {
+  // False if the copy is cancelled.
+  bool report(ssize_t bytes) {
     copied += static_cast<std::uint64_t>(bytes);
-    if (progress) progress(copied, size);
+    return !progress || progress(copied, size);
   }
 };
 
-enum class CopyResult { done, readFailed, writeFailed };
+enum class CopyResult { done, cancelled, readFailed, writeFailed };
 
 CopyResult copyByReadWrite(CopyJob& job) {
   std::string buffer(copyChunk, '\0');
@@ -77,7 +79,7 @@ CopyResult copyByReadWrite(CopyJob& job) {
     if (count < 0) return CopyResult::readFailed;
     if (count == 0) return CopyResult::done;
     if (!job.target.write({buffer.data(), static_cast<std::size_t>(count)})) return CopyResult::writeFailed;
-    job.report(count);
+    if (!job.report(count)) return CopyResult::cancelled;
   }
 }
 
@@ -91,8 +93,20 @@ CopyResult copyContent(CopyJob& job) {
     }
     if (count <= 0) return copyByReadWrite(job);
     if (!job.target.addAppended(count)) return CopyResult::writeFailed;
-    job.report(count);
+    if (!job.report(count)) return CopyResult::cancelled;
   }
+}
+
+// The target of a copy; throws as copyFile does.
+WriteTarget copyTarget(std::string_view to, bool overwrite) {
+  WriteTarget target;
+  if (!resolveWriteTarget(to, target)) {
+    throwError(errno == ENOTDIR ? ErrorNumber::pathNotFound : mapWriteError(errno, ErrorNumber::permissionDenied), to);
+  }
+  if (target.exists && !S_ISREG(target.status.st_mode)) throwError(ErrorNumber::permissionDenied, to);
+  if (target.exists && !overwrite) throwError(ErrorNumber::fileExists, to);
+  if (target.exists && isReadOnly(target.path, target.status)) throwError(ErrorNumber::permissionDenied, to);
+  return target;
 }
 
 }  // namespace
@@ -129,28 +143,21 @@ void LinuxFiles::deleteFile(std::string_view path, Force force) {
   }
 }
 
-void LinuxFiles::copyFile(std::string_view from, std::string_view to, bool overwrite,
-                          const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress) {
+bool LinuxFiles::copyFile(std::string_view from, std::string_view to, bool overwrite, const CopyProgress& progress) {
   if (!fileExists(from)) throwError(ErrorNumber::fileNotFound, from);
   if (sameFile(from, to)) throwError(ErrorNumber::permissionDenied, to);
   const UniqueFd source(::open(std::string(from).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   struct stat status {};
   if (!source || ::fstat(source.get(), &status) != 0) throwError(ErrorNumber::permissionDenied, from);
-
-  WriteTarget target;
-  if (!resolveWriteTarget(to, target)) {
-    throwError(errno == ENOTDIR ? ErrorNumber::pathNotFound : mapWriteError(errno, ErrorNumber::permissionDenied), to);
-  }
-  if (target.exists && !S_ISREG(target.status.st_mode)) throwError(ErrorNumber::permissionDenied, to);
-  if (target.exists && !overwrite) throwError(ErrorNumber::fileExists, to);
-  if (target.exists && isReadOnly(target.path, target.status)) throwError(ErrorNumber::permissionDenied, to);
-
+  if (!S_ISREG(status.st_mode)) throwError(ErrorNumber::fileNotFound, from);  // replaced since it was looked at
+  const WriteTarget target = copyTarget(to, overwrite);
   AtomicFile copy;
   if (!copy.create(target.path)) {
     throwError(isNotFound(errno) ? ErrorNumber::pathNotFound : mapWriteError(errno, ErrorNumber::permissionDenied), to);
   }
   CopyJob job{source.get(), copy, static_cast<std::uint64_t>(status.st_size), progress};
   const CopyResult result = copyContent(job);
+  if (result == CopyResult::cancelled) return false;
   if (result == CopyResult::readFailed) throwError(ErrorNumber::permissionDenied, from);
   if (result == CopyResult::writeFailed) throwError(mapWriteError(errno, ErrorNumber::permissionDenied), to);
   // Errors are ignored: some file systems store neither permissions nor times.
@@ -160,6 +167,26 @@ void LinuxFiles::copyFile(std::string_view from, std::string_view to, bool overw
   if (!(overwrite ? copy.renameReplace() : copy.renameNoReplace())) {
     throwError(errno == EEXIST ? ErrorNumber::fileExists : mapWriteError(errno, ErrorNumber::permissionDenied), to);
   }
+  return true;
+}
+
+bool LinuxFiles::moveFile(std::string_view from, std::string_view to) {
+  if (!fileExists(from)) throwError(ErrorNumber::fileNotFound, from);
+  if (sameFile(from, to)) throwError(ErrorNumber::permissionDenied, to);
+  const std::string source(from);
+  struct stat status {};
+  if (::lstat(source.c_str(), &status) != 0) throwError(ErrorNumber::fileNotFound, from);
+  if (!S_ISREG(status.st_mode)) return false;  // a link is not moved: its content is copied
+  const WriteTarget target = copyTarget(to, true);
+  if (::access(source.c_str(), R_OK) != 0) throwError(ErrorNumber::permissionDenied, from);
+  if (isReadOnly(source, status)) return false;  // it is copied, and its deletion fails
+  if (::rename(source.c_str(), target.path.c_str()) == 0) {
+    const UniqueFd folder(::open(parentPath(target.path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder) ::fsync(folder.get());  // best effort: some file systems cannot flush a folder
+    return true;
+  }
+  if (errno == EXDEV || errno == EINVAL) return false;
+  throwError(isNotFound(errno) ? ErrorNumber::pathNotFound : mapWriteError(errno, ErrorNumber::permissionDenied), to);
 }
 
 }  // namespace plimo

@@ -122,16 +122,21 @@ FolderContents FakeFileSystem::list(std::string_view folder) {
   return contents;
 }
 
-bool FakeFileSystem::walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name),
-                          const FileVisitor& found, const FileVisitor& entered) {
-  if (!entered(folder)) return false;
-  const FolderContents here = list(folder);
+bool FakeFileSystem::walk(std::string_view folder, int depth, const WalkVisitor& visitor) {
+  if (visitor.entered && !visitor.entered(folder)) return false;
+  FolderContents here;
+  try {
+    here = list(folder);
+  } catch (const RuntimeError& error) {
+    if (!visitor.unreadable || !visitor.unreadable(error)) throw;
+    return true;
+  }
   for (const std::string& name : here.files) {
-    if (wanted(name) && !found(join(folder, name))) return false;
+    if (visitor.wanted(name) && !visitor.found(join(folder, name))) return false;
   }
   if (depth == 0) return true;
   for (const std::string& name : here.folders) {
-    if (!walk(join(folder, name), depth - 1, wanted, found, entered)) return false;
+    if (!walk(join(folder, name), depth - 1, visitor)) return false;
   }
   return true;
 }

@@ -80,15 +80,14 @@ class FakeFileSystem : public FileSystemObject {
   bool fileExists(std::string_view path) override;
   bool folderExists(std::string_view path) override;
   FolderContents contents(std::string_view folder) override;
-  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FileVisitor& found,
-            const FileVisitor& entered) override;
+  bool walk(std::string_view folder, int depth, const WalkVisitor& visitor) override;
   using FileSystemObject::walk;
   std::uint64_t fileSize(std::string_view path) override;
   std::unique_ptr<FileView> openForReading(std::string_view path) override;
   std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) override;
   void deleteFile(std::string_view path, Force force) override;
-  void copyFile(std::string_view from, std::string_view to, bool overwrite,
-                const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress) override;
+  bool copyFile(std::string_view from, std::string_view to, bool overwrite, const CopyProgress& progress) override;
+  bool moveFile(std::string_view from, std::string_view to) override;
 
  private:
   class Replacement;
@@ -136,6 +135,8 @@ class FakeFileSystem : public FileSystemObject {
   void step(std::string_view path);
   FolderContents list(std::string_view folder);
   // Throws as replaceFile does.
+  // The target of a copy; throws as copyFile does, except for a full disk.
+  Location locateForCopying(std::string_view from, std::string_view to, bool overwrite) const;
   Location locateForReplacing(std::string_view path, Force force) const;
 
   std::vector<DriveEntry> driveTable_;

@@ -87,9 +87,8 @@ void FakeFileSystem::deleteFile(std::string_view path, Force force) {
   location.parent->remove(*location.node);
 }
 
-void FakeFileSystem::copyFile(std::string_view from, std::string_view to, bool overwrite,
-                              const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress) {
-  step(from);
+FakeFileSystem::Location FakeFileSystem::locateForCopying(std::string_view from, std::string_view to,
+                                                          bool overwrite) const {
   const auto throwError = [](ErrorNumber number, std::string_view path) {
     throw RuntimeError(number, std::string(path));
   };
@@ -106,13 +105,34 @@ void FakeFileSystem::copyFile(std::string_view from, std::string_view to, bool o
   if (location.parent->folderFlags.unwritable) throwError(ErrorNumber::permissionDenied, to);
   if (location.node && (location.node->fileFlags.readOnly || location.node->fileFlags.locked))
     throwError(ErrorNumber::permissionDenied, to);
-  if (location.disk->full) throwError(ErrorNumber::diskFull, to);
+  return location;
+}
 
-  if (progress) progress(source->size, source->size);
+bool FakeFileSystem::copyFile(std::string_view from, std::string_view to, bool overwrite,
+                              const CopyProgress& progress) {
+  step(from);
+  const Location location = locateForCopying(from, to, overwrite);
+  const FakeNode* source = findFile(from);
+  if (location.disk->full) throw RuntimeError(ErrorNumber::diskFull, std::string(to));
+  if (progress && !progress(source->size, source->size)) return false;
   FakeNode& target = location.node ? *location.node : location.parent->add(FakeNode::Kind::file, location.name);
   target.content = source->content;
   target.size = source->size;
   target.fileFlags = source->fileFlags;
+  return true;
+}
+
+bool FakeFileSystem::moveFile(std::string_view from, std::string_view to) {
+  step(from);
+  const Location location = locateForCopying(from, to, true);
+  const Location source = locateVisible(from);
+  if (location.disk != source.disk || source.node->fileFlags.readOnly) return false;
+  FakeNode& target = location.node ? *location.node : location.parent->add(FakeNode::Kind::file, location.name);
+  target.content = source.node->content;
+  target.size = source.node->size;
+  target.fileFlags = source.node->fileFlags;
+  source.parent->remove(*source.node);
+  return true;
 }
 
 }  // namespace plimo
