@@ -76,34 +76,36 @@ constexpr FoldRange foldRanges[] = {
     // clang-format on
 };
 
-constexpr char32_t foldByRange(char32_t letter) {
-  const auto* range = std::upper_bound(std::begin(foldRanges), std::end(foldRanges), letter,
+constexpr char32_t foldByRange(char32_t codePoint) {
+  const auto* range = std::upper_bound(std::begin(foldRanges), std::end(foldRanges), codePoint,
                                        [](char32_t value, const FoldRange& r) { return value < r.first; });
-  if (range == std::begin(foldRanges)) return letter;
+  if (range == std::begin(foldRanges)) return codePoint;
   --range;
-  if (letter > range->last || (letter - range->first) % range->stride != 0) return letter;
-  return static_cast<char32_t>(static_cast<std::int32_t>(letter) + range->distance);
+  if (codePoint > range->last || (codePoint - range->first) % range->stride != 0) return codePoint;
+  return static_cast<char32_t>(static_cast<std::int32_t>(codePoint) + range->distance);
 }
 
-// The letters of one or two bytes, which most names are made of, at their places.
-constexpr std::size_t shortLetters = 0x800;
-constexpr auto shortFolds = [] {
-  std::array<char16_t, shortLetters> folds{};
-  for (char32_t letter = 0; letter < folds.size(); ++letter) {
-    const bool large = letter >= U'A' && letter <= U'Z';
-    folds[letter] = static_cast<char16_t>(large ? letter + 32 : foldByRange(letter));
+// A lookup table for the code points of one or two UTF-8 bytes, which most names consist of.
+constexpr std::size_t directTableSize = 0x800;
+constexpr auto directTable = [] {
+  std::array<char16_t, directTableSize> table{};
+  for (char32_t codePoint = 0; codePoint < table.size(); ++codePoint) {
+    const bool upperCase = codePoint >= U'A' && codePoint <= U'Z';
+    table[codePoint] = static_cast<char16_t>(upperCase ? codePoint + 32 : foldByRange(codePoint));
   }
-  return folds;
+  return table;
 }();
 
-char32_t foldLetter(char32_t letter) { return letter < shortLetters ? shortFolds[letter] : foldByRange(letter); }
+char32_t foldCodePoint(char32_t codePoint) {
+  return codePoint < directTableSize ? directTable[codePoint] : foldByRange(codePoint);
+}
 
-// The length of the valid UTF-8 sequence at the text's start, with its code point; 0 where there is none.
-std::size_t decode(std::string_view text, char32_t& letter) {
+// Decodes the UTF-8 sequence at the start of the string. Returns its length; 0 if it is not valid.
+std::size_t decode(std::string_view text, char32_t& codePoint) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   const unsigned char lead = byte(0);
   if (lead < 0x80) {
-    letter = lead;
+    codePoint = lead;
     return 1;
   }
   const std::size_t length = lead >= 0xC2 && lead <= 0xDF   ? 2
@@ -111,38 +113,38 @@ std::size_t decode(std::string_view text, char32_t& letter) {
                              : lead >= 0xF0 && lead <= 0xF4 ? 4
                                                             : 0;
   if (length == 0 || text.size() < length) return 0;
-  letter = lead & (0xFFU >> (length + 1));
+  codePoint = lead & (0xFFU >> (length + 1));
   for (std::size_t i = 1; i < length; ++i) {
     if ((byte(i) & 0xC0) != 0x80) return 0;
-    letter = (letter << 6) | (byte(i) & 0x3FU);
+    codePoint = (codePoint << 6) | (byte(i) & 0x3FU);
   }
-  const bool overlong = (length == 3 && letter < 0x800) || (length == 4 && letter < 0x10000);
-  const bool surrogate = letter >= 0xD800 && letter <= 0xDFFF;
-  return overlong || surrogate || letter > 0x10FFFF ? 0 : length;
+  const bool overlong = (length == 3 && codePoint < 0x800) || (length == 4 && codePoint < 0x10000);
+  const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+  return overlong || surrogate || codePoint > 0x10FFFF ? 0 : length;
 }
 
-// Writes the letter's bytes; where they end.
-char* encode(char* to, char32_t letter) {
-  const auto put = [&to](char32_t bits) { *to++ = static_cast<char>(static_cast<unsigned char>(bits)); };
-  if (letter < 0x80) {
-    put(letter);
-  } else if (letter < shortLetters) {
-    put(0xC0 | (letter >> 6));
-    put(0x80 | (letter & 0x3F));
-  } else if (letter < 0x10000) {
-    put(0xE0 | (letter >> 12));
-    put(0x80 | ((letter >> 6) & 0x3F));
-    put(0x80 | (letter & 0x3F));
+// Writes the code point as UTF-8. Returns the end of the written bytes.
+char* encode(char* target, char32_t codePoint) {
+  const auto put = [&target](char32_t bits) { *target++ = static_cast<char>(static_cast<unsigned char>(bits)); };
+  if (codePoint < 0x80) {
+    put(codePoint);
+  } else if (codePoint < 0x800) {
+    put(0xC0 | (codePoint >> 6));
+    put(0x80 | (codePoint & 0x3F));
+  } else if (codePoint < 0x10000) {
+    put(0xE0 | (codePoint >> 12));
+    put(0x80 | ((codePoint >> 6) & 0x3F));
+    put(0x80 | (codePoint & 0x3F));
   } else {
-    put(0xF0 | (letter >> 18));
-    put(0x80 | ((letter >> 12) & 0x3F));
-    put(0x80 | ((letter >> 6) & 0x3F));
-    put(0x80 | (letter & 0x3F));
+    put(0xF0 | (codePoint >> 18));
+    put(0x80 | ((codePoint >> 12) & 0x3F));
+    put(0x80 | ((codePoint >> 6) & 0x3F));
+    put(0x80 | (codePoint & 0x3F));
   }
-  return to;
+  return target;
 }
 
-char upperLetter(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
+char toUpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
 
 }  // namespace
 
@@ -162,7 +164,7 @@ void appendUpperAscii(std::string& target, std::string_view text) {
   const std::size_t start = target.size();
   target.append(text);
   std::transform(target.begin() + static_cast<std::ptrdiff_t>(start), target.end(),
-                 target.begin() + static_cast<std::ptrdiff_t>(start), upperLetter);
+                 target.begin() + static_cast<std::ptrdiff_t>(start), toUpperAscii);
 }
 
 std::string foldCase(std::string_view text) {
@@ -172,27 +174,27 @@ std::string foldCase(std::string_view text) {
 }
 
 void appendFolded(std::string& target, std::string_view text) {
-  // Most names are plain ASCII: that much is folded where it is copied to.
-  const std::size_t before = target.size();
+  // Fast path: a plain ASCII prefix is folded in place, eight bytes at a time.
+  const std::size_t start = target.size();
   target.append(text);
   std::size_t folded = 0;
-  for (std::uint64_t eight = 0; text.size() - folded >= sizeof eight; folded += sizeof eight) {
-    std::memcpy(&eight, text.data() + folded, sizeof eight);
-    if (!isAllAscii(eight)) break;
-    eight = asciiToLower(eight);
-    std::memcpy(target.data() + before + folded, &eight, sizeof eight);
+  for (std::uint64_t word = 0; text.size() - folded >= sizeof word; folded += sizeof word) {
+    std::memcpy(&word, text.data() + folded, sizeof word);
+    if (!isAllAscii(word)) break;
+    word = asciiToLower(word);
+    std::memcpy(target.data() + start + folded, &word, sizeof word);
   }
   text.remove_prefix(folded);
-  // What is left grows by half at most: two bytes become three.
-  target.resize(before + folded + text.size() + text.size() / 2);
-  char* end = target.data() + before + folded;
+  // Folding adds at most half the length: no sequence of two bytes becomes longer than three.
+  target.resize(start + folded + text.size() + text.size() / 2);
+  char* end = target.data() + start + folded;
   while (!text.empty()) {
-    char32_t letter = static_cast<unsigned char>(text.front());
+    char32_t codePoint = static_cast<unsigned char>(text.front());
     std::size_t length = 1;
-    if (letter < 0x80) {
-      *end++ = static_cast<char>(shortFolds[letter]);
-    } else if ((length = decode(text, letter)) > 0) {
-      end = encode(end, foldLetter(letter));
+    if (codePoint < 0x80) {
+      *end++ = static_cast<char>(directTable[codePoint]);
+    } else if ((length = decode(text, codePoint)) > 0) {
+      end = encode(end, foldCodePoint(codePoint));
     } else {
       *end++ = text.front();
       length = 1;
@@ -203,26 +205,24 @@ void appendFolded(std::string& target, std::string_view text) {
 }
 
 int compareFolded(std::string_view left, std::string_view right) {
-  // Most names are plain ASCII, where folding needs no copy.
-  const std::size_t shared = std::min(left.size(), right.size());
-  for (std::size_t i = 0; i < shared; ++i) {
+  // Plain ASCII is compared without folded copies.
+  const std::size_t commonLength = std::min(left.size(), right.size());
+  for (std::size_t i = 0; i < commonLength; ++i) {
     const auto a = static_cast<unsigned char>(left[i]);
     const auto b = static_cast<unsigned char>(right[i]);
     if ((a | b) >= 0x80) return foldCase(left).compare(foldCase(right));
-    const char32_t x = foldLetter(a);
-    const char32_t y = foldLetter(b);
-    if (x != y) return x < y ? -1 : 1;
+    if (directTable[a] != directTable[b]) return directTable[a] < directTable[b] ? -1 : 1;
   }
   if (left.size() == right.size()) return 0;
   return left.size() < right.size() ? -1 : 1;
 }
 
 std::vector<std::string_view> split(std::string_view text, char separator) {
-  std::vector<std::string_view> pieces;
+  std::vector<std::string_view> parts;
   for (;;) {
     const std::size_t end = text.find(separator);
-    pieces.push_back(text.substr(0, end));
-    if (end == std::string_view::npos) return pieces;
+    parts.push_back(text.substr(0, end));
+    if (end == std::string_view::npos) return parts;
     text.remove_prefix(end + 1);
   }
 }
@@ -230,16 +230,16 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
 std::string_view prefixBefore(std::string_view text, char separator) { return text.substr(0, text.find(separator)); }
 
 bool isSubview(std::string_view bytes, std::string_view text) {
-  const std::less_equal<> notBehind;
-  return notBehind(bytes.data(), text.data()) && notBehind(text.data() + text.size(), bytes.data() + bytes.size());
+  const std::less_equal<> notAfter;  // unlike <=, defined for pointers into different objects
+  return notAfter(bytes.data(), text.data()) && notAfter(text.data() + text.size(), bytes.data() + bytes.size());
 }
 
 std::string toValidUtf8(std::string_view bytes) {
   std::string text;
   text.reserve(bytes.size());
   while (!bytes.empty()) {
-    char32_t letter = 0;
-    const std::size_t length = decode(bytes, letter);
+    char32_t codePoint = 0;
+    const std::size_t length = decode(bytes, codePoint);
     if (length == 0) {
       text += "\xEF\xBF\xBD";
       bytes.remove_prefix(1);
