@@ -6,16 +6,16 @@ namespace plimo {
 
 SongPaths::SongPaths(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> names) {
   if (names.empty()) return;
-  CatalogueFile open(files, catalogue);
+  CatalogueFile file(files, catalogue);
   join_.emplace(
-      open, names, OnTruncation::fail, [](const CatalogueRecord& record) { return displayName(record.title); },
+      file, names, OnTruncation::fail, [](const CatalogueRecord& record) { return displayName(record.title); },
       [](const CatalogueRecord& record, PathArena& texts) { return texts.store(record.path); });
 }
 
 std::optional<std::string> firstPath(FileSystemObject& files, const std::string& catalogue, std::string_view name) {
-  CatalogueFile open(files, catalogue);
+  CatalogueFile file(files, catalogue);
   std::optional<std::string> path;
-  open.read([&](const CatalogueRecord& record) {
+  file.read([&](const CatalogueRecord& record) {
     if (displayName(record.title) == name) path = record.path;
     return !path;
   });

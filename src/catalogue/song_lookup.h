@@ -1,4 +1,4 @@
-// From songs as the lists show them to their files.
+// Finds the files of songs by the names shown in the lists.
 #pragma once
 
 #include <cstddef>
@@ -14,15 +14,15 @@
 
 namespace plimo {
 
-// The paths of all records that match a list of names. A record matches a name when its title before the first "."
-// equals it exactly; a title without a "." matches none.
+// The paths of all records that match a list of names. A record matches a name if its title before the first "."
+// equals it exactly; a title without a "." matches no name.
 class SongPaths {
  public:
-  // Reads the catalogue once, to its end; with no names, not at all. Throws as opening it does, and 62 where a record
-  // breaks off.
+  // Reads the whole catalogue once, or not at all if there are no names. Throws as CatalogueFile does, and RuntimeError
+  // 62 at a truncated record.
   SongPaths(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> names);
 
-  // The paths for the name at this place in the list, in record order; good as long as this object.
+  // The paths for the name at this index in the list, in record order; valid as long as this object.
   std::span<const StoredPath> of(std::size_t name) const {
     return join_ ? join_->of(name) : std::span<const StoredPath>();
   }
@@ -31,7 +31,7 @@ class SongPaths {
   std::optional<CatalogueJoin<StoredPath, PathArena>> join_;
 };
 
-// The path of the first record that matches the name; reads no further. Throws as SongPaths does.
+// The path of the first record that matches the name; nullopt if there is none. Throws as SongPaths does.
 std::optional<std::string> firstPath(FileSystemObject& files, const std::string& catalogue, std::string_view name);
 
 }  // namespace plimo
