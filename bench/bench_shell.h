@@ -31,15 +31,12 @@ class Answers : public Dialogs {
   [[noreturn]] void report(const RuntimeError& error) override;
 };
 
-class NoPause : public Progress {
+class NoProgress : public Progress {
  public:
-  void pause(std::chrono::milliseconds) override {}
-  void scanBegins() override {}
-  bool scanned(std::size_t, std::string_view) override { return true; }
-  void scanEnds() override {}
-  void copied(const CopyProgress&) override {}
-  void deleted(std::size_t, std::size_t) override {}
-  void workEnds() override {}
+  void begin(Task) override {}
+  void update(const ProgressUpdate&) override {}
+  void end() override {}
+  bool cancelled() const override { return false; }
 };
 
 class SilentPlayer : public MediaPlayer {
@@ -72,13 +69,13 @@ class BenchFiles : public LinuxFiles {
 class BenchMachine {
  public:
   explicit BenchMachine(const std::string& music);
-  Platform platform() { return {files, player, answers, launcher, pump}; }
+  Platform platform() { return {files, player, answers, launcher, progress}; }
 
   BenchFiles files;
   SilentPlayer player;
   Answers answers;
   NoLauncher launcher;
-  NoPause pump;
+  NoProgress progress;
 };
 
 // What the settings say of the start.

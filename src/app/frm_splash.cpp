@@ -42,7 +42,7 @@ void FrmSplash::Form_Load() {
     Geometry geometry = Image1.geometry();
     geometry.left = -width + (splashWidth + width) / 2 * step / slideSteps;
     Image1.setGeometry(geometry);
-    platform_.pump.pause(slidePause);
+    pause(slidePause);
   }
   Image1.setGeometry({0, 0, splashWidth, splashHeight});
   Timer1.setInterval(waitMilliseconds);

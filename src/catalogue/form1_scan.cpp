@@ -11,18 +11,6 @@ namespace {
 // Levels of subfolders that are searched below a drive's root.
 constexpr int searchedLevels = 10;
 
-// The scan's panel, shown as long as this lives.
-class ScanPanel {
- public:
-  explicit ScanPanel(Progress& pump) : pump_(pump) { pump_.scanBegins(); }
-  ScanPanel(const ScanPanel&) = delete;
-  ScanPanel& operator=(const ScanPanel&) = delete;
-  ~ScanPanel() { pump_.scanEnds(); }
-
- private:
-  Progress& pump_;
-};
-
 }  // namespace
 
 void Form1::scandrives() {
@@ -51,7 +39,7 @@ void Form1::scandrives() {
       }
     }
   }
-  const ScanPanel panel(platform.pump);
+  const ProgressScope scope(platform.progress, Task::scan);
   for (const std::string& root : roots) {
     if (!findsubfolder(root)) break;
   }
@@ -59,15 +47,19 @@ void Form1::scandrives() {
 
 bool Form1::findsubfolder(std::string_view folder) {
   std::string inside;
+  const auto goOn = [&] {
+    platform.progress.update({.done = List3.count(), .name = inside});
+    return !platform.progress.cancelled();
+  };
   return platform.files.walk(
       folder, searchedLevels, isSongFile,
       [&](std::string_view song) {
         List3.add(song);
-        return platform.pump.scanned(List3.count(), inside);
+        return goOn();
       },
       [&](std::string_view entered) {
         inside = entered;
-        return platform.pump.scanned(List3.count(), inside);
+        return goOn();
       });
 }
 

@@ -55,6 +55,10 @@ void Form::popUp(Menu& menu) {
   if (host_ != nullptr) host_->popUp(*this, menu);
 }
 
+void Form::pause(std::chrono::milliseconds time) {
+  if (host_ != nullptr) host_->pause(*this, time);
+}
+
 void Form::runLoad() {
   loaded_ = true;
   if (load) dispatcher_.run(load);

@@ -1,6 +1,7 @@
 // A window: its controls, its size and state, and the keyboard focus.
 #pragma once
 
+#include <chrono>
 #include <span>
 #include <string>
 #include <string_view>
@@ -29,6 +30,8 @@ class FormHost {
   virtual void resizeTo(Form& form, double width, double height) = 0;  // outer size, twips
   virtual void focusChanged(Form& form) = 0;                           // to Form::focus
   virtual void popUp(Form& form, Menu& menu) = 0;                      // where the user last pointed or typed
+  // Paints what has changed and lets the time pass; no user input gets through meanwhile.
+  virtual void pause(Form& form, std::chrono::milliseconds time) = 0;
 };
 
 class Form {
@@ -70,6 +73,8 @@ class Form {
   Control* focus() const { return focus_; }
   void setFocus(Control* control);
   void popUp(Menu& menu);
+  // Shows what has changed so far, then waits. For animations and for a caption that is to be seen during a command.
+  void pause(std::chrono::milliseconds time);
 
   // --- Events ---
   Event load;

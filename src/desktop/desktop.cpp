@@ -1,6 +1,7 @@
 #include "desktop/desktop.h"
 
 #include <QApplication>
+#include <QThread>
 #include <QTimer>
 
 #include "desktop/list_access.h"
@@ -27,13 +28,13 @@ MpvHooks hooksFor(InputGate& gate, std::function<void()> beforeWaiting) {
 
 Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
     : player_(hooksFor(gate_, [this] { program_.dispatcher().flush(); })),
-      pump_(gate_),
-      program_(Platform{files, player_, dialogs_, launcher, pump_}) {
+      progress_(gate_),
+      program_(Platform{files, player_, dialogs_, launcher, progress_}) {
   const auto flush = [this] { program_.dispatcher().flush(); };
   dialogs_.beforeBox = flush;
   dialogs_.owner = [this] { return frontWindow(); };
-  pump_.beforePaint = flush;
-  pump_.window = [this] { return frontWindow(); };
+  progress_.beforePaint = flush;
+  progress_.window = [this] { return frontWindow(); };
   gate_.opened = [this] { player_.wake(); };
   installListAccess();
   installWidgetAccess();
@@ -90,5 +91,19 @@ void Desktop::focusChanged(Form& form) {
 }
 
 void Desktop::popUp(Form& form, Menu& menu) { windowOf(form)->popUp(menu); }
+
+void Desktop::pause(Form& form, std::chrono::milliseconds time) {
+  form.dispatcher().flush();
+  gate_.close();
+  QElapsedTimer elapsed;
+  elapsed.start();
+  do {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    QCoreApplication::sendPostedEvents();
+    const qint64 left = time.count() - elapsed.elapsed();
+    if (left > 0) QThread::msleep(static_cast<unsigned long>(std::min<qint64>(left, 5)));
+  } while (elapsed.elapsed() < time.count());
+  gate_.reopen();
+}
 
 }  // namespace plimo

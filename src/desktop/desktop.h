@@ -1,4 +1,4 @@
-// The program on the desktop: its windows, boxes, player and pump, around the toolkit-free models.
+// The program on the desktop: its windows, boxes, player and progress panel, around the toolkit-free models.
 #pragma once
 
 #include <memory>
@@ -7,7 +7,7 @@
 #include "desktop/dialogs.h"
 #include "desktop/form_window.h"
 #include "desktop/input_gate.h"
-#include "desktop/pump.h"
+#include "desktop/progress.h"
 #include "platform/mpv/mpv_player.h"
 
 namespace plimo {
@@ -28,6 +28,7 @@ class Desktop : public FormHost {
   void resizeTo(Form& form, double width, double height) override;
   void focusChanged(Form& form) override;
   void popUp(Form& form, Menu& menu) override;
+  void pause(Form& form, std::chrono::milliseconds time) override;
 
  private:
   FormWindow* windowOf(const Form& form) const;
@@ -37,7 +38,7 @@ class Desktop : public FormHost {
   InputGate gate_;
   MpvPlayer player_;
   DesktopDialogs dialogs_;
-  DesktopPump pump_;
+  DesktopProgress progress_;
   Program program_;
   std::unique_ptr<FormWindow> main_;
   std::unique_ptr<FormWindow> splash_;

@@ -57,7 +57,7 @@ void Form1::Command6_Click() {
   Command6.setEnabled(false);
   if (!List1.empty()) {
     const std::vector<std::string_view> names = List1.selectedTexts();
-    copySongs(platform.files, platform.pump, ownFile(catalogueName), {names, List1.selected(0)}, Dir2.path(),
+    copySongs(platform.files, platform.progress, ownFile(catalogueName), {names, List1.selected(0)}, Dir2.path(),
               [this](std::string_view name) {
                 platform.dialogs.message(
                     std::string("This file ").append(name).append(" is already present in the destination folder!"));

@@ -22,7 +22,7 @@ void offerScan(Form1& form) {
 
 void deleteFilesOf(Form1& form, const ListBox& list, const char* failureMessage) {
   try {
-    deleteSongs(form.platform.files, form.platform.pump, form.ownFile(catalogueName), list.texts());
+    deleteSongs(form.platform.files, form.platform.progress, form.ownFile(catalogueName), list.texts());
   } catch (const RuntimeError&) {
     form.platform.dialogs.message(failureMessage);
   }

@@ -2,7 +2,6 @@
 #include "app/form1.h"
 #include "catalogue/song_lookup.h"
 #include "fileops/rename_target.h"
-#include "fileops/work_panel.h"
 
 namespace plimo {
 
@@ -21,9 +20,9 @@ std::string currentSong(Form1& form) {
 // The old file goes only when the new one stands there whole.
 void moveFile(Form1& form, const std::string& from, const std::string& to) {
   FileSystemObject& files = form.platform.files;
-  WorkPanel panel(form.platform.pump);
+  ProgressScope progress(form.platform.progress, Task::copy);
   files.copyFile(from, to, true, [&](std::uint64_t copied, std::uint64_t size) {
-    panel.copied({1, 1, copied, size, files.fileName(to)});
+    progress.update({.done = 1, .total = 1, .name = files.fileName(to), .bytes = copied, .size = size});
   });
   files.deleteFile(from, Force::no);
 }

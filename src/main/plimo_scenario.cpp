@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "scenario/run_files.h"
+#include "scenario/runner.h"
 
 int main(int argc, char** argv) {
   const std::vector<std::string> files(argv + 1, argv + argc);
@@ -11,5 +11,5 @@ int main(int argc, char** argv) {
     std::cerr << "usage: plimo-scenario FILE...\n";
     return 2;
   }
-  return plimo::scenario::runScenarioFiles(files, std::cout, std::cerr);
+  return plimo::scenario::runScenarios(files, std::cout, std::cerr);
 }

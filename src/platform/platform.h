@@ -1,4 +1,4 @@
-// The machine, as one parcel.
+// What the program needs of the machine, in one struct.
 #pragma once
 
 #include "platform/dialogs.h"
@@ -14,7 +14,7 @@ struct Platform {
   MediaPlayer& player;
   Dialogs& dialogs;
   Launcher& launcher;
-  Progress& pump;
+  Progress& progress;
 };
 
 }  // namespace plimo

@@ -1,20 +1,20 @@
-// Lets the window live while one of the program's own handlers is at work.
+// Shows the user how far a long command is, and lets them cancel it.
 #pragma once
 
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 namespace plimo {
 
-// How far a copy is.
-struct CopyProgress {
-  std::size_t file = 0;  // from 1
-  std::size_t files = 0;
-  std::uint64_t bytes = 0;  // of this file, so far
-  std::uint64_t size = 0;
-  std::string_view name;
+enum class Task { scan, copy, deletion };
+
+struct ProgressUpdate {
+  std::size_t done = 0;     // scan: songs found so far; else the number of the current file, from 1
+  std::size_t total = 0;    // files; 0 if it is not known
+  std::string_view name;    // scan: the current folder; else the current file
+  std::uint64_t bytes = 0;  // of the current file, copied so far
+  std::uint64_t size = 0;   // of the current file, in bytes
 };
 
 class Progress {
@@ -24,20 +24,31 @@ class Progress {
   Progress& operator=(const Progress&) = delete;
   virtual ~Progress() = default;
 
-  // Paints what has changed and lets the given time pass; nothing that the user does gets through.
-  virtual void pause(std::chrono::milliseconds time) = 0;
+  // Tasks do not nest.
+  virtual void begin(Task task) = 0;
+  // Cheap enough to be called for each file: it paints at most ten times a second.
+  virtual void update(const ProgressUpdate& update) = 0;
+  virtual void end() = 0;
+  // True once the user has cancelled the current task. Only a scan can be cancelled.
+  virtual bool cancelled() const = 0;
+};
 
-  // A scan's panel appears, hears of each song, and goes. `scanned` is called once per song found (and may be called
-  // between songs with the same count) and is cheap: it paints at most ten times a second. It returns false once the
-  // user has pressed Cancel. `folder` is where the scan is.
-  virtual void scanBegins() = 0;
-  virtual bool scanned(std::size_t songs, std::string_view folder) = 0;
-  virtual void scanEnds() = 0;
+// Begins a task and ends it, however the command is left.
+class ProgressScope {
+ public:
+  ProgressScope(Progress& progress, Task task) : progress_(progress) { progress_.begin(task); }
+  ProgressScope(const ProgressScope&) = delete;
+  ProgressScope& operator=(const ProgressScope&) = delete;
+  ~ProgressScope() { progress_.end(); }
 
-  // A long copy or delete: paints at most ten times a second.
-  virtual void copied(const CopyProgress& progress) = 0;
-  virtual void deleted(std::size_t file, std::size_t files) = 0;
-  virtual void workEnds() = 0;
+  // False once the user has cancelled.
+  bool update(const ProgressUpdate& update) {
+    progress_.update(update);
+    return !progress_.cancelled();
+  }
+
+ private:
+  Progress& progress_;
 };
 
 }  // namespace plimo

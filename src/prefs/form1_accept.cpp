@@ -17,7 +17,7 @@ void Form1::Command5_Click() {
   Option4.setEnabled(true);
   Command5.setCaption("Please Wait");
   Command5.setEnabled(false);
-  platform.pump.pause(std::chrono::milliseconds(0));  // so that it is seen
+  pause(std::chrono::milliseconds(0));  // shows the caption
   findWinamp();
   List2.clear();
   List1.clear();

@@ -1,44 +1,44 @@
-// Expectations of what stands on the windows, lists aside.
+// Expectations of windows and controls other than lists.
 #include <array>
 #include <cmath>
 
 #include "scenario/command.h"
+#include "scenario/literals.h"
 #include "scenario/paths.h"
 #include "scenario/session.h"
-#include "scenario/words.h"
 
 namespace plimo::scenario {
 
 namespace {
 
-// The named control as its own kind; null, and a failed expectation, before the first start.
+// The named control, cast to its type. Before the first start: a failed expectation, and null.
 template <class Kind = Control>
 Kind* named(Session& session, const Line& line) {
-  return static_cast<Kind*>(session.control(line.words[0]));
+  return static_cast<Kind*>(session.control(line.arguments[0]));
 }
 
-void expectShown(Session& session, const Line& line, bool shown) {
-  for (const std::string& name : line.words) {
-    bool showing = session.windowShows(name);
+void expectVisible(Session& session, const Line& line, bool shown) {
+  for (const std::string& name : line.arguments) {
+    bool showing = session.windowVisible(name);
     if (name != mainWindowName && name != splashName) {
       const Control* control = session.control(name);
       if (control == nullptr) return;
-      showing = session.shows(*control);
+      showing = session.visible(*control);
     }
     if (showing != shown)
-      session.verdicts.fail(name + (shown ? " visible" : " hidden"), showing ? "visible" : "hidden");
+      session.reporter.fail(name + (shown ? " visible" : " hidden"), showing ? "visible" : "hidden");
   }
 }
 
-void visible(Session& session, const Line& line) { expectShown(session, line, true); }
-void hidden(Session& session, const Line& line) { expectShown(session, line, false); }
+void visible(Session& session, const Line& line) { expectVisible(session, line, true); }
+void hidden(Session& session, const Line& line) { expectVisible(session, line, false); }
 
 void expectEnabled(Session& session, const Line& line, bool wanted) {
-  for (const std::string& name : line.words) {
+  for (const std::string& name : line.arguments) {
     const Control* control = session.control(name);
     if (control == nullptr) return;
     if (control->enabled() != wanted) {
-      session.verdicts.fail(name + (wanted ? " enabled" : " disabled"), wanted ? "disabled" : "enabled");
+      session.reporter.fail(name + (wanted ? " enabled" : " disabled"), wanted ? "disabled" : "enabled");
     }
   }
 }
@@ -55,11 +55,11 @@ std::string_view tickOf(const Control& control) {
 }
 
 void expectTick(Session& session, const Line& line, std::string_view wanted) {
-  for (const std::string& name : line.words) {
+  for (const std::string& name : line.arguments) {
     const Control* control = session.control(name);
     if (control == nullptr) return;
     const std::string_view got = tickOf(*control);
-    if (got != wanted) session.verdicts.fail(name + " " + std::string(wanted), got);
+    if (got != wanted) session.reporter.fail(name + " " + std::string(wanted), got);
   }
 }
 
@@ -67,11 +67,11 @@ void checked(Session& session, const Line& line) { expectTick(session, line, "ch
 void unchecked(Session& session, const Line& line) { expectTick(session, line, "unchecked"); }
 
 void caption(Session& session, const Line& line) {
-  const std::string& name = line.words[0];
+  const std::string& name = line.arguments[0];
   std::string_view got;
   if (name == mainWindowName || name == splashName) {
     if (!session.run) {
-      session.verdicts.fail("the program to have been started", "no start");
+      session.reporter.fail("the program to have been started", "no start");
       return;
     }
     Program& program = session.run->program;
@@ -81,47 +81,47 @@ void caption(Session& session, const Line& line) {
     if (control == nullptr) return;
     got = control->caption();
   }
-  const std::string& text = line.words.back();
-  const std::string manner = line.words.size() == 3 ? line.words[1] : "";
+  const std::string& text = line.arguments.back();
+  const std::string manner = line.arguments.size() == 3 ? line.arguments[1] : "";
   const bool holds = manner.empty() ? got == text : manner == "starts" ? got.starts_with(text) : got.ends_with(text);
   if (holds) return;
-  session.verdicts.fail(
+  session.reporter.fail(
       "the caption of " + name + (manner.empty() ? "" : " that " + manner + " with") + " " + quoted(text), quoted(got));
 }
 
 void was(Session& session, const Line& line) {
-  Captions* captions = session.run ? session.run->captions(line.words[0]) : nullptr;
+  CaptionHistory* captions = session.run ? session.run->captions(line.arguments[0]) : nullptr;
   if (captions == nullptr) {
-    session.verdicts.fail("the program to have been started", "no start");
+    session.reporter.fail("the program to have been started", "no start");
     return;
   }
-  const std::vector<std::string> borne = captions->borne();
-  if (captions->takeBorne(line.words[1])) return;
+  const std::vector<std::string> seen = captions->seen();
+  if (captions->takeSeen(line.arguments[1])) return;
   std::string all;
-  for (const std::string& text : borne) all.append(all.empty() ? "" : ", then ").append(quoted(text));
-  session.verdicts.fail(line.words[0] + " captioned " + quoted(line.words[1]) + " at some moment", all);
+  for (const std::string& text : seen) all.append(all.empty() ? "" : ", then ").append(quoted(text));
+  session.reporter.fail(line.arguments[0] + " captioned " + quoted(line.arguments[1]) + " at some moment", all);
 }
 
 void tooltip(Session& session, const Line& line) {
   const Control* control = named(session, line);
-  if (control == nullptr || control->tooltip() == line.words[1]) return;
-  session.verdicts.fail("the tooltip " + quoted(line.words[1]), quoted(control->tooltip()));
+  if (control == nullptr || control->tooltip() == line.arguments[1]) return;
+  session.reporter.fail("the tooltip " + quoted(line.arguments[1]), quoted(control->tooltip()));
 }
 
 void expectColour(Session& session, std::string_view which, const std::string& wanted, Colour got) {
-  if (*wholeNumber(wanted) != got) session.verdicts.fail(std::string(which) + " " + wanted, std::to_string(got));
+  if (*parseInteger(wanted) != got) session.reporter.fail(std::string(which) + " " + wanted, std::to_string(got));
 }
 
 void colours(Session& session, const Line& line) {
   const Control* control = named(session, line);
   if (control == nullptr) return;
-  expectColour(session, "the text colour", line.words[1], control->foreColour());
-  expectColour(session, "the background", line.words[2], control->backColour());
+  expectColour(session, "the text colour", line.arguments[1], control->foreColour());
+  expectColour(session, "the background", line.arguments[2], control->backColour());
 }
 
 void back(Session& session, const Line& line) {
   const Control* control = named(session, line);
-  if (control != nullptr) expectColour(session, "the background", line.words[1], control->backColour());
+  if (control != nullptr) expectColour(session, "the background", line.arguments[1], control->backColour());
 }
 
 void path(Session& session, const Line& line) {
@@ -133,12 +133,13 @@ void path(Session& session, const Line& line) {
   } else if (const char letter = static_cast<const DriveList*>(control)->drive()) {
     got = letter;
   }
-  if (!samePath(got, line.words[1])) session.verdicts.fail(line.words[0] + " at " + quoted(line.words[1]), quoted(got));
+  if (!samePath(got, line.arguments[1]))
+    session.reporter.fail(line.arguments[0] + " at " + quoted(line.arguments[1]), quoted(got));
 }
 
-// True when the measure, rounded, is the wanted number. One that lies half-way may be rounded either way: proportions
-// are kept in single precision, so that it is chance on which side of the middle it comes to lie.
-bool rounded(double measure, double wanted) {
+// True if the measure rounds to the wanted number. Halves may be rounded either way: proportions are single-precision,
+// so that rounding errors decide on which side of the half a measure lies.
+bool roundsTo(double measure, double wanted) {
   constexpr double half = 0.5 + 0.01;
   return std::abs(measure - std::round(wanted)) <= half;
 }
@@ -162,9 +163,9 @@ void place(Session& session, const Line& line) {
   if (control == nullptr) return;
   const Geometry& got = control->geometry();
   const std::array numbers{got.left, got.top, got.width, got.height};
-  for (std::size_t i = 1; i < line.words.size(); ++i) {
-    if (rounded(numbers[i - 1], *decimalNumber(line.words[i]))) continue;
-    session.verdicts.fail(line.words[0] + " at " + joined(line.from(1)),
+  for (std::size_t i = 1; i < line.arguments.size(); ++i) {
+    if (roundsTo(numbers[i - 1], *parseDecimal(line.arguments[i]))) continue;
+    session.reporter.fail(line.arguments[0] + " at " + joined(line.argumentsFrom(1)),
                           measures({got.left, got.top, got.width, got.height}));
     return;
   }
@@ -172,16 +173,17 @@ void place(Session& session, const Line& line) {
 
 Form* mainWindow(Session& session) {
   if (session.run) return &session.run->program.form1();
-  session.verdicts.fail("the program to have been started", "no start");
+  session.reporter.fail("the program to have been started", "no start");
   return nullptr;
 }
 
 void size(Session& session, const Line& line) {
   const Form* form = mainWindow(session);
   if (form == nullptr) return;
-  if (!rounded(form->width(), *decimalNumber(line.words[1])) ||
-      !rounded(form->height(), *decimalNumber(line.words[2]))) {
-    session.verdicts.fail("Form1 of the size " + joined(line.from(1)), measures({form->width(), form->height()}));
+  if (!roundsTo(form->width(), *parseDecimal(line.arguments[1])) ||
+      !roundsTo(form->height(), *parseDecimal(line.arguments[2]))) {
+    session.reporter.fail("Form1 of the size " + joined(line.argumentsFrom(1)),
+                          measures({form->width(), form->height()}));
   }
 }
 
@@ -190,7 +192,7 @@ void state(Session& session, const Line& line) {
   if (form == nullptr) return;
   constexpr std::array<std::string_view, 3> names{"normal", "minimised", "maximised"};
   const std::string_view got = names[static_cast<std::size_t>(form->windowState())];
-  if (got != line.words[1]) session.verdicts.fail("Form1 " + line.words[1], got);
+  if (got != line.arguments[1]) session.reporter.fail("Form1 " + line.arguments[1], got);
 }
 
 void expectPopUp(Session& session, std::string_view wanted) {
@@ -199,11 +201,11 @@ void expectPopUp(Session& session, std::string_view wanted) {
   session.run->mainWindow.popUpShown = nullptr;
   const std::string_view got = shown == nullptr ? std::string_view() : std::string_view(shown->name());
   if (got == wanted) return;
-  session.verdicts.fail(wanted.empty() ? "no pop-up menu" : "the pop-up menu " + std::string(wanted),
+  session.reporter.fail(wanted.empty() ? "no pop-up menu" : "the pop-up menu " + std::string(wanted),
                         got.empty() ? "none" : got);
 }
 
-void popUp(Session& session, const Line& line) { expectPopUp(session, line.words[0]); }
+void popUp(Session& session, const Line& line) { expectPopUp(session, line.arguments[0]); }
 void noPopUp(Session& session, const Line&) { expectPopUp(session, ""); }
 
 void focus(Session& session, const Line& line) {
@@ -211,15 +213,15 @@ void focus(Session& session, const Line& line) {
   if (control == nullptr) return;
   const Control* got = control->form().focus();
   if (got != control)
-    session.verdicts.fail("the keyboard at " + line.words[0], got == nullptr ? "nowhere" : got->name());
+    session.reporter.fail("the keyboard at " + line.arguments[0], got == nullptr ? "nowhere" : got->name());
 }
 
 void interval(Session& session, const Line& line) {
   const auto* timer = named<Timer>(session, line);
   if (timer == nullptr) return;
   const int got = timer->running() ? timer->interval() : 0;
-  if (got != *wholeNumber(line.words[1])) {
-    session.verdicts.fail(line.words[0] + " at " + line.words[1] + " ms", std::to_string(got));
+  if (got != *parseInteger(line.arguments[1])) {
+    session.reporter.fail(line.arguments[0] + " at " + line.arguments[1] + " ms", std::to_string(got));
   }
 }
 

@@ -1,4 +1,4 @@
-// Paths as the scenario's world has them.
+// Comparison of paths.
 #pragma once
 
 #include <string>
@@ -8,16 +8,16 @@
 
 namespace plimo::scenario {
 
-// True for two spellings of one path: compared without case, a doubled backslash counting as one.
+// Case-insensitive; a doubled backslash counts as one.
 inline bool samePath(std::string_view left, std::string_view right) {
-  const auto plain = [](std::string_view path) {
+  const auto normalized = [](std::string_view path) {
     std::string result;
     for (const char c : path) {
       if (c != '\\' || !result.ends_with('\\')) result += c;
     }
     return foldCase(result);
   };
-  return plain(left) == plain(right);
+  return normalized(left) == normalized(right);
 }
 
 }  // namespace plimo::scenario

@@ -1,9 +1,8 @@
 #include "scenario/scripted_dialogs.h"
 
-#include <algorithm>
 #include <utility>
 
-#include "scenario/words.h"
+#include "scenario/literals.h"
 
 namespace plimo::scenario {
 
@@ -28,14 +27,12 @@ std::optional<std::string> ScriptedDialogs::saveFile(const FileDialog& dialog) {
 }
 
 std::optional<std::string> ScriptedDialogs::take(Answer::Kind kind, const std::string& asked) {
-  const auto found =
-      std::find_if(answers_.begin(), answers_.end(), [kind](const Answer& answer) { return answer.kind == kind; });
-  if (found == answers_.end()) {
-    verdicts_.fail("an answer to " + asked, answers_.empty() ? "none" : answers_.front().spelling);
+  if (answers_.empty() || answers_.front().kind != kind) {
+    reporter_.fail("an answer to " + asked, answers_.empty() ? "none" : answers_.front().spelling);
     return std::nullopt;
   }
-  const Answer answer = std::move(*found);
-  answers_.erase(found);
+  const Answer answer = std::move(answers_.front());
+  answers_.pop_front();
   return answer.text;
 }
 

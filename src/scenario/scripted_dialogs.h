@@ -1,4 +1,4 @@
-// Boxes that nobody sees: they are kept for the expectations, and answered from a queue.
+// Dialogs without a display: they are recorded for the expectations and answered from a queue.
 #pragma once
 
 #include <cstddef>
@@ -8,16 +8,16 @@
 #include <vector>
 
 #include "platform/dialogs.h"
-#include "scenario/verdicts.h"
+#include "scenario/failure_reporter.h"
 
 namespace plimo::scenario {
 
-// What the user will answer.
+// A queued answer.
 struct Answer {
   enum class Kind { question, input, open, save };
   Kind kind;
-  std::optional<std::string> text;  // nothing for No and for Cancel
-  std::string spelling;             // as the scenario has it
+  std::optional<std::string> text;  // empty for No and Cancel
+  std::string spelling;             // as written in the scenario
 };
 
 class ScriptedDialogs : public Dialogs {
@@ -30,18 +30,18 @@ class ScriptedDialogs : public Dialogs {
     std::string title, prompt, proposed;
   };
 
-  explicit ScriptedDialogs(Verdicts& verdicts) : verdicts_(verdicts) {}
+  explicit ScriptedDialogs(FailureReporter& reporter) : reporter_(reporter) {}
 
-  // Each kind's answers are taken in the order queued.
+  // Answers of all kinds are taken in the order queued.
   void queue(Answer answer) { answers_.push_back(std::move(answer)); }
-  // The answers not taken yet.
+  // Not taken yet.
   const std::deque<Answer>& answers() const { return answers_; }
 
-  // What has been shown and not been expected yet, the oldest first.
+  // Shown and not expected yet, oldest first.
   std::deque<Box> boxes;
   std::deque<FileDialog> fileDialogs;
   std::deque<RuntimeError> errors;
-  // The input boxes of the whole file: prompts and proposals are expected apart.
+  // All input boxes: prompts and proposals are expected separately.
   std::vector<InputBox> inputs;
 
   void message(const std::string& text) override { boxes.push_back({text, false}); }
@@ -52,10 +52,10 @@ class ScriptedDialogs : public Dialogs {
   void report(const RuntimeError& error) override { errors.push_back(error); }
 
  private:
-  // The next answer, which has to be of this kind; nothing, and a failed expectation, where it is not.
+  // Takes the next answer. If there is none, or it is of another kind: a failed expectation, and nothing is taken.
   std::optional<std::string> take(Answer::Kind kind, const std::string& asked);
 
-  Verdicts& verdicts_;
+  FailureReporter& reporter_;
   std::deque<Answer> answers_;
 };
 

@@ -4,16 +4,16 @@
 
 namespace plimo::scenario {
 
-bool Captions::takeBorne(const std::string& caption) {
-  const bool found = std::find(borne_.begin(), borne_.end(), caption) != borne_.end();
-  if (borne_.size() > 1) borne_.erase(borne_.begin(), borne_.end() - 1);
+bool CaptionHistory::takeSeen(const std::string& caption) {
+  const bool found = std::find(seen_.begin(), seen_.end(), caption) != seen_.end();
+  if (seen_.size() > 1) seen_.erase(seen_.begin(), seen_.end() - 1);
   return found;
 }
 
 void ScriptedWindow::attach(Form& form) {
   form_ = &form;
   normal_ = {form.width(), form.height()};
-  captions.bear(form.caption());
+  captions.record(form.caption());
   form.setHost(this);
 }
 

@@ -1,4 +1,4 @@
-// A window that nobody sees, on a screen of the scenario's size. It has no frame: outer and inner sizes are the same.
+// A window without a display, on a screen of the scenario's size. It has no frame: outer and inner sizes are equal.
 #pragma once
 
 #include <memory>
@@ -16,18 +16,18 @@ struct Size {
   double height = 0;
 };
 
-// The captions that something bore since they were last asked for.
-class Captions {
+// The captions that a control or window has had since the last successful or failed `expect was`.
+class CaptionHistory {
  public:
-  void bear(const std::string& caption) {
-    if (borne_.empty() || borne_.back() != caption) borne_.push_back(caption);
+  void record(const std::string& caption) {
+    if (seen_.empty() || seen_.back() != caption) seen_.push_back(caption);
   }
-  // True when it bore this one; from then on only its present one is remembered.
-  bool takeBorne(const std::string& caption);
-  const std::vector<std::string>& borne() const { return borne_; }
+  // True if this caption was seen. Forgets all captions but the current one.
+  bool takeSeen(const std::string& caption);
+  const std::vector<std::string>& seen() const { return seen_; }
 
  private:
-  std::vector<std::string> borne_;
+  std::vector<std::string> seen_;
 };
 
 class CaptionObserver : public ControlObserver {
@@ -35,10 +35,10 @@ class CaptionObserver : public ControlObserver {
   explicit CaptionObserver(Control& control) : control_(control) { control_.addObserver(*this); }
   ~CaptionObserver() override { control_.removeObserver(*this); }
   void propertyChanged(Property property) override {
-    if (property == Property::caption) captions.bear(control_.caption());
+    if (property == Property::caption) captions.record(control_.caption());
   }
 
-  Captions captions;
+  CaptionHistory captions;
 
  private:
   Control& control_;
@@ -48,27 +48,28 @@ class ScriptedWindow : public FormHost {
  public:
   explicit ScriptedWindow(const Size& screen) : screen_(screen) {}
 
-  // The form as designed, before it loads; it must not outlive this window.
+  // Called before the form loads. The form must not outlive this window.
   void attach(Form& form);
-  // The screen has another size now.
+  // Call after the screen's size has changed.
   void screenChanged();
-  // The user drags the frame. A maximised window is a normal one from then on.
+  // The user drags the frame; a maximised window becomes a normal one.
   void userResize(Size size);
 
-  Captions captions;
-  // The pop-up menu shown last, until that is taken note of; null for none.
+  CaptionHistory captions;
+  // The pop-up menu shown since the last expectation about it; null if none.
   const Menu* popUpShown = nullptr;
 
   void show(Form& form) override { fit(form); }
   void unload(Form&) override {}
-  void captionChanged(Form& form) override { captions.bear(form.caption()); }
+  void captionChanged(Form& form) override { captions.record(form.caption()); }
   void stateChanged(Form& form) override { fit(form); }
   void resizeTo(Form& form, double width, double height) override;
   void focusChanged(Form&) override {}
   void popUp(Form&, Menu& menu) override { popUpShown = &menu; }
+  void pause(Form&, std::chrono::milliseconds) override {}
 
  private:
-  // Gives a window that shows the size that goes with its state.
+  // Applies the size that belongs to the window's state, if it is visible.
   void fit(Form& form);
 
   const Size& screen_;

@@ -2,13 +2,13 @@
 
 #include <exception>
 
-#include "scenario/words.h"
+#include "scenario/literals.h"
 
 namespace plimo::scenario {
 
-Run::Run(FakeFileSystem& files, ScriptedDialogs& dialogs, FakeLauncher& launcher, ScriptedPump& pump,
+Run::Run(FakeFileSystem& files, ScriptedDialogs& dialogs, FakeLauncher& launcher, ScriptedProgress& progress,
          const Size& screen, const std::map<std::string, Geometry>& designs)
-    : mainWindow(screen), splashWindow(screen), program(Platform{files, player, dialogs, launcher, pump}) {
+    : mainWindow(screen), splashWindow(screen), program(Platform{files, player, dialogs, launcher, progress}) {
   for (const auto& [name, geometry] : designs) {
     if (name == mainWindowName) {
       program.form1().designSize(geometry.width, geometry.height);
@@ -26,31 +26,31 @@ Run::Run(FakeFileSystem& files, ScriptedDialogs& dialogs, FakeLauncher& launcher
   }
 }
 
-Captions* Run::captions(std::string_view name) {
+CaptionHistory* Run::captions(std::string_view name) {
   if (name == mainWindowName) return &mainWindow.captions;
   if (name == splashName) return &splashWindow.captions;
   const auto found = captions_.find(name);
   return found == captions_.end() ? nullptr : &found->second->captions;
 }
 
-void Session::play(const Script& script) {
-  for (const Line& line : script.lines) {
-    verdicts.at(line.number);
+void Session::execute(const Scenario& scenario) {
+  for (const Line& line : scenario.lines) {
+    reporter.setLocation(line.location);
     try {
       line.command->run(*this, line);
     } catch (const std::exception& error) {
-      verdicts.fail("that the line can be done", error.what());
+      reporter.fail("the line to succeed", error.what());
     }
   }
-  verdicts.at(script.lastLine);
-  leftovers();
+  reporter.setLocation(scenario.end);
+  reportLeftovers();
 }
 
 void Session::start() {
-  opened();  // what the player of the run before was told
+  opened();  // keeps what the previous run's player was asked to open
   openedSeen_ = 0;
   run.reset();
-  run = std::make_unique<Run>(files, dialogs, launcher, pump, screen, designs);
+  run = std::make_unique<Run>(files, dialogs, launcher, progress, screen, designs);
   run->player.setDuration(duration);
   run->player.setCurrentPosition(position);
   run->program.start();
@@ -58,7 +58,7 @@ void Session::start() {
 
 Control* Session::control(const std::string& name) {
   if (run) return findControl(run->program, name);
-  verdicts.fail("the program to have been started", "no start");
+  reporter.fail("the program to have been started", "no start");
   return nullptr;
 }
 
@@ -66,7 +66,7 @@ Control* Session::usable(const std::string& name) {
   Control* found = control(name);
   if (found == nullptr) return nullptr;
   const auto refuse = [&](std::string_view why) {
-    verdicts.fail(name + " to be usable", why);
+    reporter.fail(name + " to be usable", why);
     return nullptr;
   };
   if (!running()) return refuse("a program that has ended");
@@ -81,13 +81,13 @@ Control* Session::usable(const std::string& name) {
   return found;
 }
 
-bool Session::windowShows(std::string_view name) const {
+bool Session::windowVisible(std::string_view name) const {
   if (!run) return false;
   if (name == mainWindowName) return run->program.form1().visible();
   return name == splashName && run->program.splash().visible();
 }
 
-bool Session::shows(const Control& control) const { return control.form().visible() && control.showing(); }
+bool Session::visible(const Control& control) const { return control.form().visible() && control.showing(); }
 
 std::deque<FakeLauncher::Started>& Session::started() {
   while (startedSeen_ < launcher.started().size()) started_.push_back(launcher.started()[startedSeen_++]);
@@ -99,20 +99,20 @@ std::deque<std::string>& Session::opened() {
   return opened_;
 }
 
-void Session::leftovers() {
+void Session::reportLeftovers() {
   for (const ScriptedDialogs::Box& box : dialogs.boxes) {
-    verdicts.fail("no further box", (box.question ? "the question " : "the message ") + quoted(box.text));
+    reporter.fail("no further box", (box.question ? "the question " : "the message ") + quoted(box.text));
   }
   for (const RuntimeError& error : dialogs.errors) {
-    verdicts.fail("no further run-time error", quoted(error.report()));
+    reporter.fail("no further run-time error", quoted(error.report()));
   }
   for (const FakeLauncher::Started& program : started()) {
-    verdicts.fail("no further program start", quoted(program.commandLine));
+    reporter.fail("no further program start", quoted(program.commandLine));
   }
-  for (const std::string& path : opened()) verdicts.fail("no further opening by the player", quoted(path));
-  for (const Answer& answer : dialogs.answers()) verdicts.fail("every answer to be taken", answer.spelling);
-  for (const std::size_t songs : pump.cancels()) {
-    verdicts.fail("every answer to be taken", "answer scan cancel " + std::to_string(songs));
+  for (const std::string& path : opened()) reporter.fail("no further opening by the player", quoted(path));
+  for (const Answer& answer : dialogs.answers()) reporter.fail("every answer to be taken", answer.spelling);
+  for (const std::size_t songs : progress.cancels()) {
+    reporter.fail("every answer to be taken", "answer scan cancel " + std::to_string(songs));
   }
 }
 

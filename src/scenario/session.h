@@ -1,4 +1,4 @@
-// One scenario at work: its world, the program in it, and what has been seen of it.
+// Executes one scenario: holds its world, the program, and what has been recorded of it.
 #pragma once
 
 #include <deque>
@@ -12,28 +12,28 @@
 #include "platform/memory/fake_file_system.h"
 #include "platform/memory/fake_launcher.h"
 #include "platform/memory/fake_player.h"
-#include "scenario/script.h"
+#include "scenario/failure_reporter.h"
+#include "scenario/parser.h"
 #include "scenario/scripted_dialogs.h"
-#include "scenario/scripted_pump.h"
+#include "scenario/scripted_progress.h"
 #include "scenario/scripted_window.h"
-#include "scenario/verdicts.h"
 
 namespace plimo::scenario {
 
-// The program from one start to the next, with a player of its own.
+// One run of the program, with its own player.
 class Run {
  public:
-  // `designs`: by name, where controls (and Form1) stand instead of where they were designed.
-  Run(FakeFileSystem& files, ScriptedDialogs& dialogs, FakeLauncher& launcher, ScriptedPump& pump, const Size& screen,
-      const std::map<std::string, Geometry>& designs);
+  // `designs`: by name, the geometry of controls (and Form1) that replaces the designed one.
+  Run(FakeFileSystem& files, ScriptedDialogs& dialogs, FakeLauncher& launcher, ScriptedProgress& progress,
+      const Size& screen, const std::map<std::string, Geometry>& designs);
 
   FakePlayer player;
   ScriptedWindow mainWindow;
   ScriptedWindow splashWindow;
   Program program;
 
-  // What a control, a window's own name included, was captioned. Null for no such name.
-  Captions* captions(std::string_view name);
+  // The captions of a control or window. Null if there is none of this name.
+  CaptionHistory* captions(std::string_view name);
 
  private:
   std::map<std::string, std::unique_ptr<CaptionObserver>, std::less<>> captions_;
@@ -41,23 +41,23 @@ class Run {
 
 class Session {
  public:
-  // `file` and `out` as in Verdicts.
-  Session(std::string file, std::ostream& out) : verdicts(std::move(file), out) {}
+  // Failed expectations are reported to `out`.
+  explicit Session(std::ostream& out) : reporter(out) {}
 
-  // Runs every line, then looks for what was left over.
-  void play(const Script& script);
+  // Executes every line, then reports what was left unexpected.
+  void execute(const Scenario& scenario);
 
-  Verdicts verdicts;
+  FailureReporter reporter;
 
   // --- The world ---
   FakeFileSystem files;
   FakeLauncher launcher{files};
-  ScriptedDialogs dialogs{verdicts};
-  ScriptedPump pump;
+  ScriptedDialogs dialogs{reporter};
+  ScriptedProgress progress;
   Size screen{15360, 11520};
-  double duration = 0;  // what the player reports, in seconds
+  double duration = 0;  // reported by the player, in seconds
   double position = 0;
-  bool drivesNamed = false;  // a drive line has replaced drive C
+  bool drivesNamed = false;  // a drive command has replaced drive C
   std::map<std::string, Geometry> designs;
 
   // --- The program ---
@@ -65,30 +65,30 @@ class Session {
   void start();
   bool running() const { return run && run->program.running(); }
 
-  // The control of that name; null, and a failed expectation, before the first start.
+  // The control of this name. Before the first start: a failed expectation, and null.
   Control* control(const std::string& name);
-  // The same for one that the user can use now; null, and a failed expectation, where that is not so.
+  // The same, if the user can use it now; otherwise a failed expectation, and null.
   Control* usable(const std::string& name);
-  // True where the window of that name shows; false also where it is none.
-  bool windowShows(std::string_view name) const;
-  // True for a control that shows in a window that shows.
-  bool shows(const Control& control) const;
+  // False also if there is no window of this name.
+  bool windowVisible(std::string_view name) const;
+  // True for a visible control in a visible window.
+  bool visible(const Control& control) const;
 
-  // --- What has been seen and not been expected yet, the oldest first ---
+  // --- Recorded and not expected yet, oldest first ---
   std::deque<FakeLauncher::Started>& started();
   std::deque<std::string>& opened();
   std::size_t promptsExpected = 0;    // of dialogs.inputs
   std::size_t proposalsExpected = 0;  // the same
   std::string titleExpected;          // the title of the box expected last
-  bool boxExpected = false;           // any has been
+  bool boxExpected = false;           // any box has been expected
 
  private:
-  void leftovers();
+  void reportLeftovers();
 
   std::deque<FakeLauncher::Started> started_;
   std::size_t startedSeen_ = 0;
   std::deque<std::string> opened_;
-  std::size_t openedSeen_ = 0;  // of the present run's player
+  std::size_t openedSeen_ = 0;  // of the current run's player
 };
 
 }  // namespace plimo::scenario

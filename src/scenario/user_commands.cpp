@@ -1,12 +1,12 @@
-// The lines in which the user does something, and those that say what he will answer.
+// The commands for what the user does, and for the answers that they will give.
 #include <algorithm>
 #include <array>
 #include <vector>
 
 #include "base/text.h"
 #include "scenario/command.h"
+#include "scenario/literals.h"
 #include "scenario/session.h"
-#include "scenario/words.h"
 
 namespace plimo::scenario {
 
@@ -14,33 +14,33 @@ namespace {
 
 template <class Kind>
 Kind* usable(Session& session, const Line& line) {
-  return static_cast<Kind*>(session.usable(line.words[0]));
+  return static_cast<Kind*>(session.usable(line.arguments[0]));
 }
 
-// The main window, while the user can use it; null, and a failed expectation, where he cannot.
+// The main window, if the user can use it; otherwise a failed expectation, and null.
 Form* usableWindow(Session& session) {
-  if (session.running() && session.windowShows(mainWindowName)) return &session.run->program.form1();
-  session.verdicts.fail("Form1 to show", session.run ? "it hidden" : "no start");
+  if (session.running() && session.windowVisible(mainWindowName)) return &session.run->program.form1();
+  session.reporter.fail("Form1 to show", session.run ? "it hidden" : "no start");
   return nullptr;
 }
 
 bool hasRow(Session& session, const ListBox& list, std::size_t row) {
   if (row < list.count()) return true;
-  session.verdicts.fail(list.name() + " to have the row " + std::to_string(row),
+  session.reporter.fail(list.name() + " to have the row " + std::to_string(row),
                         std::to_string(list.count()) + " rows");
   return false;
 }
 
 void start(Session& session, const Line&) {
   if (session.running()) {
-    session.verdicts.fail("a program that is not running", "it running");
+    session.reporter.fail("a program that is not running", "it running");
   } else {
     session.start();
   }
 }
 
 void close(Session& session, const Line&) {
-  if (session.windowShows(splashName)) {
+  if (session.windowVisible(splashName)) {
     session.run->program.splash().userClose();
   } else if (Form* form = usableWindow(session)) {
     form->userClose();
@@ -48,17 +48,17 @@ void close(Session& session, const Line&) {
 }
 
 void fire(Session& session, const Line& line) {
-  auto* timer = static_cast<Timer*>(session.control(line.words[0]));
+  auto* timer = static_cast<Timer*>(session.control(line.arguments[0]));
   if (timer == nullptr) return;
   if (session.running() && timer->form().loaded() && timer->running()) {
     timer->elapsed();
   } else {
-    session.verdicts.fail(line.words[0] + " to run", "it idle");
+    session.reporter.fail(line.arguments[0] + " to run", "it idle");
   }
 }
 
 void click(Session& session, const Line& line) {
-  if (Control* control = session.usable(line.words[0])) control->userClick();
+  if (Control* control = session.usable(line.arguments[0])) control->userClick();
 }
 
 void doubleClick(Session& session, const Line& line) {
@@ -69,8 +69,8 @@ void select(Session& session, const Line& line) {
   auto* list = usable<ListBox>(session, line);
   if (list == nullptr) return;
   std::vector<std::size_t> rows;
-  for (const std::string& word : line.from(1)) {
-    rows.push_back(static_cast<std::size_t>(*wholeNumber(word)));
+  for (const std::string& word : line.argumentsFrom(1)) {
+    rows.push_back(static_cast<std::size_t>(*parseInteger(word)));
     if (!hasRow(session, *list, rows.back())) return;
   }
   list->userSelect(rows);
@@ -79,25 +79,25 @@ void select(Session& session, const Line& line) {
 void current(Session& session, const Line& line) {
   auto* list = usable<ListBox>(session, line);
   if (list == nullptr) return;
-  const auto row = static_cast<std::size_t>(*wholeNumber(line.words[1]));
+  const auto row = static_cast<std::size_t>(*parseInteger(line.arguments[1]));
   if (hasRow(session, *list, row)) list->userMoveCurrent(row);
 }
 
 void setTick(Session& session, const Line& line, bool ticked) {
   auto* list = usable<ListBox>(session, line);
   if (list == nullptr) return;
-  if (const auto row = list->find(line.words[1])) {
+  if (const auto row = list->find(line.arguments[1])) {
     list->userTick(*row, ticked);
   } else {
-    session.verdicts.fail(list->name() + " to have the row " + quoted(line.words[1]), "no such row");
+    session.reporter.fail(list->name() + " to have the row " + quoted(line.arguments[1]), "no such row");
   }
 }
 
 void tick(Session& session, const Line& line) { setTick(session, line, true); }
 void untick(Session& session, const Line& line) { setTick(session, line, false); }
 
-// The next list that the keyboard can reach, after the last one the first again.
-void tabFrom(Session& session, const ListBox& list) {
+// Moves the focus to the next usable list, wrapping around.
+void focusNextList(Session& session, const ListBox& list) {
   const auto controls = list.form().controls();
   const auto here = std::find(controls.begin(), controls.end(), &list) - controls.begin();
   const auto count = static_cast<std::ptrdiff_t>(controls.size());
@@ -112,9 +112,9 @@ void tabFrom(Session& session, const ListBox& list) {
 void key(Session& session, const Line& line) {
   auto* list = usable<ListBox>(session, line);
   if (list == nullptr) return;
-  const std::string& word = line.words[1];
+  const std::string& word = line.arguments[1];
   if (word == "tab") {
-    tabFrom(session, *list);
+    focusNextList(session, *list);
   } else if (word == "enter") {
     list->userKey('\r');
   } else if (word == "esc") {
@@ -126,7 +126,7 @@ void key(Session& session, const Line& line) {
   } else if (word.size() == 1) {
     list->userKey(word[0]);
   } else {
-    list->form().setFocus(list);  // a letter that no list answers
+    list->form().setFocus(list);  // a non-ASCII character: no list handles it
   }
 }
 
@@ -137,40 +137,40 @@ void rightClick(Session& session, const Line& line) {
 void pickDrive(Session& session, DriveList& list, const std::string& letter) {
   const std::string upper = upperAscii(letter);
   const auto& entries = list.entries();
-  const bool there = upper.size() == 1 && std::any_of(entries.begin(), entries.end(),
+  const bool found = upper.size() == 1 && std::any_of(entries.begin(), entries.end(),
                                                       [&](const DriveList::Entry& e) { return e.letter == upper[0]; });
-  if (there) {
+  if (found) {
     list.userPick(upper[0]);
   } else {
-    session.verdicts.fail(list.name() + " to have the drive " + quoted(letter), "no such drive");
+    session.reporter.fail(list.name() + " to have the drive " + quoted(letter), "no such drive");
   }
 }
 
 void pick(Session& session, const Line& line) {
-  Control* control = session.usable(line.words[0]);
+  Control* control = session.usable(line.arguments[0]);
   if (control == nullptr) return;
   if (control->kind() == ControlKind::driveList) {
-    pickDrive(session, static_cast<DriveList&>(*control), line.words[1]);
+    pickDrive(session, static_cast<DriveList&>(*control), line.arguments[1]);
   } else {
-    static_cast<FolderList*>(control)->userPick(line.words[1]);
+    static_cast<FolderList*>(control)->userPick(line.arguments[1]);
   }
 }
 
 void slide(Session& session, const Line& line) {
   auto* slider = usable<Slider>(session, line);
   if (slider == nullptr) return;
-  const long long value = *wholeNumber(line.words[1]);
+  const long long value = *parseInteger(line.arguments[1]);
   if (value < Slider::minimum || value > Slider::maximum) {
-    session.verdicts.fail(slider->name() + " to reach " + line.words[1], "an end of the track before it");
+    session.reporter.fail(slider->name() + " to reach " + line.arguments[1], "an end of the track before it");
   } else {
     slider->userDrag(static_cast<int>(value));
   }
 }
 
 void hover(Session& session, const Line& line) {
-  if (line.words[0] == mainWindowName) {
+  if (line.arguments[0] == mainWindowName) {
     if (Form* form = usableWindow(session)) form->userMouseMove();
-  } else if (Control* control = session.usable(line.words[0])) {
+  } else if (Control* control = session.usable(line.arguments[0])) {
     control->userMouseMove();
   }
 }
@@ -181,14 +181,14 @@ void scroll(Session& session, const Line& line) {
 
 void resize(Session& session, const Line& line) {
   if (usableWindow(session) == nullptr) return;
-  session.run->mainWindow.userResize({*decimalNumber(line.words[0]), *decimalNumber(line.words[1])});
+  session.run->mainWindow.userResize({*parseDecimal(line.arguments[0]), *parseDecimal(line.arguments[1])});
 }
 
 void newStream(Session& session, const Line&) {
   if (session.running()) {
     session.run->player.announceStream();
   } else {
-    session.verdicts.fail("a program that is running", "none");
+    session.reporter.fail("a program that is running", "none");
   }
 }
 
@@ -199,7 +199,7 @@ void answerNo(Session& session, const Line&) {
 }
 
 void answerBox(Session& session, const Line& line, Answer::Kind kind) {
-  const std::string& text = line.words[0];
+  const std::string& text = line.arguments[0];
   const std::string spelling = std::string(line.command->name) + " " + quoted(text);
   if (text == "cancel") {
     session.dialogs.queue({kind, std::nullopt, spelling});
@@ -213,7 +213,7 @@ void answerOpen(Session& session, const Line& line) { answerBox(session, line, A
 void answerSave(Session& session, const Line& line) { answerBox(session, line, Answer::Kind::save); }
 
 void answerScanCancel(Session& session, const Line& line) {
-  session.pump.queueCancel(static_cast<std::size_t>(*wholeNumber(line.words[0])));
+  session.progress.queueCancel(static_cast<std::size_t>(*parseInteger(line.arguments[0])));
 }
 
 constexpr std::array commands{

@@ -1,23 +1,23 @@
-// The lines that build and change the world.
+// The commands that build and change the world.
 #include <array>
 #include <map>
 
 #include "scenario/command.h"
+#include "scenario/literals.h"
 #include "scenario/session.h"
-#include "scenario/words.h"
 
 namespace plimo::scenario {
 
 namespace {
 
-bool says(const Line& line, std::string_view word) {
-  for (std::size_t i = 1; i < line.words.size(); ++i) {
-    if (line.words[i] == word) return true;
+bool hasKeyword(const Line& line, std::string_view keyword) {
+  for (std::size_t i = 1; i < line.arguments.size(); ++i) {
+    if (line.arguments[i] == keyword) return true;
   }
   return false;
 }
 
-double number(const Line& line, std::size_t word) { return *decimalNumber(line.words[word]); }
+double number(const Line& line, std::size_t index) { return *parseDecimal(line.arguments[index]); }
 
 void drive(Session& session, const Line& line) {
   static const std::map<std::string_view, DriveType> types{
@@ -25,38 +25,41 @@ void drive(Session& session, const Line& line) {
       {"network", DriveType::network}, {"ramdisk", DriveType::ramdisk}, {"unknown", DriveType::unknown}};
   if (!session.run && !session.drivesNamed) session.files.removeDrives();
   session.drivesNamed = true;
-  session.files.addDrive(line.words[0][0], types.at(line.words[1]), line.words.size() < 3);
+  session.files.addDrive(line.arguments[0][0], types.at(line.arguments[1]), line.arguments.size() < 3);
 }
 
-void here(Session& session, const Line& line) { session.files.setCurrentDirectory(line.words[0]); }
+void here(Session& session, const Line& line) { session.files.setCurrentDirectory(line.arguments[0]); }
 
 void folder(Session& session, const Line& line) {
-  session.files.addFolder(line.words[0],
-                          {.unreadable = says(line, "unreadable"), .unwritable = says(line, "unwritable")});
+  session.files.addFolder(line.arguments[0],
+                          {.unreadable = hasKeyword(line, "unreadable"), .unwritable = hasKeyword(line, "unwritable")});
 }
 
 void file(Session& session, const Line& line) {
-  const long long size = line.words.size() > 1 ? wholeNumber(line.words[1]).value_or(0) : 0;
-  session.files.addFile(
-      line.words[0], static_cast<std::uint64_t>(size),
-      {.readOnly = says(line, "readonly"), .locked = says(line, "locked"), .unreadable = says(line, "unreadable")});
+  const long long size = line.arguments.size() > 1 ? parseInteger(line.arguments[1]).value_or(0) : 0;
+  session.files.addFile(line.arguments[0], static_cast<std::uint64_t>(size),
+                        {.readOnly = hasKeyword(line, "readonly"),
+                         .locked = hasKeyword(line, "locked"),
+                         .unreadable = hasKeyword(line, "unreadable")});
 }
 
 void text(Session& session, const Line& line) {
-  const std::string_view lineEnd = says(line, "lf") ? "\n" : "\r\n";
+  const std::string_view lineEnd = hasKeyword(line, "lf") ? "\n" : "\r\n";
   std::string content;
   for (const std::string& row : line.block) content.append(row).append(lineEnd);
-  if (says(line, "open") && !content.empty()) content.resize(content.size() - lineEnd.size());
-  session.files.addTextFile(line.words[0], std::move(content), {.readOnly = says(line, "readonly")});
+  if (hasKeyword(line, "open") && !content.empty()) content.resize(content.size() - lineEnd.size());
+  session.files.addTextFile(line.arguments[0], std::move(content), {.readOnly = hasKeyword(line, "readonly")});
 }
 
 void remove(Session& session, const Line& line) {
-  if (!session.files.remove(line.words[0])) {
-    session.verdicts.fail("something to remove at " + quoted(line.words[0]), "nothing there");
+  if (!session.files.remove(line.arguments[0])) {
+    session.reporter.fail("something to remove at " + quoted(line.arguments[0]), "nothing there");
   }
 }
 
-void disk(Session& session, const Line& line) { session.files.setDiskFull(line.words[0][0], line.words[1] == "full"); }
+void disk(Session& session, const Line& line) {
+  session.files.setDiskFull(line.arguments[0][0], line.arguments[1] == "full");
+}
 
 void screen(Session& session, const Line& line) {
   session.screen = {number(line, 0), number(line, 1)};
@@ -64,7 +67,7 @@ void screen(Session& session, const Line& line) {
 }
 
 void design(Session& session, const Line& line) {
-  session.designs[line.words[0]] = {number(line, 1), number(line, 2), number(line, 3), number(line, 4)};
+  session.designs[line.arguments[0]] = {number(line, 1), number(line, 2), number(line, 3), number(line, 4)};
 }
 
 void playerDuration(Session& session, const Line& line) {

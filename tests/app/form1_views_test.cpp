@@ -49,6 +49,7 @@ class TestWindow : public FormHost {
   }
   void focusChanged(Form&) override {}
   void popUp(Form&, Menu&) override {}
+  void pause(Form&, std::chrono::milliseconds) override {}
 
   bool deaf = false;  // keeps its size, whatever it is told
 

@@ -66,8 +66,8 @@ class TestProgram {
   FakePlayer player;
   TestDialogs dialogs;
   FakeLauncher launcher{files};
-  QuietProgress pump;
-  Program program{Platform{files, player, dialogs, launcher, pump}};
+  QuietProgress progress;
+  Program program{Platform{files, player, dialogs, launcher, progress}};
 
  private:
   std::string catalogue_;

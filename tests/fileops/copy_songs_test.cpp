@@ -10,7 +10,7 @@ class CopySongs : public Library {
   CopySongs() { files.addFolder("D:\\"); }
 
   void copy(const Names& names, const std::string& folder = "D:\\", bool firstRowSelected = true) {
-    copySongs(files, pump, catalogueFile, {names, firstRowSelected}, folder,
+    copySongs(files, progress, catalogueFile, {names, firstRowSelected}, folder,
               [this](std::string_view name) { present.emplace_back(name); });
   }
 
@@ -32,8 +32,8 @@ TEST_F(CopySongs, CopiesIntoAFolder) {
   copy({" y", "x"}, R"(C:\out\deep)");
   EXPECT_EQ(files.fileContent(R"(C:\out\deep\x.mp3)"), R"(C:\m\x.mp3)");
   EXPECT_EQ(files.fileContent(R"(C:\out\deep\A - y.mp3)"), R"(C:\m\A - y.mp3)");
-  EXPECT_EQ(pump.copies, (std::vector<std::string>{"1/2 A - y.mp3", "1/2 A - y.mp3", "2/2 x.mp3", "2/2 x.mp3"}));
-  EXPECT_EQ(pump.ends, 1);
+  EXPECT_EQ(progress.updates, (std::vector<std::string>{"1/2 A - y.mp3", "1/2 A - y.mp3", "2/2 x.mp3", "2/2 x.mp3"}));
+  EXPECT_EQ(progress.ends, 1);
 }
 
 TEST_F(CopySongs, NeverOverwrites) {
@@ -51,7 +51,7 @@ TEST_F(CopySongs, FailsWhenTheFirstSongIsGone) {
   addSong(R"(C:\x.mp3)");
   EXPECT_EQ(failureOf([&] { copy({"gone", "x"}); }), ErrorNumber::fileNotFound);
   EXPECT_FALSE(files.fileExists(R"(D:\x.mp3)"));
-  EXPECT_EQ(pump.ends, 1);
+  EXPECT_EQ(progress.ends, 1);
 }
 
 TEST_F(CopySongs, SkipsASongThatIsGoneLater) {

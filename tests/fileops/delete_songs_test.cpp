@@ -8,7 +8,7 @@ namespace {
 class DeleteSongs : public Library {
  protected:
   std::optional<ErrorNumber> failureOfDeleting(const Names& names) {
-    return failureOf([&] { deleteSongs(files, pump, catalogueFile, names); });
+    return failureOf([&] { deleteSongs(files, progress, catalogueFile, names); });
   }
 };
 
@@ -16,7 +16,7 @@ TEST_F(DeleteSongs, DeletesEveryFileOfAName) {
   addSong(R"(C:\a\x.mp3)");
   addSong(R"(C:\y.mp3)");
   addSong(R"(C:\b\x.mp3)");
-  deleteSongs(files, pump, catalogueFile, Names{"x"});
+  deleteSongs(files, progress, catalogueFile, Names{"x"});
   EXPECT_FALSE(files.fileExists(R"(C:\a\x.mp3)"));
   EXPECT_FALSE(files.fileExists(R"(C:\b\x.mp3)"));
   EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
@@ -26,14 +26,14 @@ TEST_F(DeleteSongs, TellsHowFarItIs) {
   addSong(R"(C:\a\x.mp3)");
   addSong(R"(C:\b\x.mp3)");
   addSong(R"(C:\y.mp3)");
-  deleteSongs(files, pump, catalogueFile, Names{"y", "x"});
-  EXPECT_EQ(pump.deletions, (std::vector<std::string>{"1/3", "2/3", "3/3"}));
-  EXPECT_EQ(pump.ends, 1);
+  deleteSongs(files, progress, catalogueFile, Names{"y", "x"});
+  EXPECT_EQ(progress.updates, (std::vector<std::string>{"1/3", "2/3", "3/3"}));
+  EXPECT_EQ(progress.ends, 1);
 }
 
 TEST_F(DeleteSongs, PassesOverNamesWithoutARecord) {
   addSong(R"(C:\x.mp3)");
-  deleteSongs(files, pump, catalogueFile, Names{"gone", "X", "x"});
+  deleteSongs(files, progress, catalogueFile, Names{"gone", "X", "x"});
   EXPECT_FALSE(files.fileExists(R"(C:\x.mp3)"));
 }
 
@@ -44,7 +44,7 @@ TEST_F(DeleteSongs, StopsAtAFileThatIsGone) {
   EXPECT_EQ(failureOfDeleting({"x", "gone", "y"}), ErrorNumber::fileNotFound);
   EXPECT_FALSE(files.fileExists(R"(C:\x.mp3)"));
   EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
-  EXPECT_EQ(pump.ends, 1);
+  EXPECT_EQ(progress.ends, 1);
 }
 
 TEST_F(DeleteSongs, LeavesAReadOnlyFile) {

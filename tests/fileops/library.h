@@ -46,7 +46,7 @@ class Library : public testing::Test {
   }
 
   FakeFileSystem files;
-  QuietProgress pump;
+  QuietProgress progress;
 
  private:
   std::string catalogue_;

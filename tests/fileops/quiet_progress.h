@@ -1,4 +1,4 @@
-// An event pump that counts what it is told and shows nothing.
+// A Progress that shows nothing and records what it is given.
 #pragma once
 
 #include <string>
@@ -10,21 +10,16 @@ namespace plimo {
 
 class QuietProgress : public Progress {
  public:
-  void pause(std::chrono::milliseconds) override {}
-  void scanBegins() override {}
-  bool scanned(std::size_t, std::string_view) override { return true; }
-  void scanEnds() override {}
-  void copied(const CopyProgress& progress) override {
-    copies.push_back(std::to_string(progress.file) + "/" + std::to_string(progress.files) + " " +
-                     std::string(progress.name));
+  void begin(Task) override {}
+  void update(const ProgressUpdate& update) override {
+    std::string text = std::to_string(update.done) + "/" + std::to_string(update.total);
+    if (!update.name.empty()) text.append(" ").append(update.name);
+    updates.push_back(text);
   }
-  void deleted(std::size_t file, std::size_t files) override {
-    deletions.push_back(std::to_string(file) + "/" + std::to_string(files));
-  }
-  void workEnds() override { ++ends; }
+  void end() override { ++ends; }
+  bool cancelled() const override { return false; }
 
-  std::vector<std::string> copies;     // "2/3 x.mp3"
-  std::vector<std::string> deletions;  // "2/3"
+  std::vector<std::string> updates;  // "2/3 x.mp3"
   int ends = 0;
 };
 

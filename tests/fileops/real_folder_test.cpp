@@ -26,7 +26,7 @@ using Files = std::vector<std::string>;
 class RealProgram {
  public:
   RealProgram(FileSystemObject& files, const std::string& home)
-      : launcher_(files), program_(Platform{files, player_, dialogs, launcher_, pump_}), home_(home) {
+      : launcher_(files), program_(Platform{files, player_, dialogs, launcher_, progress_}), home_(home) {
     writeFile(home_ + "/plimo.ini",
               "0\r\n#TRUE#\r\n#FALSE#\r\n\"\"\r\n0\r\n0\r\n65535\r\n4194304\r\n65535\r\n4194304\r\n65535\r\n"
               "\"4194304\"\r\n");
@@ -76,7 +76,7 @@ class RealProgram {
  private:
   FakePlayer player_;
   FakeLauncher launcher_;
-  QuietProgress pump_;
+  QuietProgress progress_;
   Program program_;
   std::string home_;
 };

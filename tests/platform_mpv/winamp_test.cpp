@@ -65,8 +65,8 @@ class Winamp : public testing::Test {
   LinuxLauncher launcher_;
   FakePlayer player_;
   TestDialogs dialogs_;
-  QuietProgress pump_;
-  Program program_{Platform{files_, player_, dialogs_, launcher_, pump_}};
+  QuietProgress progress_;
+  Program program_{Platform{files_, player_, dialogs_, launcher_, progress_}};
 };
 
 TEST_F(Winamp, ARunIsHandedOverAsTheProgramsPlaylist) {

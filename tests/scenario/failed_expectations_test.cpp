@@ -1,8 +1,8 @@
-// What a scenario can fail by, and how it is told.
+// Failed expectations and how they are reported.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "scenario/story.h"
+#include "scenario/run_scenario.h"
 
 namespace plimo::scenario {
 namespace {
@@ -18,25 +18,25 @@ const std::string world =
     "start\n";
 const int worldLines = 25;
 
-std::string at(int line) { return "story:" + std::to_string(worldLines + line) + ": expected "; }
+std::string at(int line) { return "scenario:" + std::to_string(worldLines + line) + ": expected "; }
 
 struct Failing {
-  const char* story;  // behind the world
-  int line;           // of it
-  const char* told;
+  const char* scenario;  // appended to the world
+  int line;              // of it, from 1
+  const char* message;
 };
 
 class FailedExpectations : public testing::TestWithParam<Failing> {};
 
-TEST_P(FailedExpectations, NameFileAndLineAndEndWithOne) {
-  const Told told = tell(world + GetParam().story);
-  EXPECT_EQ(told.status, 1);
-  EXPECT_EQ(told.out, "0 passed, 1 failed\n");
-  EXPECT_THAT(told.err, HasSubstr(at(GetParam().line) + GetParam().told));
+TEST_P(FailedExpectations, NameFileAndLineAndExitWithOne) {
+  const ScenarioResult result = runScenarioText(world + GetParam().scenario);
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.out, "0 passed, 1 failed\n");
+  EXPECT_THAT(result.err, HasSubstr(at(GetParam().line) + GetParam().message));
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    OfWhatStandsOnTheWindow, FailedExpectations,
+    OfTheWindow, FailedExpectations,
     testing::Values(Failing{"\nexpect rows List2 \"A\"", 2, "List2 with 1 row \"A\", got 2 rows \"A\" \"B\""},
                     Failing{"expect rows List2 A b", 1, "List2 with 2 rows"},
                     Failing{"expect rows List2", 1, "List2 with 0 rows"},
@@ -74,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Failing{"expect path Drive1 Z", 1, "Drive1 at \"Z\""}));
 
 INSTANTIATE_TEST_SUITE_P(
-    OfWhatTheProgramSaidAndDid, FailedExpectations,
+    OfTheProgramsOutput, FailedExpectations,
     testing::Values(
         Failing{"expect message hello", 1, "the message \"hello\", got none"},
         Failing{"click Hotkeys\nexpect message hello", 2, "the message \"hello\", got the message \"The following"},
@@ -102,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(
         Failing{"click Exit\nexpect ended 1", 2, "the program's end with status 1, got status 0"}));
 
 INSTANTIATE_TEST_SUITE_P(
-    OfWhatTheUserCannotDo, FailedExpectations,
+    OfImpossibleActions, FailedExpectations,
     testing::Values(Failing{"start", 1, "a program that is not running, got it running"},
                     Failing{"click Command5", 1, "Command5 to be usable, got it hidden"},
                     Failing{"click Exit\nclick Exit", 2, "Exit to be usable, got a program that has ended"},
@@ -117,10 +117,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Failing{"resize 100 100\nclick Preferences\nslide Slider1 3", 3,
                             "Slider1 to be usable, got it hidden"},
                     Failing{"remove C:\\nothing", 1, "something to remove at \"C:\\nothing\", got nothing there"},
-                    Failing{"file C:\\Plimo", 1, "that the line can be done, got no place for \"C:\\Plimo\""}));
+                    Failing{"file C:\\Plimo", 1, "the line to succeed, got no place for \"C:\\Plimo\""}));
 
 INSTANTIATE_TEST_SUITE_P(
-    OfWhatIsLeftOver, FailedExpectations,
+    OfLeftovers, FailedExpectations,
     testing::Values(Failing{"click Hotkeys\n# the end", 2, "no further box, got the message \"The following"},
                     Failing{"answer yes", 1, "every answer to be taken, got answer yes"},
                     Failing{"answer input \"x y\"", 1, "every answer to be taken, got answer input \"x y\""},
@@ -130,25 +130,28 @@ INSTANTIATE_TEST_SUITE_P(
                     Failing{"tick List2 A\ncurrent List1 0\nremove C:\\Plimo\\plimo.kvx\nkey List1 enter", 4,
                             "no further run-time error, got \"Run-time error '53':"}));
 
-TEST(Leftovers, AreProgramStartsToo) {
-  std::string story = world + "tick List2 A\ncurrent List1 0\nclick play\n";
-  story.replace(story.find("\n0\n"), 3, "\n1\n");
-  const Told told = tell(
+TEST(Leftovers, IncludeProgramStarts) {
+  std::string scenario = world + "tick List2 A\ncurrent List1 0\nclick play\n";
+  scenario.replace(scenario.find("\n0\n"), 3, "\n1\n");
+  const ScenarioResult result = runScenarioText(
       "file C:\\Plimo\\winamp.exe\nfile \"C:\\A - X.mp3\"\n"
       "text C:\\Plimo\\path.kvx\n\"C:\\Plimo\\winamp.exe\"\nend\n" +
-      story);
-  EXPECT_EQ(told.status, 1);
-  EXPECT_THAT(told.err, HasSubstr("no further program start, got \"C:\\Plimo\\winamp.exe C:\\"));
+      scenario);
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, HasSubstr("no further program start, got \"C:\\Plimo\\winamp.exe C:\\"));
 }
 
-TEST(Leftovers, AreNotInputBoxesAndFileDialogs) { EXPECT_EQ(tell(world + "answer open cancel\nclick open\n").err, ""); }
+TEST(Leftovers, ExcludeInputBoxesAndFileDialogs) {
+  EXPECT_EQ(runScenarioText(world + "answer open cancel\nclick open\n").err, "");
+}
 
-TEST(Verdicts, AQuestionWithoutAnAnswerCountsAsNo) {
-  const Told told = tell(world + "tick List2 A\nselect List1 0\nclick ds\n" +
-                         "expect question \"You are gonna have to say goodbye to the selected files! You sure ??\"\n");
-  EXPECT_EQ(told.status, 1);
-  EXPECT_THAT(told.err, HasSubstr(at(3) + "an answer to the question \""));
-  EXPECT_THAT(told.err, testing::Not(HasSubstr(at(4))));
+TEST(MissingAnswers, CountAsNo) {
+  const ScenarioResult result =
+      runScenarioText(world + "tick List2 A\nselect List1 0\nclick ds\n" +
+                      "expect question \"You are gonna have to say goodbye to the selected files! You sure ??\"\n");
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, HasSubstr(at(3) + "an answer to the question \""));
+  EXPECT_THAT(result.err, testing::Not(HasSubstr(at(4))));
 }
 
 }  // namespace
