@@ -7,7 +7,7 @@
 
 #include "catalogue/catalogue_join.h"
 #include "platform/linux/linux_files.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace plimo {
 namespace {

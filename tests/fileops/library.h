@@ -12,7 +12,7 @@
 #include "base/errors.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/song_name.h"
-#include "fileops/quiet_progress.h"
+#include "support/quiet_progress.h"
 #include "platform/memory/fake_file_system.h"
 
 namespace plimo {

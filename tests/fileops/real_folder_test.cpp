@@ -11,9 +11,9 @@
 #include <fstream>
 #include <iterator>
 
-#include "app/test_program.h"
+#include "support/test_program.h"
 #include "platform/linux/linux_files.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 #include "platform/test_machines.h"
 
 namespace plimo {

@@ -1,11 +1,11 @@
-// What tests on the real disk need.
+// Helpers for tests on the real file system.
 #pragma once
 
 #include <string>
 
 namespace plimo {
 
-// While it lives, a test that runs as root is an ordinary user to the kernel, whom permissions bind.
+// During its lifetime a test that runs as root has the effective ids of an ordinary user, so that permissions apply.
 class OrdinaryUser {
  public:
   OrdinaryUser();
@@ -17,7 +17,7 @@ class OrdinaryUser {
   bool changed_ = false;
 };
 
-// A folder of the test's own, gone with all that is in it at the end.
+// A temporary folder that is removed with its content at the end.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -33,7 +33,7 @@ class TemporaryFolder {
 };
 
 void writeFile(const std::string& path, const std::string& content);
-void makeFolders(const std::string& path);  // those on the way too
+void makeFolders(const std::string& path);  // with missing parents
 void changeMode(const std::string& path, unsigned mode);
 
 }  // namespace plimo

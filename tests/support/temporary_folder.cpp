@@ -1,4 +1,4 @@
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr uid_t nobody = 65534;
 
-void demand(bool done, const std::string& what) {
+void require(bool done, const std::string& what) {
   if (!done) throw std::runtime_error(what);
 }
 
@@ -23,7 +23,7 @@ void demand(bool done, const std::string& what) {
 
 OrdinaryUser::OrdinaryUser() {
   if (::geteuid() != 0) return;
-  demand(::setegid(nobody) == 0 && ::seteuid(nobody) == 0, "cannot become an ordinary user");
+  require(::setegid(nobody) == 0 && ::seteuid(nobody) == 0, "cannot become an ordinary user");
   changed_ = true;
 }
 
@@ -32,13 +32,13 @@ OrdinaryUser::~OrdinaryUser() {
 }
 
 TemporaryFolder::TemporaryFolder() : path_(std::filesystem::temp_directory_path() / "plimo-test-XXXXXX") {
-  demand(::mkdtemp(path_.data()) != nullptr, "no folder for the test");
+  require(::mkdtemp(path_.data()) != nullptr, "no folder for the test");
 }
 
 TemporaryFolder::~TemporaryFolder() {
   namespace fs = std::filesystem;
   std::error_code ignored;
-  // Folders that a test closed are opened again, from the top down, or their content could not be removed.
+  // Restores the permissions that a test removed, from the top down, so that the content can be deleted.
   fs::permissions(path_, fs::perms::owner_all, ignored);
   for (fs::recursive_directory_iterator entry(path_, ignored), end; entry != end; entry.increment(ignored)) {
     if (!entry->is_symlink(ignored) && entry->is_directory(ignored)) {
@@ -53,11 +53,11 @@ void writeFile(const std::string& path, const std::string& content) {
   std::ofstream file(path, std::ios::binary);
   file << content;
   file.close();
-  demand(static_cast<bool>(file), "cannot write " + path);
+  require(static_cast<bool>(file), "cannot write " + path);
 }
 
 void makeFolders(const std::string& path) { std::filesystem::create_directories(path); }
 
-void changeMode(const std::string& path, unsigned mode) { demand(::chmod(path.c_str(), mode) == 0, "chmod " + path); }
+void changeMode(const std::string& path, unsigned mode) { require(::chmod(path.c_str(), mode) == 0, "chmod " + path); }
 
 }  // namespace plimo
