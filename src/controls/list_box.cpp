@@ -338,7 +338,7 @@ void ListBox::compactStore() {
   constexpr std::size_t minimumUnused = 1 << 16;
   if (unused_ < minimumUnused || unused_ * 2 < texts_.size()) return;
   RowStore texts;
-  texts.makeRoom(texts_.size() - unused_);
+  texts.reserve(texts_.size() - unused_);
   for (Row& row : rows_) row.offset = texts.append(texts_.text(row.offset, row.length));
   texts_ = std::move(texts);
   unused_ = 0;
