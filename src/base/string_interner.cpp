@@ -86,29 +86,16 @@ void StringInterner::find(std::span<const std::string_view> texts, std::span<std
   }
 }
 
-void StringInterner::add(std::span<const std::string_view> texts, std::span<std::uint32_t> ids) {
-  for (; texts.size() > maxBatch; texts = texts.subspan(maxBatch), ids = ids.subspan(maxBatch)) {
-    add(texts.first(maxBatch), ids.first(maxBatch));
-  }
-  std::array<std::uint64_t, maxBatch> hashes;
-  std::array<Slot, maxBatch> slots;  // as before the batch; a stale free slot only leads to the full lookup below
-  for (std::size_t i = 0; i < texts.size(); ++i) hashes[i] = hash(texts[i]);
-  for (std::size_t i = 0; i < texts.size(); ++i) slots[i] = slots_[homeSlot(hashes[i])];
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    const bool likely = slots[i].id != none && slots[i].tag == tagOf(hashes[i]);
-    ids[i] = likely && texts_[slots[i].id] == texts[i] ? slots[i].id : add(texts[i], hashes[i]);
-  }
-}
-
-std::uint32_t StringInterner::add(std::string_view text, std::uint64_t hash) {
+std::uint32_t StringInterner::add(std::string_view text) {
   if ((texts_.size() + 1) * 2 > slots_.size()) grow();
+  const std::uint64_t hashed = hash(text);
   const std::size_t mask = slots_.size() - 1;
-  std::size_t slot = homeSlot(hash);
+  std::size_t slot = homeSlot(hashed);
   for (; slots_[slot].id != none; slot = (slot + 1) & mask) {
-    if (slots_[slot].tag == tagOf(hash) && texts_[slots_[slot].id] == text) return slots_[slot].id;
+    if (slots_[slot].tag == tagOf(hashed) && texts_[slots_[slot].id] == text) return slots_[slot].id;
   }
   const auto id = static_cast<std::uint32_t>(texts_.size());
-  slots_[slot] = {tagOf(hash), id};
+  slots_[slot] = {tagOf(hashed), id};
   texts_.push_back(text);
   return id;
 }
@@ -117,10 +104,10 @@ void StringInterner::grow() {
   slots_.assign(slots_.size() * 2, Slot{0, none});
   const std::size_t mask = slots_.size() - 1;
   for (std::uint32_t id = 0; id < texts_.size(); ++id) {
-    const std::uint64_t rehashed = hash(texts_[id]);
-    std::size_t slot = homeSlot(rehashed);
+    const std::uint64_t hashed = hash(texts_[id]);
+    std::size_t slot = homeSlot(hashed);
     while (slots_[slot].id != none) slot = (slot + 1) & mask;
-    slots_[slot] = {tagOf(rehashed), id};
+    slots_[slot] = {tagOf(hashed), id};
   }
 }
 

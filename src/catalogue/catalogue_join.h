@@ -83,7 +83,7 @@ class CatalogueJoin {
       matches.keys.lookUp(interner);
       for (std::size_t i = 0; i < records.size(); ++i) {
         const std::uint32_t group = matches.keys.id(i);
-        if (group != StringInterner::none) matches.add({group, valueOf(records[i], matches.texts)});
+        if (group != StringInterner::none) matches.found.push_back({group, valueOf(records[i], matches.texts)});
       }
     };
     groupMatches(catalogue.parallelCollect<Matches>(onTruncation, probe), interner.size());
@@ -110,26 +110,16 @@ class CatalogueJoin {
   };
   // The matches of one reader, in record order.
   struct Matches {
-    static constexpr std::size_t blockSize = 2048;
-
-    void add(const Match& match) {
-      if (count++ % blockSize == 0) blocks.emplace_back().reserve(blockSize);
-      blocks.back().push_back(match);
-    }
-
     KeyBatch keys;
     Arena texts;
-    std::vector<std::vector<Match>> blocks;  // grows without copying the matches
-    std::size_t count = 0;
+    std::vector<Match> found;
   };
 
   // A counting sort by group, which keeps the record order within each group.
   void groupMatches(std::vector<Matches> parts, std::size_t groups) {
     const auto forEach = [&parts](auto each) {
       for (const Matches& matches : parts) {
-        for (const std::vector<Match>& block : matches.blocks) {
-          for (const Match& match : block) each(match);
-        }
+        for (const Match& match : matches.found) each(match);
       }
     };
     starts_.resize(groups + 1);

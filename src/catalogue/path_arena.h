@@ -1,7 +1,6 @@
 // Compact storage for the paths of songs.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -9,30 +8,15 @@
 
 namespace plimo {
 
-// A view of a path in two parts, each shorter than 4 GiB. Packed into 24 bytes instead of the 32 of two string_views,
-// because there may be a million of them.
-class StoredPath {
- public:
-  StoredPath() = default;
-  StoredPath(std::string_view folder, std::string_view name)
-      : folderData_(folder.data()),
-        nameData_(name.data()),
-        folderSize_(static_cast<std::uint32_t>(folder.size())),
-        nameSize_(static_cast<std::uint32_t>(name.size())) {}
+// A view of a path in two parts.
+struct StoredPath {
+  std::string text() const { return std::string(folder).append(name); }
 
-  // With the trailing separator; empty if the path has no separator.
-  std::string_view folder() const { return {folderData_, folderSize_}; }
-  std::string_view name() const { return {nameData_, nameSize_}; }
-  std::string text() const { return std::string(folder()).append(name()); }
-
- private:
-  const char* folderData_ = nullptr;
-  const char* nameData_ = nullptr;
-  std::uint32_t folderSize_ = 0;
-  std::uint32_t nameSize_ = 0;
+  std::string_view folder;  // with the trailing separator; empty if the path has no separator
+  std::string_view name;
 };
 
-inline void append(std::string& target, const StoredPath& path) { target.append(path.folder()).append(path.name()); }
+inline void append(std::string& target, const StoredPath& path) { target.append(path.folder).append(path.name); }
 
 // Owns copies of paths; the views are valid as long as the arena. Consecutive paths in the same folder share its string
 // (prefix compression): neighbours in a catalogue mostly do.

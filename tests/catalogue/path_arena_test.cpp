@@ -45,9 +45,9 @@ TEST(PathArena, ReturnsEveryPathUnchanged) {
 TEST(PathArena, SongsOfOneFolderShareItsString) {
   PathArena arena;
   const StoredPath first = arena.store("/m/in/a.mp3");
-  EXPECT_EQ(arena.store("/m/in/b.mp3").folder().data(), first.folder().data());
-  EXPECT_NE(arena.store("/m/in/deep/c.mp3").folder().data(), first.folder().data());
-  EXPECT_EQ(first.folder(), "/m/in/");
+  EXPECT_EQ(arena.store("/m/in/b.mp3").folder.data(), first.folder.data());
+  EXPECT_NE(arena.store("/m/in/deep/c.mp3").folder.data(), first.folder.data());
+  EXPECT_EQ(first.folder, "/m/in/");
 }
 
 }  // namespace
