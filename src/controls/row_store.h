@@ -9,8 +9,8 @@
 
 namespace plimo {
 
-// Concatenated strings, addressed by offset and length. Copy-on-write: copies share the bytes until one of them appends,
-// so that filling a list from another one copies no text.
+// Concatenated strings, addressed by offset and length. Copy-on-write: copies share the bytes until one of them
+// appends, so that filling a list from another one copies no text.
 class RowStore {
  public:
   std::size_t size() const { return bytes_ ? bytes_->size() : 0; }
