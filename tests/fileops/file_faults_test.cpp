@@ -5,7 +5,7 @@
 #include <map>
 #include <set>
 
-#include "app/test_program.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {

@@ -12,8 +12,8 @@
 #include "base/errors.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/song_name.h"
-#include "fileops/quiet_progress.h"
 #include "platform/memory/fake_file_system.h"
+#include "support/quiet_progress.h"
 
 namespace plimo {
 

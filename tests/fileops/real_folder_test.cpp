@@ -11,10 +11,10 @@
 #include <fstream>
 #include <iterator>
 
-#include "app/test_program.h"
 #include "platform/file_system_backends.h"
 #include "platform/linux/linux_files.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {

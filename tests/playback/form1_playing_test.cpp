@@ -1,7 +1,7 @@
 // What the player on the window is told before it plays.
 #include <gtest/gtest.h>
 
-#include "app/test_program.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/test_program.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {

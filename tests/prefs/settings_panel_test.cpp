@@ -1,7 +1,7 @@
 // What the settings panel, the colour editor and the welcome do that shows nowhere on the window.
 #include <gtest/gtest.h>
 
-#include "app/test_program.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {

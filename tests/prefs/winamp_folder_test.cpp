@@ -5,7 +5,7 @@
 #include "base/errors.h"
 #include "platform/linux/linux_files.h"
 #include "platform/memory/fake_file_system.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace plimo {
 namespace {

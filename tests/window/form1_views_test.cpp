@@ -3,7 +3,7 @@
 
 #include <deque>
 
-#include "app/test_program.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {

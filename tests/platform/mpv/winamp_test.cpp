@@ -8,11 +8,11 @@
 #include <thread>
 
 #include "app/program.h"
-#include "app/test_program.h"
 #include "base/quoted_format.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/linux_launcher.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {
