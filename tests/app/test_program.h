@@ -1,4 +1,4 @@
-// The whole program on the computer in memory, with boxes that are answered as a test says.
+// The whole program on the in-memory platform, with prepared answers to its dialogs.
 #pragma once
 
 #include <optional>
@@ -24,18 +24,18 @@ class TestDialogs : public Dialogs {
   }
   bool question(const std::string& text) override {
     questions.push_back(text);
-    return questions.size() <= yesses;
+    return questions.size() <= yesAnswers;
   }
   std::string input(const std::string&, const std::string&, const std::string&) override { return inputText; }
   std::optional<std::string> openFile(const FileDialog&) override { return std::nullopt; }
   std::optional<std::string> saveFile(const FileDialog&) override { return std::nullopt; }
   void report(const RuntimeError& error) override { reports.push_back(error.report()); }
 
-  bool toldAnything() const { return !messages.empty() || !reports.empty(); }
+  bool hasMessageOrReport() const { return !messages.empty() || !reports.empty(); }
 
-  std::size_t yesses = 0;  // so many of the first questions are answered with Yes
+  std::size_t yesAnswers = 0;  // number of questions answered Yes; the later ones are answered No
   std::string inputText;
-  std::function<void()> whileOpen;  // happens while a message stands there
+  std::function<void()> whileOpen;  // called while a message is shown
   std::vector<std::string> messages;
   std::vector<std::string> questions;
   std::vector<std::string> reports;

@@ -30,7 +30,7 @@ class FileFaults : public testing::TestWithParam<ErrorNumber> {
       test.form().List1.userSelect(chosen);
       const std::string settings = *test.files.fileContent(R"(C:\Plimo\plimo.ini)");
       const std::string catalogue = *test.files.fileContent(R"(C:\Plimo\plimo.kvx)");
-      ASSERT_FALSE(test.dialogs.toldAnything());
+      ASSERT_FALSE(test.dialogs.hasMessageOrReport());
 
       test.files.failAt(step, GetParam());
       command(test);
@@ -64,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(Each, FileFaults,
 TEST_P(FileFaults, AFailedDeletionStopsAndIsReported) {
   failEachStepOf(
       [](TestProgram& test) {
-        test.dialogs.yesses = 1;
+        test.dialogs.yesAnswers = 1;
         test.form().ds.userClick();
       },
       [](TestProgram& test, bool failed) {

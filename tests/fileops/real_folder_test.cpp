@@ -65,7 +65,7 @@ class RealProgram {
     form().Command6.userClick();
   }
   void deleteSelected() {
-    dialogs.yesses = 1;  // sure, and no scan
+    dialogs.yesAnswers = 1;  // sure, and no scan
     form().ds.userClick();
   }
 
@@ -154,13 +154,13 @@ TEST_P(OddlyNamed, IsDeleted) {
   const std::size_t first[] = {0};
   program_.form().List1.userSelect(first);
   program_.deleteSelected();
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(music()), Files{"B - other.mp3"});
 }
 
 TEST_P(OddlyNamed, IsRenamed) {
   program_.rename("New");
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(music()), (Files{"B - other.mp3", "New.mp3"}));
   EXPECT_EQ(content(music() + "/New.mp3"), GetParam().name);
 }
@@ -169,14 +169,14 @@ TEST_P(OddlyNamed, IsTheNameOfARenamedSong) {
   program_.form().List1.setCurrent(1);
   fs::remove(path_);
   program_.rename(GetParam().name.substr(0, GetParam().name.size() - 4));
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(music()), Files{GetParam().name});
   EXPECT_EQ(content(path_), "B - other.mp3");
 }
 
 TEST_P(OddlyNamed, IsCopied) {
   program_.copyTo(out());
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(out()), namesIn(music()));
   EXPECT_EQ(content(out() + "/" + GetParam().name), GetParam().name);
 }
@@ -209,7 +209,7 @@ TEST_F(RealFolder, RenamingASongToItsOwnNameIsRefused) {
 TEST_F(RealFolder, AnotherCaseIsAnotherName) {
   program_.startWith({song("A - b.MP3")});
   program_.rename("a - B");
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(music()), Files{"a - B.mp3"});
 }
 
@@ -236,7 +236,7 @@ TEST_F(RealFolder, ANameThatTheFileSystemRefusesIsReported) {
     EXPECT_EQ(program_.form().List1.count(), 1U);
   }
   program_.rename(std::string(251, 'x'));
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(music()), Files{std::string(251, 'x') + ".mp3"});
 }
 
@@ -271,7 +271,7 @@ TEST_F(RealFolder, AMissingSongIsReportedOrSkipped) {
   program_.startWith(songs);
   fs::remove(songs[1]);
   program_.copyTo(out());
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(out()), (Files{"A - b.mp3", "A - d.mp3"}));
   program_.deleteSelected();
   EXPECT_EQ(program_.dialogs.messages.size(), 1U);
@@ -309,7 +309,7 @@ TEST_F(RealFolder, ACopyWithoutRoomIsRemovedAndTheSongIsKept) {
   {
     const FileSizeLimit limit(50000);
     program_.copyTo(out());
-    EXPECT_FALSE(program_.dialogs.toldAnything()) << "the other songs are copied";
+    EXPECT_FALSE(program_.dialogs.hasMessageOrReport()) << "the other songs are copied";
     program_.rename("New");
   }
   EXPECT_EQ(namesIn(out()), Files{"A - small.mp3"});
