@@ -20,7 +20,7 @@ class TestDialogs : public Dialogs {
   }
   bool question(const std::string& text) override {
     questions.push_back(text);
-    if (answers.empty()) return questions.size() <= yesses;
+    if (answers.empty()) return questions.size() <= yesAnswers;
     const bool answer = answers.front();
     answers.pop_front();
     return answer;
@@ -30,10 +30,10 @@ class TestDialogs : public Dialogs {
   std::optional<std::string> saveFile(const FileDialog&) override { return file; }
   void report(const RuntimeError& error) override { reports.push_back(error.report()); }
 
-  bool toldAnything() const { return !messages.empty() || !reports.empty(); }
+  bool hasMessageOrReport() const { return !messages.empty() || !reports.empty(); }
 
   std::deque<bool> answers;         // to the next questions, true is Yes
-  std::size_t yesses = 0;           // without prepared answers, the first `yesses` questions are answered Yes
+  std::size_t yesAnswers = 0;           // without prepared answers, the first `yesAnswers` questions are answered Yes
   std::string inputText;            // entered in every input box
   std::optional<std::string> file;  // chosen in every file dialog; nullopt cancels
   std::function<void()> whileOpen;  // called while a message is shown
