@@ -1,5 +1,5 @@
-// plimo-benchmarks FOLDER: every command at every size, by Google Benchmark. FOLDER holds one folder a size, named by
-// its number of songs, with a catalogue of so many in it.
+// plimo-benchmarks FOLDER: every command at every size, with Google Benchmark. FOLDER contains one folder per size,
+// named after its number of songs, with a catalogue of that size.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -7,29 +7,27 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <vector>
+#include <utility>
 
-#include "bench_shell.h"
+#include "bench_program.h"
 #include "commands.h"
 #include "stopwatch.h"
 
 namespace {
 
-using plimo::bench::BenchProgram;
-using plimo::bench::Command;
-using plimo::bench::Scene;
+using namespace plimo::bench;
 
-// One program at a time: a library of a million songs is not held beside others.
-class Stage {
+// Keeps one program at a time, so that a library of a million songs is not in memory beside others.
+class ProgramCache {
  public:
-  explicit Stage(std::filesystem::path folder) : folder_(std::move(folder)) {}
+  explicit ProgramCache(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
   BenchProgram& withSongs(std::size_t songs) {
     std::filesystem::current_path(folder_ / std::to_string(songs));
     if (songs == songs_) return *program_;
     program_.reset();
-    plimo::bench::writeSettings(plimo::bench::Start::readCatalogue);
-    program_ = std::make_unique<BenchProgram>(std::string());
+    writeSettings(false);
+    program_ = std::make_unique<BenchProgram>();
     songs_ = songs;
     return *program_;
   }
@@ -40,18 +38,18 @@ class Stage {
   std::unique_ptr<BenchProgram> program_;
 };
 
-void run(benchmark::State& state, Stage& stage, const Command& command, std::size_t songs) {
-  Scene scene{stage.withSongs(songs), songs};
-  double processor = 0;
+void run(benchmark::State& state, ProgramCache& programs, const Command& command, std::size_t songs) {
+  Fixture fixture{programs.withSongs(songs), songs};
+  double cpu = 0;
   for ([[maybe_unused]] const auto _ : state) {
-    command.prepare(scene);
-    const plimo::bench::Stopwatch watch;
-    command.act(scene);
-    const plimo::bench::Lap lap = watch.lap();
-    state.SetIterationTime(lap.wall);
-    processor += lap.processor;
+    command.prepare(fixture);
+    const Stopwatch stopwatch;
+    command.act(fixture);
+    const Elapsed elapsed = stopwatch.elapsed();
+    state.SetIterationTime(elapsed.wall);
+    cpu += elapsed.cpu;
   }
-  state.counters["processor"] = benchmark::Counter(processor, benchmark::Counter::kAvgIterations);
+  state.counters["cpu"] = benchmark::Counter(cpu, benchmark::Counter::kAvgIterations);
 }
 
 }  // namespace
@@ -63,18 +61,17 @@ int main(int count, char** arguments) {
     return 2;
   }
   const std::filesystem::path folder = std::filesystem::absolute(arguments[1]);
-  Stage stage(folder);
+  ProgramCache programs(folder);
   for (const std::size_t songs : {1000, 10000, 100000, 1000000}) {
     if (!std::filesystem::exists(folder / std::to_string(songs))) continue;
-    for (const Command& command : plimo::bench::commands()) {
+    for (const Command& command : commands()) {
       const std::string name = std::string(command.name) + "/" + std::to_string(songs);
       benchmark::RegisterBenchmark(
-          name.c_str(), [&stage, &command, songs](benchmark::State& state) { run(state, stage, command, songs); })
+          name.c_str(), [&programs, &command, songs](benchmark::State& state) { run(state, programs, command, songs); })
           ->UseManualTime()
           ->Unit(benchmark::kMillisecond)
           ->Iterations(static_cast<benchmark::IterationCount>(100000 / songs + 1));
     }
   }
   benchmark::RunSpecifiedBenchmarks();
-  return 0;
 }

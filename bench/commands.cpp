@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "catalogue/catalogue_file.h"
 #include "catalogue/song_name.h"
 
 namespace plimo::bench {
@@ -18,22 +19,22 @@ namespace {
 
 constexpr const char* savedName = "saved.m3u";
 
-std::size_t rowOf(Scene& scene, std::size_t artist) {
-  return *scene.program.form().List2.find(upperAscii(artistName(artist)));
+std::size_t rowOf(Fixture& fixture, std::size_t artist) {
+  return *fixture.program.form().List2.find(upperAscii(artistName(artist)));
 }
 
-// The row of an artist in the middle of the catalogue, who has 20 songs.
-std::size_t someArtist(Scene& scene) {
-  std::size_t artist = scene.songLibrary().smallArtists() / 2;
+// An artist with 20 songs from the middle of the catalogue.
+std::size_t someArtist(Fixture& fixture) {
+  std::size_t artist = fixture.library().smallArtists() / 2;
   if (artist % 64 == 63) --artist;  // a nameless one
-  return rowOf(scene, artist);
+  return rowOf(fixture, artist);
 }
 
-std::size_t largeArtist(Scene& scene) { return rowOf(scene, scene.songLibrary().largeArtist()); }
+std::size_t largeArtist(Fixture& fixture) { return rowOf(fixture, fixture.library().largeArtist()); }
 
-// No list holds a row, no artist is ticked.
-void empty(Scene& scene) {
-  Form1& form = scene.program.form();
+// All lists are empty and no artist is ticked.
+void clearAll(Fixture& fixture) {
+  Form1& form = fixture.program.form();
   form.Command9.userClick();
   form.Command11.userClick();
   form.List4.setVisible(true);
@@ -42,192 +43,180 @@ void empty(Scene& scene) {
   form.untickArtists();
 }
 
-void scratchFull(Scene& scene) {
-  empty(scene);
-  scene.program.form().Command13.userClick();
+void fillScratch(Fixture& fixture) {
+  clearAll(fixture);
+  fixture.program.form().Command13.userClick();
 }
 
-void halfSelected(Scene& scene) {
-  scratchFull(scene);
-  ListBox& list = scene.program.form().List1;
+void selectHalf(Fixture& fixture) {
+  fillScratch(fixture);
+  ListBox& list = fixture.program.form().List1;
   std::vector<std::size_t> rows;
   for (std::size_t row = 0; row < list.count(); row += 2) rows.push_back(row);
   list.userSelect(rows);
 }
 
-void finalFull(Scene& scene) {
-  scratchFull(scene);
-  Form1& form = scene.program.form();
+void fillFinal(Fixture& fixture) {
+  fillScratch(fixture);
+  Form1& form = fixture.program.form();
   form.Command8.userClick();
   form.Command9.userClick();
   form.List4.userMoveCurrent(form.List4.count() / 2);
 }
 
-void finalTenth(Scene& scene) {
-  scratchFull(scene);
-  Form1& form = scene.program.form();
+void fillFinalTenth(Fixture& fixture) {
+  fillScratch(fixture);
+  Form1& form = fixture.program.form();
   std::vector<std::size_t> rows;
-  for (std::size_t row = 3; rows.size() < scene.playlistRows(); row += 10) rows.push_back(row);
+  for (std::size_t row = 3; rows.size() < fixture.playlistRows(); row += 10) rows.push_back(row);
   form.List1.userSelect(rows);
   form.Command1.userClick();
   form.Command9.userClick();
 }
 
-void save(Scene& scene) {
-  scene.program.answers().file = scene.program.files().join(scene.program.form().defdir, savedName);
-  scene.program.answers().questions = {false, true};  // not the default playlist; overwrite
-  scene.program.form().Command4.userClick();
+void save(Fixture& fixture) {
+  fixture.program.dialogs().file = fixture.program.files().join(fixture.program.form().defdir, savedName);
+  fixture.program.dialogs().answers = {false, true};  // not the default playlist; overwrite
+  fixture.program.form().Command4.userClick();
 }
 
-void open(Scene& scene) {
-  scene.program.answers().file = scene.program.files().join(scene.program.form().defdir, savedName);
-  scene.program.form().Command3.userClick();
+void open(Fixture& fixture) {
+  fixture.program.dialogs().file = fixture.program.files().join(fixture.program.form().defdir, savedName);
+  fixture.program.form().Command3.userClick();
 }
 
-template <void (*fill)(Scene& scene)>
-void toBeSaved(Scene& scene) {
-  fill(scene);
-  std::ofstream(savedName, std::ios::app);  // there, so that it is overwritten
+template <void (*fill)(Fixture& fixture)>
+void prepareToSave(Fixture& fixture) {
+  fill(fixture);
+  std::ofstream(savedName, std::ios::app);  // exists, so that it is overwritten
 }
 
-template <void (*fill)(Scene& scene)>
-void saved(Scene& scene) {
-  toBeSaved<fill>(scene);
-  save(scene);
-  empty(scene);
+template <void (*fill)(Fixture& fixture)>
+void prepareToOpen(Fixture& fixture) {
+  prepareToSave<fill>(fixture);
+  save(fixture);
+  clearAll(fixture);
 }
 
-// All songs in the scratch playlist; the last one of the catalogue has a file, and is the one pointed at.
-void lastSongThere(Scene& scene) {
-  scratchFull(scene);
-  const Library library = scene.songLibrary();
-  std::ofstream(lastSongPath(library, scene.program.form().defdir)) << "a song";
-  ListBox& list = scene.program.form().List1;
+// All songs in the scratch playlist; the catalogue's last song is selected and has a file.
+void createLastSong(Fixture& fixture) {
+  fillScratch(fixture);
+  const SampleLibrary library = fixture.library();
+  std::ofstream(lastSongPath(library, fixture.program.form().defdir)) << "a song";
+  ListBox& list = fixture.program.form().List1;
   const SongName name = splitFileName(songFileName(library, library.songs - 1));
   list.userClickRow(*list.find(*displayName(name.title)), ListBox::Keys::none);
 }
 
-// What the floors work on, made anew by each preparation.
+// The data of the baselines, set by their preparations.
 std::string bytes;
 std::vector<std::size_t> order;
-std::vector<std::uint64_t> numbers;
-std::size_t told = 0;
+std::vector<std::uint64_t> keys;
+std::size_t baselineResult = 0;
 
-void allBytes(Scene& scene) {
-  scratchFull(scene);
-  const ListBox& list = scene.program.form().List1;
+void collectBytes(Fixture& fixture) {
+  fillScratch(fixture);
+  const ListBox& list = fixture.program.form().List1;
   bytes.clear();
   for (std::size_t row = 0; row < list.count(); ++row) bytes += list.text(row);
 }
 
-void anyOrder(Scene& scene) {
-  scratchFull(scene);
-  order.resize(scene.program.form().List1.count());
+void randomOrder(Fixture& fixture) {
+  fillScratch(fixture);
+  order.resize(fixture.program.form().List1.count());
   std::iota(order.begin(), order.end(), std::size_t{0});
   std::shuffle(order.begin(), order.end(), std::mt19937(1));
 }
 
-void firstBytes(Scene& scene) {
-  scratchFull(scene);
-  const ListBox& list = scene.program.form().List1;
-  numbers.assign(list.count(), 0);
+void collectKeys(Fixture& fixture) {
+  fillScratch(fixture);
+  const ListBox& list = fixture.program.form().List1;
+  keys.assign(list.count(), 0);
   for (std::size_t row = 0; row < list.count(); ++row) {
     for (const char byte : list.text(row).substr(0, 8)) {
-      numbers[row] = numbers[row] << 8 | static_cast<unsigned char>(byte);
+      keys[row] = keys[row] << 8 | static_cast<unsigned char>(byte);
     }
   }
 }
 
-// Eight at a time, as the least that reading can be.
-void readBytes(Scene& scene) {
-  FileSystemObject& files = scene.program.files();
-  const auto view = files.openForReading(scene.program.form().ownFile(catalogueName));
-  const std::string_view bytesThere = view->bytes();
+// Eight bytes at a time.
+void readBytes(Fixture& fixture) {
+  FileSystemObject& files = fixture.program.files();
+  const auto view = files.openForReading(fixture.program.form().ownFile(catalogueName));
+  const std::string_view catalogue = view->bytes();
   std::uint64_t sum = 0;
-  for (std::size_t at = 0; at + sizeof sum <= bytesThere.size(); at += sizeof sum) {
-    std::uint64_t eight = 0;
-    std::memcpy(&eight, bytesThere.data() + at, sizeof eight);
-    sum ^= eight;
+  for (std::size_t offset = 0; offset + sizeof sum <= catalogue.size(); offset += sizeof sum) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, catalogue.data() + offset, sizeof word);
+    sum ^= word;
   }
-  told = static_cast<std::size_t>(sum);
+  baselineResult = static_cast<std::size_t>(sum);
 }
 
-void pickedUp(Scene& scene) {
-  finalFull(scene);
-  ListBox& list = scene.program.form().List4;
+void pickUpSong(Fixture& fixture) {
+  fillFinal(fixture);
+  ListBox& list = fixture.program.form().List4;
   list.userKey('q');
   list.userMoveCurrent(list.count() - 1);
 }
 
 const Command table[] = {
-    {"artists", "the artist list read from the catalogue", empty,
-     [](Scene& s) { s.program.form().Command14.userClick(); }},
-    {"deselect", "all artists unticked, all songs listed before", scratchFull,
-     [](Scene& s) { s.program.form().Command14.userClick(); }},
-    {"tick", "an artist of 20 songs ticked", empty,
-     [](Scene& s) { s.program.form().List2.userTick(someArtist(s), true); }},
-    {"untick", "the same unticked, all songs listed before", scratchFull,
-     [](Scene& s) { s.program.form().List2.userTick(someArtist(s), false); }},
-    {"tick-large", "an artist of a tenth of the songs ticked", empty,
-     [](Scene& s) { s.program.form().List2.userTick(largeArtist(s), true); }},
-    {"untick-large", "the same unticked, all songs listed before", scratchFull,
-     [](Scene& s) { s.program.form().List2.userTick(largeArtist(s), false); }},
-    {"select", "all artists ticked", empty, [](Scene& s) { s.program.form().Command13.userClick(); }},
-    {"add-all", "all songs to the final playlist", scratchFull,
-     [](Scene& s) { s.program.form().Command8.userClick(); }},
-    {"add-half", "every second song to the final playlist", halfSelected,
-     [](Scene& s) { s.program.form().Command1.userClick(); }},
-    {"remove-half", "every second song off the list", halfSelected,
-     [](Scene& s) { s.program.form().Command2.userClick(); }},
-    {"clear", "the scratch playlist emptied", scratchFull, [](Scene& s) { s.program.form().Command9.userClick(); }},
-    {"shuffle", "the final playlist shuffled", finalFull, [](Scene& s) { s.program.form().Shuffle.userClick(); }},
-    {"sort", "the final playlist sorted", finalFull, [](Scene& s) { s.program.form().sort.userClick(); }},
-    {"z", "a song selected by key", finalFull, [](Scene& s) { s.program.form().List4.userKey('z'); }},
-    {"x", "a song removed by key", finalFull, [](Scene& s) { s.program.form().List4.userKey('x'); }},
-    {"drop", "a song dropped elsewhere by key", pickedUp, [](Scene& s) { s.program.form().List4.userKey('w'); }},
-    {"rename", "the file of the catalogue's last song renamed",
-     [](Scene& s) {
-       lastSongThere(s);
-       s.program.answers().text = "renamed";
+    {"artists", clearAll, [](Fixture& f) { f.program.form().Command14.userClick(); }},
+    {"deselect", fillScratch, [](Fixture& f) { f.program.form().Command14.userClick(); }},
+    {"tick", clearAll, [](Fixture& f) { f.program.form().List2.userTick(someArtist(f), true); }},
+    {"untick", fillScratch, [](Fixture& f) { f.program.form().List2.userTick(someArtist(f), false); }},
+    {"tick-large", clearAll, [](Fixture& f) { f.program.form().List2.userTick(largeArtist(f), true); }},
+    {"untick-large", fillScratch, [](Fixture& f) { f.program.form().List2.userTick(largeArtist(f), false); }},
+    {"select", clearAll, [](Fixture& f) { f.program.form().Command13.userClick(); }},
+    {"add-all", fillScratch, [](Fixture& f) { f.program.form().Command8.userClick(); }},
+    {"add-half", selectHalf, [](Fixture& f) { f.program.form().Command1.userClick(); }},
+    {"remove-half", selectHalf, [](Fixture& f) { f.program.form().Command2.userClick(); }},
+    {"clear", fillScratch, [](Fixture& f) { f.program.form().Command9.userClick(); }},
+    {"shuffle", fillFinal, [](Fixture& f) { f.program.form().Shuffle.userClick(); }},
+    {"sort", fillFinal, [](Fixture& f) { f.program.form().sort.userClick(); }},
+    {"z", fillFinal, [](Fixture& f) { f.program.form().List4.userKey('z'); }},
+    {"x", fillFinal, [](Fixture& f) { f.program.form().List4.userKey('x'); }},
+    {"drop", pickUpSong, [](Fixture& f) { f.program.form().List4.userKey('w'); }},
+    {"rename",
+     [](Fixture& f) {
+       createLastSong(f);
+       f.program.dialogs().inputText = "renamed";
      },
-     [](Scene& s) { s.program.form().rename.userClick(); }},
-    {"delete-one", "the same file deleted",
-     [](Scene& s) {
-       lastSongThere(s);
-       s.program.answers().questions = {true, false};  // sure; no scan
+     [](Fixture& f) { f.program.form().rename.userClick(); }},
+    {"delete-one",
+     [](Fixture& f) {
+       createLastSong(f);
+       f.program.dialogs().answers = {true, false};  // sure; no scan
      },
-     [](Scene& s) { s.program.form().Command10.userClick(); }},
-    {"delete", "the files of all songs found, to delete them", scratchFull,
-     [](Scene& s) {
-       s.program.answers().questions = {true, false};  // sure; no scan
-       s.program.form().Command15.userClick();
+     [](Fixture& f) { f.program.form().Command10.userClick(); }},
+    {"delete", fillScratch,
+     [](Fixture& f) {
+       f.program.dialogs().answers = {true, false};  // sure; no scan
+       f.program.form().Command15.userClick();
      }},
-    {"save", "a tenth of the songs saved", toBeSaved<finalTenth>, save},
-    {"save-all", "all songs saved", toBeSaved<finalFull>, save},
-    {"open", "a tenth of the songs opened", saved<finalTenth>, open},
-    {"open-all", "all songs opened", saved<finalFull>, open},
-    {"play", "a tenth of the songs played: list.m3u", finalTenth,
-     [](Scene& s) { s.program.form().Picture7.userClick(); }},
-    // The floors of the others: bare loops.
-    {"read", "(floor) the catalogue's bytes read", empty, readBytes},
-    {"copy", "(floor) the bytes of all songs' names copied at once", allBytes,
-     [](Scene&) { told = std::string(bytes).size(); }},
-    {"visit", "(floor) all rows visited in any order", anyOrder,
-     [](Scene& s) {
-       const ListBox& list = s.program.form().List1;
-       told = 0;
-       for (const std::size_t row : order) told += static_cast<unsigned char>(list.text(row).front());
+    {"save", prepareToSave<fillFinalTenth>, save},
+    {"save-all", prepareToSave<fillFinal>, save},
+    {"open", prepareToOpen<fillFinalTenth>, open},
+    {"open-all", prepareToOpen<fillFinal>, open},
+    {"play", fillFinalTenth, [](Fixture& f) { f.program.form().Picture7.userClick(); }},
+    // The baselines: bare loops.
+    {"read", clearAll, readBytes},
+    {"copy", collectBytes, [](Fixture&) { baselineResult = std::string(bytes).size(); }},
+    {"visit", randomOrder,
+     [](Fixture& f) {
+       const ListBox& list = f.program.form().List1;
+       baselineResult = 0;
+       for (const std::size_t row : order) baselineResult += static_cast<unsigned char>(list.text(row).front());
      }},
-    {"order", "(floor) the first eight bytes of all songs' names put in order as numbers", firstBytes,
-     [](Scene&) { std::sort(numbers.begin(), numbers.end()); }},
-    {"append", "(floor) all songs appended one by one to an empty list",
-     [](Scene& s) {
-       scratchFull(s);
-       s.program.form().List4.clear();
+    {"order", collectKeys, [](Fixture&) { std::sort(keys.begin(), keys.end()); }},
+    {"append",
+     [](Fixture& f) {
+       fillScratch(f);
+       f.program.form().List4.clear();
      },
-     [](Scene& s) {
-       const ListBox& from = s.program.form().List1;
-       ListBox& to = s.program.form().List4;
+     [](Fixture& f) {
+       const ListBox& from = f.program.form().List1;
+       ListBox& to = f.program.form().List4;
        for (std::size_t row = 0; row < from.count(); ++row) to.add(from.text(row));
      }},
 };
@@ -236,7 +225,7 @@ const Command table[] = {
 
 std::span<const Command> commands() { return table; }
 
-std::size_t lastTold() { return told; }
+std::size_t lastBaselineResult() { return baselineResult; }
 
 const Command* findCommand(const std::string& name) {
   for (const Command& command : table) {

@@ -1,10 +1,10 @@
-// plimo-bench-library: makes a library or a catalogue to measure with.
+// plimo-bench-library: generates a library or a catalogue for the benchmarks.
 #include <cstdio>
 #include <exception>
 #include <string>
 #include <vector>
 
-#include "library.h"
+#include "support/sample_library.h"
 
 namespace {
 
@@ -12,22 +12,20 @@ constexpr const char* usage =
     "usage: plimo-bench-library tree ROOT SONGS FOLDERS [grouped|scattered]\n"
     "       plimo-bench-library catalogue FILE SONGS FOLDERS [grouped|scattered]\n"
     "\n"
-    "tree makes empty MP3 files in folders; catalogue writes the catalogue of such a library. An artist has 20 songs,\n"
-    "and one a tenth of all; they stand together (grouped, the default) or as far apart as they can.\n";
+    "tree creates empty MP3 files in folders; catalogue writes the catalogue of such a library. An artist has 20 "
+    "songs,\n"
+    "one has a tenth of all; an artist's songs are adjacent (grouped, the default) or as far apart as possible.\n";
 
-int make(const std::vector<std::string>& words) {
-  using plimo::bench::Library;
-  using plimo::bench::Order;
-  Library library;
+void make(const std::vector<std::string>& words) {
+  plimo::SampleLibrary library;
   library.songs = std::stoul(words[2]);
   library.folders = std::stoul(words[3]);
-  library.order = words.size() > 4 && words[4] == "scattered" ? Order::scattered : Order::grouped;
+  if (words.size() > 4 && words[4] == "scattered") library.order = plimo::ArtistOrder::scattered;
   if (words[0] == "tree") {
-    makeTree(library, words[1]);
+    createTree(library, words[1]);
   } else {
-    makeCatalogue(library, "/srv/music", words[1]);
+    writeCatalogue(library, "/srv/music", words[1]);
   }
-  return 0;
 }
 
 }  // namespace
@@ -39,7 +37,7 @@ int main(int count, char** arguments) {
     return 2;
   }
   try {
-    return make(words);
+    make(words);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "plimo-bench-library: %s\n", error.what());
     return 1;

@@ -1,4 +1,4 @@
-// Measures how long something takes: by the clock on the wall, and by what the processor has spent on it.
+// Measures wall-clock and CPU time.
 #pragma once
 
 #include <chrono>
@@ -7,21 +7,21 @@
 namespace plimo::bench {
 
 // Seconds.
-struct Lap {
+struct Elapsed {
   double wall = 0;
-  double processor = 0;
+  double cpu = 0;  // of all threads of the process
 };
 
 class Stopwatch {
  public:
-  Lap lap() const {
-    const double processor = static_cast<double>(std::clock() - processor_) / CLOCKS_PER_SEC;
-    return {std::chrono::duration<double>(std::chrono::steady_clock::now() - wall_).count(), processor};
+  Elapsed elapsed() const {
+    const double cpu = static_cast<double>(std::clock() - cpu_) / CLOCKS_PER_SEC;
+    return {std::chrono::duration<double>(std::chrono::steady_clock::now() - wall_).count(), cpu};
   }
 
  private:
   std::chrono::steady_clock::time_point wall_ = std::chrono::steady_clock::now();
-  std::clock_t processor_ = std::clock();
+  std::clock_t cpu_ = std::clock();
 };
 
 }  // namespace plimo::bench

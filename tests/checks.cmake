@@ -12,3 +12,7 @@ set_tests_properties(checks.headers PROPERTIES TIMEOUT 900)
 # Tests of the checks.
 add_test(NAME checks.checkers
          COMMAND Python3::Interpreter -B -m unittest discover -s ${PROJECT_SOURCE_DIR}/tests/checks -p "*_test.py")
+
+# The generated table belongs to the published data.
+add_test(NAME checks.the_case_folding_table_is_up_to_date COMMAND Python3::Interpreter ${scripts}/generate-case-folding
+                                                                  --check)

@@ -22,248 +22,261 @@ using TextAt = std::function<std::string_view(std::size_t)>;
 
 constexpr std::size_t wordSize = sizeof(std::uint64_t);
 
-// What is sorted, and all that sorting moves.
+// The sort moves these small records; the strings themselves stay in place.
 struct Entry {
-  std::uint64_t word;  // eight bytes, the first one highest; zeros behind the text's end
-  std::uint32_t next;  // where the text's next word stands
-  std::uint32_t index;
+  std::uint64_t word;      // eight bytes of the key in big-endian order, padded with zeros
+  std::uint32_t nextWord;  // index of the key's following word
+  std::uint32_t index;     // index of the string
 };
 
-// A text's last word is the one that ends with a zero.
-inline bool isLast(std::uint64_t word) { return (word & 0xFF) == 0; }
+// Only the last word of a key ends with a zero byte.
+inline bool isLastWord(std::uint64_t word) { return (word & 0xFF) == 0; }
 
-inline std::uint64_t wordAt(const char* bytes) {
+inline std::uint64_t loadBigEndian(const char* bytes) {
   const auto byte = [bytes](int i) { return std::uint64_t{static_cast<unsigned char>(bytes[i])}; };
-  // Written out, because then it becomes one load.
+  // Written out, because compilers turn this form into one load and a byte swap.
   return byte(0) << 56 | byte(1) << 48 | byte(2) << 40 | byte(3) << 32 | byte(4) << 24 | byte(5) << 16 | byte(6) << 8 |
          byte(7);
 }
 
-// The bytes of a text behind its last whole word.
+// The bytes after the last whole word, padded with zeros.
 inline std::uint64_t lastWord(std::string_view text) {
-  const std::size_t rest = text.size() % wordSize;
-  if (rest == 0) return 0;
-  if (text.size() >= wordSize) return wordAt(text.data() + text.size() - wordSize) << (8 * (wordSize - rest));
+  const std::size_t tail = text.size() % wordSize;
+  if (tail == 0) return 0;
+  const std::size_t padding = 8 * (wordSize - tail);
+  if (text.size() >= wordSize) return loadBigEndian(text.data() + text.size() - wordSize) << padding;
   std::uint64_t word = 0;
   for (const char byte : text) word = word << 8 | static_cast<unsigned char>(byte);
-  return word << (8 * (wordSize - rest));
+  return word << padding;
 }
 
-// Texts folded into words, which stand one behind the other.
+// The case-folded sort keys of a range of strings, as contiguous 64-bit words that compare like the bytes.
 class FoldedKeys {
  public:
   FoldedKeys() = default;
-  // Those of the texts from `first` on, as many as there are entries; each entry gets its text's first one.
+  // Builds the keys of the strings [first, first + entries.size()) and sets each entry to its key's first word.
   FoldedKeys(const TextAt& textAt, std::size_t first, std::span<Entry> entries) {
     words_.reserve(entries.size() * 3);
-    // Those that are not plain ASCII come later: nothing tells the processor beforehand which they are, and each wrong
-    // guess of its costs as much as a text. For the same reason the words that are of no use for them stay.
-    std::vector<std::uint32_t> others(entries.size());
-    std::size_t otherCount = 0;
+    // Non-ASCII strings are collected without a branch and folded in a second pass: a branch on isAllAscii is
+    // mispredicted often, and a branch misprediction costs as much as folding a string. Their first, unusable words are
+    // left in place for the same reason.
+    std::vector<std::uint32_t> nonAscii(entries.size());
+    std::size_t nonAsciiCount = 0;
     for (std::size_t i = 0; i < entries.size(); ++i) {
       const auto index = static_cast<std::uint32_t>(first + i);
       const bool ascii = appendWords(textAt(index), index, entries[i], asciiToLower);
-      others[otherCount] = static_cast<std::uint32_t>(i);
-      otherCount += ascii ? 0 : 1;
+      nonAscii[nonAsciiCount] = static_cast<std::uint32_t>(i);
+      nonAsciiCount += ascii ? 0 : 1;
     }
     std::string folded;
-    for (const std::uint32_t i : std::span(others).first(otherCount)) {
+    for (const std::uint32_t i : std::span(nonAscii).first(nonAsciiCount)) {
       folded.clear();
       appendFolded(folded, textAt(first + i));
       appendWords(folded, static_cast<std::uint32_t>(first + i), entries[i], [](std::uint64_t word) { return word; });
     }
   }
 
-  std::uint64_t operator[](std::size_t at) const { return words_[at]; }
-  // True where a text holds a zero: its words do not tell where it ends then.
-  bool ambiguous() const { return ambiguous_; }
+  std::uint64_t operator[](std::size_t wordIndex) const { return words_[wordIndex]; }
+  // True if a string contains a NUL byte, which cannot be told from the padding.
+  bool containsNul() const { return containsNul_; }
 
  private:
-  // Takes the words as `fold` makes them. False where the text is not plain ASCII: for one that is not folded yet they
-  // are of no use then.
+  // Appends the string's words, transformed by `fold`. Returns false if the string is not plain ASCII; asciiToLower has
+  // then produced unusable words.
   template <class Fold>
   bool appendWords(std::string_view text, std::uint32_t index, Entry& entry, Fold fold) {
     const std::uint64_t last = lastWord(text);
-    std::uint64_t zeros = zeroByteMask(last | ~std::uint64_t{0} >> 8 * (text.size() % wordSize));
-    std::uint64_t all = last;
-    entry.next = static_cast<std::uint32_t>(words_.size());
+    std::uint64_t nulBytes = zeroByteMask(last | ~std::uint64_t{0} >> 8 * (text.size() % wordSize));
+    std::uint64_t allBits = last;
+    entry.nextWord = static_cast<std::uint32_t>(words_.size());
     entry.index = index;
-    entry.word = fold(text.size() < wordSize ? last : wordAt(text.data()));
-    for (std::size_t at = 0; text.size() - at >= wordSize; at += wordSize) {
-      const std::uint64_t word = wordAt(text.data() + at);
-      zeros |= zeroByteMask(word);
-      all |= word;
-      if (at > 0) words_.push_back(fold(word));
+    entry.word = fold(text.size() < wordSize ? last : loadBigEndian(text.data()));
+    for (std::size_t offset = 0; text.size() - offset >= wordSize; offset += wordSize) {
+      const std::uint64_t word = loadBigEndian(text.data() + offset);
+      nulBytes |= zeroByteMask(word);
+      allBits |= word;
+      if (offset > 0) words_.push_back(fold(word));
     }
     if (text.size() >= wordSize) words_.push_back(fold(last));
-    ambiguous_ = ambiguous_ || zeros != 0;
-    return isAllAscii(all);
+    containsNul_ = containsNul_ || nulBytes != 0;
+    return isAllAscii(allBits);
   }
 
   std::vector<std::uint64_t> words_;
-  bool ambiguous_ = false;
+  bool containsNul_ = false;
 };
 
-// Puts entries in order by their texts' words, and those that agree in all of them by their places.
+// A stable MSD radix sort over the keys' words. Each pass skips the bits that all entries have in common; small ranges
+// are sorted by insertion.
 class RadixSorter {
  public:
-  // `words` holds those of the texts before the index `middle`, and those of the others. The spare room is for as many
-  // entries as are sorted.
-  RadixSorter(std::span<const FoldedKeys, 2> words, std::size_t middle, std::span<Entry> spare)
-      : words_(words), middle_(middle), spare_(spare) {}
+  // keys[0] holds the keys of the strings before the index `middle`, keys[1] those of the others. `scratch` must be at
+  // least as large as the range to sort.
+  RadixSorter(std::span<const FoldedKeys, 2> keys, std::size_t middle, std::span<Entry> scratch)
+      : keys_(keys), middle_(middle), scratch_(scratch) {}
 
   bool less(const Entry& left, const Entry& right) const {
     if (left.word != right.word) return left.word < right.word;
-    bool ended = isLast(left.word);
+    bool ended = isLastWord(left.word);
     for (std::uint32_t i = 0; !ended; ++i) {
-      const std::uint64_t ours = word(left, left.next + i);
-      const std::uint64_t theirs = word(right, right.next + i);
-      if (ours != theirs) return ours < theirs;
-      ended = isLast(ours);
+      const std::uint64_t leftWord = wordAt(left, left.nextWord + i);
+      const std::uint64_t rightWord = wordAt(right, right.nextWord + i);
+      if (leftWord != rightWord) return leftWord < rightWord;
+      ended = isLastWord(leftWord);
     }
     return left.index < right.index;
   }
 
-  // The entries stand by their places, and hold their texts' first words.
+  // The entries must be ordered by index and hold the first words of their keys.
   void sort(std::span<Entry> entries) {
-    constexpr std::size_t few = 16;
-    constexpr std::size_t many = 4096;
-    while (entries.size() > few) {
-      std::uint64_t differing = 0;  // the bits in which the words are not all the same
-      for (const Entry& entry : entries) differing |= entry.word ^ entries.front().word;
-      if (differing != 0) {
-        entries = entries.size() > many ? radixPass<11>(entries, differing) : radixPass<8>(entries, differing);
-      } else if (!isLast(entries.front().word)) {
-        for (Entry& entry : entries) entry.word = word(entry, entry.next++);
+    constexpr std::size_t insertionSortLimit = 16;
+    constexpr std::size_t wideDigitLimit = 4096;  // below it, clearing 2048 counters costs more than a second pass
+    while (entries.size() > insertionSortLimit) {
+      std::uint64_t differingBits = 0;
+      for (const Entry& entry : entries) differingBits |= entry.word ^ entries.front().word;
+      if (differingBits != 0) {
+        entries = entries.size() > wideDigitLimit ? radixPass<11>(entries, differingBits)
+                                                  : radixPass<8>(entries, differingBits);
+      } else if (!isLastWord(entries.front().word)) {
+        for (Entry& entry : entries) entry.word = wordAt(entry, entry.nextWord++);
       } else {
-        return;  // the same texts
+        return;  // all keys are equal
       }
     }
     insertionSort(entries);
   }
 
  private:
-  std::uint64_t word(const Entry& entry, std::size_t at) const { return words_[entry.index < middle_ ? 0 : 1][at]; }
+  std::uint64_t wordAt(const Entry& entry, std::size_t wordIndex) const {
+    return keys_[entry.index < middle_ ? 0 : 1][wordIndex];
+  }
 
   void insertionSort(std::span<Entry> entries) const {
     for (std::size_t i = 1; i < entries.size(); ++i) {
       const Entry entry = entries[i];
-      std::size_t to = i;
-      for (; to > 0 && less(entry, entries[to - 1]); --to) entries[to] = entries[to - 1];
-      entries[to] = entry;
+      std::size_t target = i;
+      for (; target > 0 && less(entry, entries[target - 1]); --target) entries[target] = entries[target - 1];
+      entries[target] = entry;
     }
   }
 
-  // Parts the entries by the highest bits in which they differ, and sorts each part but the largest one. That one is
-  // left to the caller, so that calls never go deep.
+  // Distributes the entries into buckets by the highest differing bits and sorts every bucket except the largest, which
+  // is returned to the caller's loop. That bounds the recursion depth to the logarithm of the number of entries.
   template <int bits>
-  std::span<Entry> radixPass(std::span<Entry> entries, std::uint64_t differing) {
+  std::span<Entry> radixPass(std::span<Entry> entries, std::uint64_t differingBits) {
     constexpr std::uint64_t mask = (std::uint64_t{1} << bits) - 1;
-    const int shift = std::max(static_cast<int>(std::bit_width(differing)) - bits, 0);
+    const int shift = std::max(static_cast<int>(std::bit_width(differingBits)) - bits, 0);
     const auto digit = [shift](const Entry& entry) { return entry.word >> shift & mask; };
-    std::array<std::uint32_t, mask + 1> ends{};  // of each part; their beginnings while the entries are moved
-    for (const Entry& entry : entries) ++ends[digit(entry)];
-    std::exclusive_scan(ends.begin(), ends.end(), ends.begin(), 0U);
-    for (const Entry& entry : entries) spare_[ends[digit(entry)]++] = entry;
-    std::copy_n(spare_.begin(), entries.size(), entries.begin());
+    // Counts, then the buckets' begins, and after the entries are distributed their ends.
+    std::array<std::uint32_t, mask + 1> bucketEnds{};
+    for (const Entry& entry : entries) ++bucketEnds[digit(entry)];
+    std::exclusive_scan(bucketEnds.begin(), bucketEnds.end(), bucketEnds.begin(), 0U);
+    for (const Entry& entry : entries) scratch_[bucketEnds[digit(entry)]++] = entry;
+    std::copy_n(scratch_.begin(), entries.size(), entries.begin());
 
-    std::span<Entry> most;
+    std::span<Entry> largest;
     std::size_t begin = 0;
-    for (const std::uint32_t end : ends) {
-      std::span<Entry> part = entries.subspan(begin, end - begin);
+    for (const std::uint32_t end : bucketEnds) {
+      std::span<Entry> bucket = entries.subspan(begin, end - begin);
       begin = end;
-      if (part.size() > most.size()) std::swap(part, most);
-      if (part.size() > 1) sort(part);
+      if (bucket.size() > largest.size()) std::swap(bucket, largest);
+      if (bucket.size() > 1) sort(bucket);
     }
-    return most;
+    return largest;
   }
 
-  std::span<const FoldedKeys, 2> words_;
+  std::span<const FoldedKeys, 2> keys_;
   std::size_t middle_;
-  std::span<Entry> spare_;
+  std::span<Entry> scratch_;
 };
 
-// A few of the entries, put in order, have it in their middle.
+// The median of an evenly spaced sample, as the pivot that divides the work between two threads.
 Entry medianOfSample(std::span<const Entry> entries, const RadixSorter& order) {
   std::array<Entry, 65> sample;
   for (std::size_t i = 0; i < sample.size(); ++i) sample[i] = entries[entries.size() / sample.size() * i];
-  auto* const middle = sample.begin() + sample.size() / 2;
-  std::nth_element(sample.begin(), middle, sample.end(),
+  auto* const median = sample.begin() + sample.size() / 2;
+  std::nth_element(sample.begin(), median, sample.end(),
                    [&order](const Entry& left, const Entry& right) { return order.less(left, right); });
-  return *middle;
+  return *median;
 }
 
-// Copies the entries that are wanted; how many they are. There must be room for all.
-template <class Wanted>
-std::size_t copyIf(std::span<const Entry> entries, Entry* to, Wanted wanted) {
+// Copies the entries that satisfy the predicate and returns their number. `target` must have room for all entries: each
+// one is written unconditionally, which avoids branch mispredictions.
+template <class Predicate>
+std::size_t copyIf(std::span<const Entry> entries, Entry* target, Predicate predicate) {
   std::size_t count = 0;
   for (const Entry& entry : entries) {
-    to[count] = entry;  // in any case: quicker than to guess
-    count += wanted(entry) ? 1 : 0;
+    target[count] = entry;
+    count += predicate(entry) ? 1 : 0;
   }
   return count;
 }
 
+// The fallback for strings with NUL bytes.
 std::vector<std::uint32_t> comparisonSort(std::size_t count, const TextAt& textAt) {
-  std::string folded;  // all texts, one behind the other
-  std::vector<std::size_t> begins(count + 1);
+  std::string folded;  // all keys, concatenated
+  std::vector<std::size_t> offsets(count + 1);
   for (std::size_t index = 0; index < count; ++index) {
     appendFolded(folded, textAt(index));
-    begins[index + 1] = folded.size();
+    offsets[index + 1] = folded.size();
   }
-  const auto text = [&](std::uint32_t index) {
-    return std::string_view(folded).substr(begins[index], begins[index + 1] - begins[index]);
+  const auto key = [&](std::uint32_t index) {
+    return std::string_view(folded).substr(offsets[index], offsets[index + 1] - offsets[index]);
   };
   std::vector<std::uint32_t> order(count);
   std::iota(order.begin(), order.end(), 0U);
   std::stable_sort(order.begin(), order.end(),
-                   [&text](std::uint32_t left, std::uint32_t right) { return text(left) < text(right); });
+                   [&key](std::uint32_t left, std::uint32_t right) { return key(left) < key(right); });
   return order;
 }
 
 }  // namespace
 
 std::vector<std::uint32_t> caseInsensitiveOrder(std::size_t count, const TextAt& textAt) {
-  constexpr std::size_t worthTwoThreads = 32768;
-  const std::size_t middle = count < worthTwoThreads ? count : count / 2;
-  const auto room = [count] { return std::make_unique_for_overwrite<Entry[]>(count); };
+  constexpr std::size_t parallelThreshold = 32768;
+  const std::size_t middle = count < parallelThreshold ? count : count / 2;
+  const auto allocate = [count] { return std::make_unique_for_overwrite<Entry[]>(count); };
 
-  const auto given = room();
-  const std::span<Entry> entries(given.get(), count);
-  const auto read = [&](std::size_t first, std::size_t last) {
+  const auto unsorted = allocate();
+  const std::span<Entry> entries(unsorted.get(), count);
+  const auto buildKeys = [&](std::size_t first, std::size_t last) {
     return FoldedKeys(textAt, first, entries.subspan(first, last - first));
   };
-  std::array<FoldedKeys, 2> words;
+  std::array<FoldedKeys, 2> keys;
   if (middle == count) {
-    words[0] = read(0, count);
+    keys[0] = buildKeys(0, count);
   } else {
-    std::tie(words[0], words[1]) =
-        parallelResults([&] { return read(0, middle); }, [&] { return read(middle, count); });
+    std::tie(keys[0], keys[1]) =
+        parallelResults([&] { return buildKeys(0, middle); }, [&] { return buildKeys(middle, count); });
   }
-  if (words[0].ambiguous() || words[1].ambiguous()) return comparisonSort(count, textAt);
+  if (keys[0].containsNul() || keys[1].containsNul()) return comparisonSort(count, textAt);
 
   std::vector<std::uint32_t> order(count);
-  const auto sort = [&](std::span<Entry> some, std::span<Entry> spare, std::size_t first) {
-    RadixSorter(words, middle, spare).sort(some);
-    for (std::size_t i = 0; i < some.size(); ++i) order[first + i] = some[i].index;
+  const auto sort = [&](std::span<Entry> range, std::span<Entry> scratch, std::size_t first) {
+    RadixSorter(keys, middle, scratch).sort(range);
+    for (std::size_t i = 0; i < range.size(); ++i) order[first + i] = range[i].index;
   };
-  const auto low = room();
+  const auto lower = allocate();
   if (middle == count) {
-    sort(entries, std::span(low.get(), count), 0);
+    sort(entries, std::span(lower.get(), count), 0);
     return order;
   }
-  // One thread takes the texts before one in the middle of the order, the other one the rest.
-  const auto high = room();
-  const RadixSorter byWords(words, middle, {});
-  const Entry divider = medianOfSample(entries, byWords);
-  const auto below = [&](const Entry& entry) { return byWords.less(entry, divider); };
-  const auto notBelow = [&](const Entry& entry) { return !byWords.less(entry, divider); };
-  std::size_t lowCount = 0;
-  std::size_t highCount = 0;
-  parallelInvoke([&] { lowCount = copyIf(entries, low.get(), below); },
-                 [&] { highCount = copyIf(entries, high.get(), notBelow); });
-  parallelInvoke([&] { sort(std::span(low.get(), lowCount), entries.first(lowCount), 0); },
-                 [&] { sort(std::span(high.get(), highCount), entries.subspan(lowCount), lowCount); });
+  // A stable partition around a pivot gives each thread a range of its own; no merge is needed.
+  const auto upper = allocate();
+  const RadixSorter comparator(keys, middle, {});
+  const Entry pivot = medianOfSample(entries, comparator);
+  std::size_t lowerCount = 0;
+  std::size_t upperCount = 0;
+  parallelInvoke(
+      [&] {
+        lowerCount = copyIf(entries, lower.get(), [&](const Entry& entry) { return comparator.less(entry, pivot); });
+      },
+      [&] {
+        upperCount = copyIf(entries, upper.get(), [&](const Entry& entry) { return !comparator.less(entry, pivot); });
+      });
+  // The unsorted entries are no longer needed: each thread uses its part of them as scratch space.
+  parallelInvoke([&] { sort(std::span(lower.get(), lowerCount), entries.first(lowerCount), 0); },
+                 [&] { sort(std::span(upper.get(), upperCount), entries.subspan(lowerCount), lowerCount); });
   return order;
 }
 

@@ -1,4 +1,4 @@
-// The alphabetical order of many texts.
+// Case-insensitive sorting of many strings.
 #pragma once
 
 #include <cstddef>
@@ -9,9 +9,9 @@
 
 namespace plimo {
 
-// The places of `count` texts in their order without regard to case (that of compareFolded); texts that are the same
-// but for case stay as they stand. `textAt(place)` gives a text, good until this returns. Many texts are sorted on two
-// threads, which both call it.
+// The indices of `count` strings in case-insensitive order (that of compareFolded). The sort is stable: strings that
+// differ only in case keep their order. `textAt(index)` returns a string; it must stay valid until the sort returns.
+// For many strings it is called from two threads at once.
 std::vector<std::uint32_t> caseInsensitiveOrder(std::size_t count,
                                                 const std::function<std::string_view(std::size_t)>& textAt);
 

@@ -7,7 +7,7 @@
 
 namespace plimo {
 
-// A failure's number. Numbers and descriptions are the classic ones of the platform's run-time.
+// Error numbers. Numbers and descriptions are the classic ones of the platform's runtime.
 enum class ErrorNumber {
   invalidCall = 5,
   overflow = 6,
@@ -24,21 +24,22 @@ enum class ErrorNumber {
   pathNotFound = 76,
 };
 
-// The one-line English description of a number, without a full stop.
+// A one-line English description without a full stop.
 const char* describe(ErrorNumber number);
 
-// A failure of an operation. It ends the event handler in which it rises, unless that handler ignores errors; the
-// dispatch of events turns it into the run-time error report.
+// The failure of an operation. It ends the event handler that threw it, unless that handler ignores errors; the
+// event dispatcher then shows the run-time error report.
 class RuntimeError : public std::exception {
  public:
   explicit RuntimeError(ErrorNumber number, std::string path = {}) : number_(number), path_(std::move(path)) {}
 
   ErrorNumber number() const { return number_; }
-  // The file or folder concerned; empty where there is none.
+  // The file or folder concerned; may be empty.
   const std::string& path() const { return path_; }
   const char* what() const noexcept override { return describe(number_); }
 
-  // The report's text: "Run-time error 'N':", an empty line, the description and, on its own line, the path.
+  // The message shown to the user: "Run-time error 'N':", an empty line, the description and the path, if any, on a
+  // line of its own.
   std::string report() const;
 
  private:

@@ -1,4 +1,4 @@
-// Two things done at the same time.
+// Runs two functions in parallel.
 #pragma once
 
 #include <future>
@@ -9,30 +9,30 @@
 
 namespace plimo {
 
-// Does both, the second on a thread of its own, and comes back when both are done; where the system has no thread to
-// spare, one after the other. What they throw is thrown on, the first one's before the second's.
+// Runs both functions, the second on a new thread, and returns when both have finished. If the system cannot start a
+// thread, they run one after the other. Exceptions are rethrown, the first function's in preference to the second's.
 template <class First, class Second>
 void parallelInvoke(First first, Second second) {
-  std::future<void> other;
+  std::future<void> secondDone;
   try {
-    other = std::async(std::launch::async, [&second] { second(); });
+    secondDone = std::async(std::launch::async, [&second] { second(); });
   } catch (const std::system_error&) {
     first();
     second();
     return;
   }
-  first();  // should it throw, the other one is waited for
-  other.get();
+  first();  // if it throws, the future's destructor waits for the second function
+  secondDone.get();
 }
 
-// What both make. Each makes its own where the other one does not write: two things that stand close together in the
-// memory would be torn back and forth between two processors.
+// Runs both functions in parallel and returns their results. Each function builds its result in its own stack frame,
+// which avoids false sharing between the two threads.
 template <class First, class Second>
 auto parallelResults(First first, Second second) {
-  std::optional<std::invoke_result_t<First>> one;
-  std::optional<std::invoke_result_t<Second>> other;
-  parallelInvoke([&] { one = first(); }, [&] { other = second(); });
-  return std::pair(std::move(*one), std::move(*other));
+  std::optional<std::invoke_result_t<First>> firstResult;
+  std::optional<std::invoke_result_t<Second>> secondResult;
+  parallelInvoke([&] { firstResult = first(); }, [&] { secondResult = second(); });
+  return std::pair(std::move(*firstResult), std::move(*secondResult));
 }
 
 }  // namespace plimo

@@ -8,6 +8,8 @@ namespace plimo {
 
 namespace {
 
+constexpr std::size_t maxBatch = 64;
+
 template <class Word>
 Word load(const char* bytes) {
   Word word;
@@ -15,114 +17,98 @@ Word load(const char* bytes) {
   return word;
 }
 
+std::uint32_t tagOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash >> 32); }
+
 }  // namespace
 
-StringInterner::StringInterner(std::size_t expected) {
-  slots_.assign(std::bit_ceil(expected * 2 + 16), Slot{0, none});
-  texts_.reserve(expected);
+StringInterner::StringInterner(std::size_t expectedSize) {
+  slots_.assign(std::bit_ceil(expectedSize * 2 + 16), Slot{0, none});
+  texts_.reserve(expectedSize);
 }
 
 std::uint64_t StringInterner::hash(std::string_view text) {
-  // Eight bytes a step, multiplied and folded, in two lanes that need not wait for each other. The last bytes may be
-  // taken twice: that is quicker than to pick out the rest.
+  // Multiply and xor-shift, eight bytes per step, in two independent lanes so that the multiplications overlap. The
+  // last word may overlap the one before it, which is cheaper than loading the remaining bytes one by one.
   constexpr std::uint64_t factor = 0x9E3779B97F4A7C15U;
-  const auto mixed = [](std::uint64_t value, std::uint64_t word) {
-    value = (value ^ word) * factor;
-    return value ^ (value >> 32);
+  const auto mix = [](std::uint64_t state, std::uint64_t word) {
+    state = (state ^ word) * factor;
+    return state ^ (state >> 32);
   };
   const std::size_t size = text.size();
   const char* bytes = text.data();
-  std::uint64_t value = size * factor;
-  std::uint64_t other = factor;
+  std::uint64_t first = size * factor;
+  std::uint64_t second = factor;
   if (size >= 8) {
     const char* const lastWord = bytes + size - 8;
     for (; lastWord - bytes >= 8; bytes += 16) {
-      value = mixed(value, load<std::uint64_t>(bytes));
-      other = mixed(other, load<std::uint64_t>(bytes + 8));
+      first = mix(first, load<std::uint64_t>(bytes));
+      second = mix(second, load<std::uint64_t>(bytes + 8));
     }
-    if (bytes < lastWord) value = mixed(value, load<std::uint64_t>(bytes));
-    other = mixed(other, load<std::uint64_t>(lastWord));
+    if (bytes < lastWord) first = mix(first, load<std::uint64_t>(bytes));
+    second = mix(second, load<std::uint64_t>(lastWord));
   } else if (size >= 4) {
-    value = mixed(value, load<std::uint32_t>(bytes));
-    other = mixed(other, load<std::uint32_t>(bytes + size - 4));
+    first = mix(first, load<std::uint32_t>(bytes));
+    second = mix(second, load<std::uint32_t>(bytes + size - 4));
   } else if (size > 0) {
-    value = mixed(value, load<std::uint8_t>(bytes) | load<std::uint8_t>(bytes + size / 2) << 8 |
-                             load<std::uint8_t>(bytes + size - 1) << 16);
+    first = mix(first, load<std::uint8_t>(bytes) | load<std::uint8_t>(bytes + size / 2) << 8 |
+                           load<std::uint8_t>(bytes + size - 1) << 16);
   }
-  value = (value ^ (other << 1) ^ (other >> 63)) * factor;
-  return (value ^ (value >> 29)) * factor;
+  first = (first ^ (second << 1) ^ (second >> 63)) * factor;
+  return (first ^ (first >> 29)) * factor;
 }
 
 std::uint32_t StringInterner::find(std::string_view text, std::uint64_t hash) const {
   const std::size_t mask = slots_.size() - 1;
-  const auto tag = static_cast<std::uint32_t>(hash >> 32);
-  for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+  for (std::size_t i = homeSlot(hash);; i = (i + 1) & mask) {
     const Slot& slot = slots_[i];
-    if (slot.number == none) return none;
-    if (slot.tag == tag && texts_[slot.number] == text) return slot.number;
+    if (slot.id == none) return none;
+    if (slot.tag == tagOf(hash) && texts_[slot.id] == text) return slot.id;
   }
 }
 
-void StringInterner::find(std::span<const std::string_view> texts, std::span<std::uint32_t> numbers) const {
-  constexpr std::size_t most = 64;
-  for (; texts.size() > most; texts = texts.subspan(most), numbers = numbers.subspan(most)) {
-    find(texts.first(most), numbers.first(most));
+void StringInterner::find(std::span<const std::string_view> texts, std::span<std::uint32_t> ids) const {
+  for (; texts.size() > maxBatch; texts = texts.subspan(maxBatch), ids = ids.subspan(maxBatch)) {
+    find(texts.first(maxBatch), ids.first(maxBatch));
   }
-  // Each loop touches memory that the next one needs, for all texts, before anything waits for it.
-  std::array<std::uint64_t, most> hashes;
-  std::array<Slot, most> slots;
-  std::array<std::string_view, most> candidates;
+  // Each loop issues the independent loads that the next loop depends on, so that their cache misses overlap.
+  std::array<std::uint64_t, maxBatch> hashes;
+  std::array<Slot, maxBatch> slots;
+  std::array<std::string_view, maxBatch> candidates;
   for (std::size_t i = 0; i < texts.size(); ++i) hashes[i] = hash(texts[i]);
   for (std::size_t i = 0; i < texts.size(); ++i) slots[i] = slots_[homeSlot(hashes[i])];
   for (std::size_t i = 0; i < texts.size(); ++i) {
-    const bool likely = slots[i].number != none && slots[i].tag == hashes[i] >> 32;
-    candidates[i] = likely ? texts_[slots[i].number] : std::string_view();
+    const bool likely = slots[i].id != none && slots[i].tag == tagOf(hashes[i]);
+    candidates[i] = likely ? texts_[slots[i].id] : std::string_view();
   }
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const bool same = candidates[i].data() != nullptr && candidates[i] == texts[i];
-    numbers[i] = same || slots[i].number == none ? slots[i].number : find(texts[i], hashes[i]);
+    ids[i] = same || slots[i].id == none ? slots[i].id : find(texts[i], hashes[i]);
   }
 }
 
-void StringInterner::add(std::span<const std::string_view> texts, std::span<std::uint32_t> numbers) {
-  constexpr std::size_t most = 64;
-  for (; texts.size() > most; texts = texts.subspan(most), numbers = numbers.subspan(most)) {
-    add(texts.first(most), numbers.first(most));
-  }
-  std::array<std::uint64_t, most> hashes;
-  std::array<Slot, most> slots;  // as they stand before the first of these texts
-  for (std::size_t i = 0; i < texts.size(); ++i) hashes[i] = hash(texts[i]);
-  for (std::size_t i = 0; i < texts.size(); ++i) slots[i] = slots_[homeSlot(hashes[i])];
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    const bool likely = slots[i].number != none && slots[i].tag == hashes[i] >> 32;
-    numbers[i] = likely && texts_[slots[i].number] == texts[i] ? slots[i].number : add(texts[i], hashes[i]);
-  }
-}
-
-std::uint32_t StringInterner::add(std::string_view text, std::uint64_t hash) {
+std::uint32_t StringInterner::add(std::string_view text) {
   if ((texts_.size() + 1) * 2 > slots_.size()) grow();
+  const std::uint64_t hashed = hash(text);
   const std::size_t mask = slots_.size() - 1;
-  const auto tag = static_cast<std::uint32_t>(hash >> 32);
-  std::size_t slot = hash & mask;
-  for (; slots_[slot].number != none; slot = (slot + 1) & mask) {
-    if (slots_[slot].tag == tag && texts_[slots_[slot].number] == text) return slots_[slot].number;
+  std::size_t slot = homeSlot(hashed);
+  for (; slots_[slot].id != none; slot = (slot + 1) & mask) {
+    if (slots_[slot].tag == tagOf(hashed) && texts_[slots_[slot].id] == text) return slots_[slot].id;
   }
-  const auto number = static_cast<std::uint32_t>(texts_.size());
-  slots_[slot] = {tag, number};
+  const auto id = static_cast<std::uint32_t>(texts_.size());
+  slots_[slot] = {tagOf(hashed), id};
   texts_.push_back(text);
-  return number;
+  return id;
 }
 
 void StringInterner::grow() {
-  std::vector<Slot> slots(slots_.size() * 2, Slot{0, none});
-  const std::size_t mask = slots.size() - 1;
-  for (std::uint32_t number = 0; number < texts_.size(); ++number) {
-    const std::uint64_t hashed = hash(texts_[number]);
-    std::size_t slot = hashed & mask;
-    while (slots[slot].number != none) slot = (slot + 1) & mask;
-    slots[slot] = {static_cast<std::uint32_t>(hashed >> 32), number};
+  slots_.assign(slots_.size() * 2, Slot{0, none});
+  const std::size_t mask = slots_.size() - 1;
+  for (std::uint32_t id = 0; id < texts_.size(); ++id) {
+    const std::uint64_t hashed = hash(texts_[id]);
+    std::size_t slot = homeSlot(hashed);
+    while (slots_[slot].id != none) slot = (slot + 1) & mask;
+    slots_[slot] = {tagOf(hashed), id};
   }
-  slots_ = std::move(slots);
 }
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-// Numbers texts: each distinct text gets the next number from 0.
+// String interning: gives each distinct string a small integer id.
 #pragma once
 
 #include <cstddef>
@@ -9,38 +9,39 @@
 
 namespace plimo {
 
-// An open-addressing hash table over texts that it does not own: they must outlive it.
+// A hash table with open addressing and linear probing. Ids count from 0 in the order of first insertion. The table
+// does not own the strings: they must outlive it.
 class StringInterner {
  public:
   static constexpr std::uint32_t none = UINT32_MAX;
 
-  explicit StringInterner(std::size_t expected = 0);
+  explicit StringInterner(std::size_t expectedSize = 0);
 
-  // The text's number; none where it has not been added.
+  // The string's id; none if it has not been added.
   std::uint32_t find(std::string_view text) const { return find(text, hash(text)); }
-  // The same for many texts, into as many numbers: in a large index quicker than one after the other, because the waits
-  // for the memory overlap.
-  void find(std::span<const std::string_view> texts, std::span<std::uint32_t> numbers) const;
-  // Adds the text where it is new; its number either way.
-  std::uint32_t add(std::string_view text) { return add(text, hash(text)); }
-  // The same for many texts, one after the other, into as many numbers: quicker for the same reason.
-  void add(std::span<const std::string_view> texts, std::span<std::uint32_t> numbers);
+  // Batched lookup, `ids` as long as `texts`: in a table larger than the caches, the cache misses of a batch overlap.
+  void find(std::span<const std::string_view> texts, std::span<std::uint32_t> ids) const;
+  // Adds the string if it is new. Returns its id either way.
+  std::uint32_t add(std::string_view text);
+  // Adds many strings in order; `ids` must be as long as `texts`.
+  void add(std::span<const std::string_view> texts, std::span<std::uint32_t> ids) {
+    for (std::size_t i = 0; i < texts.size(); ++i) ids[i] = add(texts[i]);
+  }
   std::size_t size() const { return texts_.size(); }
-  std::string_view text(std::uint32_t number) const { return texts_[number]; }
+  std::string_view text(std::uint32_t id) const { return texts_[id]; }
 
  private:
   static std::uint64_t hash(std::string_view text);
   std::uint32_t find(std::string_view text, std::uint64_t hash) const;
-  std::uint32_t add(std::string_view text, std::uint64_t hash);
-  // The table's slot where to look first for a text with this hash.
+  // The slot at which probing for this hash starts.
   std::size_t homeSlot(std::uint64_t hash) const { return hash & (slots_.size() - 1); }
   void grow();
 
   struct Slot {
-    std::uint32_t tag;     // the hash's upper half: most texts that differ are told apart without a look at them
-    std::uint32_t number;  // none: free
+    std::uint32_t tag;  // the hash's upper half: rejects nearly all other strings without reading them
+    std::uint32_t id;   // none: the slot is free
   };
-  std::vector<Slot> slots_;
+  std::vector<Slot> slots_;  // a power of two, at most half full
   std::vector<std::string_view> texts_;
 };
 

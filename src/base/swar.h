@@ -1,4 +1,4 @@
-// Eight bytes of a text looked at at once, as a number; which of them stands highest does not matter here.
+// SIMD within a register: operations on the eight bytes of a 64-bit word at once, independent of byte order.
 #pragma once
 
 #include <cstdint>
@@ -8,17 +8,17 @@ namespace plimo {
 inline constexpr std::uint64_t repeatedOnes = 0x0101010101010101;
 inline constexpr std::uint64_t highBits = repeatedOnes * 0x80;
 
-inline bool isAllAscii(std::uint64_t eight) { return (eight & highBits) == 0; }
+inline bool isAllAscii(std::uint64_t word) { return (word & highBits) == 0; }
 
-// 0 where none of the bytes is a zero.
-inline std::uint64_t zeroByteMask(std::uint64_t eight) { return (eight - repeatedOnes) & ~eight & highBits; }
+// Non-zero if and only if the word contains a zero byte.
+inline std::uint64_t zeroByteMask(std::uint64_t word) { return (word - repeatedOnes) & ~word & highBits; }
 
-// Eight bytes of plain ASCII with A to Z replaced by a to z. A sum's high bit tells of each byte whether it has reached
-// the letter.
-inline std::uint64_t asciiToLower(std::uint64_t eight) {
-  const std::uint64_t fromA = eight + repeatedOnes * (0x80 - 'A');
-  const std::uint64_t behindZ = eight + repeatedOnes * (0x80 - 'Z' - 1);
-  return eight | (((fromA & ~behindZ) & highBits) >> 2);
+// Replaces A to Z by a to z. The word must be all ASCII: then no sum carries into the next byte, and its high bit tells
+// whether the byte is at least 'A' or above 'Z'.
+inline std::uint64_t asciiToLower(std::uint64_t word) {
+  const std::uint64_t atLeastA = word + repeatedOnes * (0x80 - 'A');
+  const std::uint64_t aboveZ = word + repeatedOnes * (0x80 - 'Z' - 1);
+  return word | (((atLeastA & ~aboveZ) & highBits) >> 2);
 }
 
 }  // namespace plimo

@@ -13,97 +13,47 @@ namespace plimo {
 
 namespace {
 
-// Letters whose folded form is at a fixed distance: every `stride`th code point from first to last. The facts are those
-// of Unicode's CaseFolding.txt (status C and S), version 14.
-struct FoldRange {
+// Every `stride`th code point from first to last is folded by adding the offset.
+struct FoldingRange {
   char32_t first;
   char32_t last;
   std::uint8_t stride;
-  std::int32_t distance;
+  std::int32_t offset;
 };
 
-constexpr FoldRange foldRanges[] = {
-    // clang-format off
-    {0xB5, 0xB5, 1, 775}, {0xC0, 0xD6, 1, 32}, {0xD8, 0xDE, 1, 32}, {0x100, 0x12E, 2, 1}, {0x132, 0x136, 2, 1},
-    {0x139, 0x147, 2, 1}, {0x14A, 0x176, 2, 1}, {0x178, 0x178, 1, -121}, {0x179, 0x17D, 2, 1},
-    {0x17F, 0x17F, 1, -268}, {0x181, 0x181, 1, 210}, {0x182, 0x184, 2, 1}, {0x186, 0x186, 1, 206},
-    {0x187, 0x187, 1, 1}, {0x189, 0x18A, 1, 205}, {0x18B, 0x18B, 1, 1}, {0x18E, 0x18E, 1, 79},
-    {0x18F, 0x18F, 1, 202}, {0x190, 0x190, 1, 203}, {0x191, 0x191, 1, 1}, {0x193, 0x193, 1, 205},
-    {0x194, 0x194, 1, 207}, {0x196, 0x196, 1, 211}, {0x197, 0x197, 1, 209}, {0x198, 0x198, 1, 1},
-    {0x19C, 0x19C, 1, 211}, {0x19D, 0x19D, 1, 213}, {0x19F, 0x19F, 1, 214}, {0x1A0, 0x1A4, 2, 1},
-    {0x1A6, 0x1A6, 1, 218}, {0x1A7, 0x1A7, 1, 1}, {0x1A9, 0x1A9, 1, 218}, {0x1AC, 0x1AC, 1, 1},
-    {0x1AE, 0x1AE, 1, 218}, {0x1AF, 0x1AF, 1, 1}, {0x1B1, 0x1B2, 1, 217}, {0x1B3, 0x1B5, 2, 1},
-    {0x1B7, 0x1B7, 1, 219}, {0x1B8, 0x1B8, 1, 1}, {0x1BC, 0x1BC, 1, 1}, {0x1C4, 0x1C4, 1, 2}, {0x1C5, 0x1C5, 1, 1},
-    {0x1C7, 0x1C7, 1, 2}, {0x1C8, 0x1C8, 1, 1}, {0x1CA, 0x1CA, 1, 2}, {0x1CB, 0x1DB, 2, 1}, {0x1DE, 0x1EE, 2, 1},
-    {0x1F1, 0x1F1, 1, 2}, {0x1F2, 0x1F4, 2, 1}, {0x1F6, 0x1F6, 1, -97}, {0x1F7, 0x1F7, 1, -56}, {0x1F8, 0x21E, 2, 1},
-    {0x220, 0x220, 1, -130}, {0x222, 0x232, 2, 1}, {0x23A, 0x23A, 1, 10795}, {0x23B, 0x23B, 1, 1},
-    {0x23D, 0x23D, 1, -163}, {0x23E, 0x23E, 1, 10792}, {0x241, 0x241, 1, 1}, {0x243, 0x243, 1, -195},
-    {0x244, 0x244, 1, 69}, {0x245, 0x245, 1, 71}, {0x246, 0x24E, 2, 1}, {0x345, 0x345, 1, 116}, {0x370, 0x372, 2, 1},
-    {0x376, 0x376, 1, 1}, {0x37F, 0x37F, 1, 116}, {0x386, 0x386, 1, 38}, {0x388, 0x38A, 1, 37},
-    {0x38C, 0x38C, 1, 64}, {0x38E, 0x38F, 1, 63}, {0x391, 0x3A1, 1, 32}, {0x3A3, 0x3AB, 1, 32}, {0x3C2, 0x3C2, 1, 1},
-    {0x3CF, 0x3CF, 1, 8}, {0x3D0, 0x3D0, 1, -30}, {0x3D1, 0x3D1, 1, -25}, {0x3D5, 0x3D5, 1, -15},
-    {0x3D6, 0x3D6, 1, -22}, {0x3D8, 0x3EE, 2, 1}, {0x3F0, 0x3F0, 1, -54}, {0x3F1, 0x3F1, 1, -48},
-    {0x3F4, 0x3F4, 1, -60}, {0x3F5, 0x3F5, 1, -64}, {0x3F7, 0x3F7, 1, 1}, {0x3F9, 0x3F9, 1, -7},
-    {0x3FA, 0x3FA, 1, 1}, {0x3FD, 0x3FF, 1, -130}, {0x400, 0x40F, 1, 80}, {0x410, 0x42F, 1, 32},
-    {0x460, 0x480, 2, 1}, {0x48A, 0x4BE, 2, 1}, {0x4C0, 0x4C0, 1, 15}, {0x4C1, 0x4CD, 2, 1}, {0x4D0, 0x52E, 2, 1},
-    {0x531, 0x556, 1, 48}, {0x10A0, 0x10C5, 1, 7264}, {0x10C7, 0x10C7, 1, 7264}, {0x10CD, 0x10CD, 1, 7264},
-    {0x13F8, 0x13FD, 1, -8}, {0x1C80, 0x1C80, 1, -6222}, {0x1C81, 0x1C81, 1, -6221}, {0x1C82, 0x1C82, 1, -6212},
-    {0x1C83, 0x1C84, 1, -6210}, {0x1C85, 0x1C85, 1, -6211}, {0x1C86, 0x1C86, 1, -6204}, {0x1C87, 0x1C87, 1, -6180},
-    {0x1C88, 0x1C88, 1, 35267}, {0x1C90, 0x1CBA, 1, -3008}, {0x1CBD, 0x1CBF, 1, -3008}, {0x1E00, 0x1E94, 2, 1},
-    {0x1E9B, 0x1E9B, 1, -58}, {0x1E9E, 0x1E9E, 1, -7615}, {0x1EA0, 0x1EFE, 2, 1}, {0x1F08, 0x1F0F, 1, -8},
-    {0x1F18, 0x1F1D, 1, -8}, {0x1F28, 0x1F2F, 1, -8}, {0x1F38, 0x1F3F, 1, -8}, {0x1F48, 0x1F4D, 1, -8},
-    {0x1F59, 0x1F5F, 2, -8}, {0x1F68, 0x1F6F, 1, -8}, {0x1F88, 0x1F8F, 1, -8}, {0x1F98, 0x1F9F, 1, -8},
-    {0x1FA8, 0x1FAF, 1, -8}, {0x1FB8, 0x1FB9, 1, -8}, {0x1FBA, 0x1FBB, 1, -74}, {0x1FBC, 0x1FBC, 1, -9},
-    {0x1FBE, 0x1FBE, 1, -7173}, {0x1FC8, 0x1FCB, 1, -86}, {0x1FCC, 0x1FCC, 1, -9}, {0x1FD8, 0x1FD9, 1, -8},
-    {0x1FDA, 0x1FDB, 1, -100}, {0x1FE8, 0x1FE9, 1, -8}, {0x1FEA, 0x1FEB, 1, -112}, {0x1FEC, 0x1FEC, 1, -7},
-    {0x1FF8, 0x1FF9, 1, -128}, {0x1FFA, 0x1FFB, 1, -126}, {0x1FFC, 0x1FFC, 1, -9}, {0x2126, 0x2126, 1, -7517},
-    {0x212A, 0x212A, 1, -8383}, {0x212B, 0x212B, 1, -8262}, {0x2132, 0x2132, 1, 28}, {0x2160, 0x216F, 1, 16},
-    {0x2183, 0x2183, 1, 1}, {0x24B6, 0x24CF, 1, 26}, {0x2C00, 0x2C2F, 1, 48}, {0x2C60, 0x2C60, 1, 1},
-    {0x2C62, 0x2C62, 1, -10743}, {0x2C63, 0x2C63, 1, -3814}, {0x2C64, 0x2C64, 1, -10727}, {0x2C67, 0x2C6B, 2, 1},
-    {0x2C6D, 0x2C6D, 1, -10780}, {0x2C6E, 0x2C6E, 1, -10749}, {0x2C6F, 0x2C6F, 1, -10783},
-    {0x2C70, 0x2C70, 1, -10782}, {0x2C72, 0x2C72, 1, 1}, {0x2C75, 0x2C75, 1, 1}, {0x2C7E, 0x2C7F, 1, -10815},
-    {0x2C80, 0x2CE2, 2, 1}, {0x2CEB, 0x2CED, 2, 1}, {0x2CF2, 0x2CF2, 1, 1}, {0xA640, 0xA66C, 2, 1},
-    {0xA680, 0xA69A, 2, 1}, {0xA722, 0xA72E, 2, 1}, {0xA732, 0xA76E, 2, 1}, {0xA779, 0xA77B, 2, 1},
-    {0xA77D, 0xA77D, 1, -35332}, {0xA77E, 0xA786, 2, 1}, {0xA78B, 0xA78B, 1, 1}, {0xA78D, 0xA78D, 1, -42280},
-    {0xA790, 0xA792, 2, 1}, {0xA796, 0xA7A8, 2, 1}, {0xA7AA, 0xA7AA, 1, -42308}, {0xA7AB, 0xA7AB, 1, -42319},
-    {0xA7AC, 0xA7AC, 1, -42315}, {0xA7AD, 0xA7AD, 1, -42305}, {0xA7AE, 0xA7AE, 1, -42308},
-    {0xA7B0, 0xA7B0, 1, -42258}, {0xA7B1, 0xA7B1, 1, -42282}, {0xA7B2, 0xA7B2, 1, -42261}, {0xA7B3, 0xA7B3, 1, 928},
-    {0xA7B4, 0xA7C2, 2, 1}, {0xA7C4, 0xA7C4, 1, -48}, {0xA7C5, 0xA7C5, 1, -42307}, {0xA7C6, 0xA7C6, 1, -35384},
-    {0xA7C7, 0xA7C9, 2, 1}, {0xA7D0, 0xA7D0, 1, 1}, {0xA7D6, 0xA7D8, 2, 1}, {0xA7F5, 0xA7F5, 1, 1},
-    {0xAB70, 0xABBF, 1, -38864}, {0xFF21, 0xFF3A, 1, 32}, {0x10400, 0x10427, 1, 40}, {0x104B0, 0x104D3, 1, 40},
-    {0x10570, 0x1057A, 1, 39}, {0x1057C, 0x1058A, 1, 39}, {0x1058C, 0x10592, 1, 39}, {0x10594, 0x10595, 1, 39},
-    {0x10C80, 0x10CB2, 1, 64}, {0x118A0, 0x118BF, 1, 32}, {0x16E40, 0x16E5F, 1, 32}, {0x1E900, 0x1E921, 1, 34},
-    // clang-format on
+constexpr FoldingRange foldingRanges[] = {
+#include "base/case_folding_table.inc"
 };
 
-constexpr char32_t foldByRange(char32_t letter) {
-  const auto* range = std::upper_bound(std::begin(foldRanges), std::end(foldRanges), letter,
-                                       [](char32_t value, const FoldRange& r) { return value < r.first; });
-  if (range == std::begin(foldRanges)) return letter;
+constexpr char32_t foldByRange(char32_t codePoint) {
+  const auto* range = std::upper_bound(std::begin(foldingRanges), std::end(foldingRanges), codePoint,
+                                       [](char32_t value, const FoldingRange& r) { return value < r.first; });
+  if (range == std::begin(foldingRanges)) return codePoint;
   --range;
-  if (letter > range->last || (letter - range->first) % range->stride != 0) return letter;
-  return static_cast<char32_t>(static_cast<std::int32_t>(letter) + range->distance);
+  if (codePoint > range->last || (codePoint - range->first) % range->stride != 0) return codePoint;
+  return static_cast<char32_t>(static_cast<std::int32_t>(codePoint) + range->offset);
 }
 
-// The letters of one or two bytes, which most names are made of, at their places.
-constexpr std::size_t shortLetters = 0x800;
-constexpr auto shortFolds = [] {
-  std::array<char16_t, shortLetters> folds{};
-  for (char32_t letter = 0; letter < folds.size(); ++letter) {
-    const bool large = letter >= U'A' && letter <= U'Z';
-    folds[letter] = static_cast<char16_t>(large ? letter + 32 : foldByRange(letter));
+// A lookup table for the code points of one or two UTF-8 bytes, which most names consist of.
+constexpr std::size_t directTableSize = 0x800;
+constexpr auto directTable = [] {
+  std::array<char16_t, directTableSize> table{};
+  for (char32_t codePoint = 0; codePoint < table.size(); ++codePoint) {
+    table[codePoint] = static_cast<char16_t>(foldByRange(codePoint));
   }
-  return folds;
+  return table;
 }();
 
-char32_t foldLetter(char32_t letter) { return letter < shortLetters ? shortFolds[letter] : foldByRange(letter); }
+char32_t foldCodePoint(char32_t codePoint) {
+  return codePoint < directTableSize ? directTable[codePoint] : foldByRange(codePoint);
+}
 
-// The length of the valid UTF-8 sequence at the text's start, with its code point; 0 where there is none.
-std::size_t decode(std::string_view text, char32_t& letter) {
+// Decodes the UTF-8 sequence at the start of the string. Returns its length; 0 if it is not valid.
+std::size_t decode(std::string_view text, char32_t& codePoint) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   const unsigned char lead = byte(0);
   if (lead < 0x80) {
-    letter = lead;
+    codePoint = lead;
     return 1;
   }
   const std::size_t length = lead >= 0xC2 && lead <= 0xDF   ? 2
@@ -111,38 +61,38 @@ std::size_t decode(std::string_view text, char32_t& letter) {
                              : lead >= 0xF0 && lead <= 0xF4 ? 4
                                                             : 0;
   if (length == 0 || text.size() < length) return 0;
-  letter = lead & (0xFFU >> (length + 1));
+  codePoint = lead & (0xFFU >> (length + 1));
   for (std::size_t i = 1; i < length; ++i) {
     if ((byte(i) & 0xC0) != 0x80) return 0;
-    letter = (letter << 6) | (byte(i) & 0x3FU);
+    codePoint = (codePoint << 6) | (byte(i) & 0x3FU);
   }
-  const bool overlong = (length == 3 && letter < 0x800) || (length == 4 && letter < 0x10000);
-  const bool surrogate = letter >= 0xD800 && letter <= 0xDFFF;
-  return overlong || surrogate || letter > 0x10FFFF ? 0 : length;
+  const bool overlong = (length == 3 && codePoint < 0x800) || (length == 4 && codePoint < 0x10000);
+  const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+  return overlong || surrogate || codePoint > 0x10FFFF ? 0 : length;
 }
 
-// Writes the letter's bytes; where they end.
-char* encode(char* to, char32_t letter) {
-  const auto put = [&to](char32_t bits) { *to++ = static_cast<char>(static_cast<unsigned char>(bits)); };
-  if (letter < 0x80) {
-    put(letter);
-  } else if (letter < shortLetters) {
-    put(0xC0 | (letter >> 6));
-    put(0x80 | (letter & 0x3F));
-  } else if (letter < 0x10000) {
-    put(0xE0 | (letter >> 12));
-    put(0x80 | ((letter >> 6) & 0x3F));
-    put(0x80 | (letter & 0x3F));
+// Writes the code point as UTF-8. Returns the end of the written bytes.
+char* encode(char* target, char32_t codePoint) {
+  const auto put = [&target](char32_t bits) { *target++ = static_cast<char>(static_cast<unsigned char>(bits)); };
+  if (codePoint < 0x80) {
+    put(codePoint);
+  } else if (codePoint < 0x800) {
+    put(0xC0 | (codePoint >> 6));
+    put(0x80 | (codePoint & 0x3F));
+  } else if (codePoint < 0x10000) {
+    put(0xE0 | (codePoint >> 12));
+    put(0x80 | ((codePoint >> 6) & 0x3F));
+    put(0x80 | (codePoint & 0x3F));
   } else {
-    put(0xF0 | (letter >> 18));
-    put(0x80 | ((letter >> 12) & 0x3F));
-    put(0x80 | ((letter >> 6) & 0x3F));
-    put(0x80 | (letter & 0x3F));
+    put(0xF0 | (codePoint >> 18));
+    put(0x80 | ((codePoint >> 12) & 0x3F));
+    put(0x80 | ((codePoint >> 6) & 0x3F));
+    put(0x80 | (codePoint & 0x3F));
   }
-  return to;
+  return target;
 }
 
-char upperLetter(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
+char toUpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
 
 }  // namespace
 
@@ -162,7 +112,7 @@ void appendUpperAscii(std::string& target, std::string_view text) {
   const std::size_t start = target.size();
   target.append(text);
   std::transform(target.begin() + static_cast<std::ptrdiff_t>(start), target.end(),
-                 target.begin() + static_cast<std::ptrdiff_t>(start), upperLetter);
+                 target.begin() + static_cast<std::ptrdiff_t>(start), toUpperAscii);
 }
 
 std::string foldCase(std::string_view text) {
@@ -172,27 +122,27 @@ std::string foldCase(std::string_view text) {
 }
 
 void appendFolded(std::string& target, std::string_view text) {
-  // Most names are plain ASCII: that much is folded where it is copied to.
-  const std::size_t before = target.size();
+  // Fast path: a plain ASCII prefix is folded in place, eight bytes at a time.
+  const std::size_t start = target.size();
   target.append(text);
   std::size_t folded = 0;
-  for (std::uint64_t eight = 0; text.size() - folded >= sizeof eight; folded += sizeof eight) {
-    std::memcpy(&eight, text.data() + folded, sizeof eight);
-    if (!isAllAscii(eight)) break;
-    eight = asciiToLower(eight);
-    std::memcpy(target.data() + before + folded, &eight, sizeof eight);
+  for (std::uint64_t word = 0; text.size() - folded >= sizeof word; folded += sizeof word) {
+    std::memcpy(&word, text.data() + folded, sizeof word);
+    if (!isAllAscii(word)) break;
+    word = asciiToLower(word);
+    std::memcpy(target.data() + start + folded, &word, sizeof word);
   }
   text.remove_prefix(folded);
-  // What is left grows by half at most: two bytes become three.
-  target.resize(before + folded + text.size() + text.size() / 2);
-  char* end = target.data() + before + folded;
+  // Folding adds at most half the length: no sequence of two bytes becomes longer than three.
+  target.resize(start + folded + text.size() + text.size() / 2);
+  char* end = target.data() + start + folded;
   while (!text.empty()) {
-    char32_t letter = static_cast<unsigned char>(text.front());
+    char32_t codePoint = static_cast<unsigned char>(text.front());
     std::size_t length = 1;
-    if (letter < 0x80) {
-      *end++ = static_cast<char>(shortFolds[letter]);
-    } else if ((length = decode(text, letter)) > 0) {
-      end = encode(end, foldLetter(letter));
+    if (codePoint < 0x80) {
+      *end++ = static_cast<char>(directTable[codePoint]);
+    } else if ((length = decode(text, codePoint)) > 0) {
+      end = encode(end, foldCodePoint(codePoint));
     } else {
       *end++ = text.front();
       length = 1;
@@ -203,26 +153,24 @@ void appendFolded(std::string& target, std::string_view text) {
 }
 
 int compareFolded(std::string_view left, std::string_view right) {
-  // Most names are plain ASCII, where folding needs no copy.
-  const std::size_t shared = std::min(left.size(), right.size());
-  for (std::size_t i = 0; i < shared; ++i) {
+  // Plain ASCII is compared without folded copies.
+  const std::size_t commonLength = std::min(left.size(), right.size());
+  for (std::size_t i = 0; i < commonLength; ++i) {
     const auto a = static_cast<unsigned char>(left[i]);
     const auto b = static_cast<unsigned char>(right[i]);
     if ((a | b) >= 0x80) return foldCase(left).compare(foldCase(right));
-    const char32_t x = foldLetter(a);
-    const char32_t y = foldLetter(b);
-    if (x != y) return x < y ? -1 : 1;
+    if (directTable[a] != directTable[b]) return directTable[a] < directTable[b] ? -1 : 1;
   }
   if (left.size() == right.size()) return 0;
   return left.size() < right.size() ? -1 : 1;
 }
 
 std::vector<std::string_view> split(std::string_view text, char separator) {
-  std::vector<std::string_view> pieces;
+  std::vector<std::string_view> parts;
   for (;;) {
     const std::size_t end = text.find(separator);
-    pieces.push_back(text.substr(0, end));
-    if (end == std::string_view::npos) return pieces;
+    parts.push_back(text.substr(0, end));
+    if (end == std::string_view::npos) return parts;
     text.remove_prefix(end + 1);
   }
 }
@@ -230,8 +178,8 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
 std::string_view prefixBefore(std::string_view text, char separator) { return text.substr(0, text.find(separator)); }
 
 bool isSubview(std::string_view bytes, std::string_view text) {
-  const std::less_equal<> notBehind;
-  return notBehind(bytes.data(), text.data()) && notBehind(text.data() + text.size(), bytes.data() + bytes.size());
+  const std::less_equal<> notAfter;  // unlike <=, defined for pointers into different objects
+  return notAfter(bytes.data(), text.data()) && notAfter(text.data() + text.size(), bytes.data() + bytes.size());
 }
 
 std::string counted(std::size_t count, std::string_view noun) {
@@ -253,8 +201,8 @@ std::string toValidUtf8(std::string_view bytes) {
   std::string text;
   text.reserve(bytes.size());
   while (!bytes.empty()) {
-    char32_t letter = 0;
-    const std::size_t length = decode(bytes, letter);
+    char32_t codePoint = 0;
+    const std::size_t length = decode(bytes, codePoint);
     if (length == 0) {
       text += "\xEF\xBF\xBD";
       bytes.remove_prefix(1);

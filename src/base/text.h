@@ -1,5 +1,5 @@
-// Small operations on texts. A text is a run of bytes; where letters matter it is read as UTF-8, and bytes that are
-// not valid UTF-8 stand for themselves.
+// Small string operations. A string is a sequence of bytes; operations on letters decode it as UTF-8 and leave bytes
+// that are not valid UTF-8 unchanged.
 #pragma once
 
 #include <string>
@@ -8,28 +8,28 @@
 
 namespace plimo {
 
-// Without the blanks (space characters only) at both ends.
+// Without leading and trailing blanks (only the space character counts).
 std::string_view trimBlanks(std::string_view text);
 
 // The letters a to z replaced by A to Z; every other byte unchanged.
 std::string upperAscii(std::string_view text);
 void appendUpperAscii(std::string& target, std::string_view text);
 
-// The text folded for comparison without regard to case, by Unicode's simple case folding. Two texts are the same but
-// for case when their folded forms are equal; folded forms are ordered by their bytes.
+// Unicode simple case folding. Two strings are equal without regard to case if their folded forms are equal; folded
+// forms are ordered by their bytes.
 std::string foldCase(std::string_view text);
 void appendFolded(std::string& target, std::string_view text);
 
-// Less than 0, 0 or more than 0: the order of two texts without regard to case.
+// Case-insensitive comparison: negative, 0 or positive, as foldCase(left).compare(foldCase(right)).
 int compareFolded(std::string_view left, std::string_view right);
 
-// The pieces between the separators; always at least one.
+// The parts between the separators; always at least one.
 std::vector<std::string_view> split(std::string_view text, char separator);
 
-// The part before the first separator; the whole text where there is none.
+// The part before the first separator; the whole string if there is none.
 std::string_view prefixBefore(std::string_view text, char separator);
 
-// True where the text is a part of the bytes, in their place in the memory.
+// True if `text` points into the memory of `bytes`.
 bool isSubview(std::string_view bytes, std::string_view text);
 
 // A count with its noun: "1 song", "2 songs".

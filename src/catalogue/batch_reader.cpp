@@ -9,7 +9,7 @@ namespace plimo {
 
 namespace {
 
-// So much of a large catalogue is in memory at a time for each reader.
+// The part of the mapped catalogue that each reader keeps resident.
 constexpr std::size_t windowSize = std::size_t{4} << 20;
 
 }  // namespace
@@ -23,7 +23,7 @@ std::span<const CatalogueRecord> BatchReader::next(std::size_t end) {
   std::size_t count = 0;
   try {
     while (count < batchSize && reader_.position() < end && reader_.next(batch_[count])) {
-      if (!reader_.inBytes()) keepTexts(batch_[count]);
+      if (!reader_.inBytes()) copyUnescaped(batch_[count]);
       ++count;
     }
   } catch (const RuntimeError& error) {
@@ -32,7 +32,7 @@ std::span<const CatalogueRecord> BatchReader::next(std::size_t end) {
   return std::span(batch_).first(count);
 }
 
-// Behind the window, nothing is looked at again; ahead, all of it will be.
+// Sequential access: pages before the window are not read again, those in it all are.
 void BatchReader::moveWindow() {
   if (position() < windowEnd_) return;
   view_.dontNeed(windowBegin_, position());
@@ -41,28 +41,28 @@ void BatchReader::moveWindow() {
   view_.willNeed(windowBegin_, windowEnd_);
 }
 
-void BatchReader::keepTexts(CatalogueRecord& record) {
+void BatchReader::copyUnescaped(CatalogueRecord& record) {
   for (std::string_view* text : {&record.path, &record.artist, &record.second, &record.title}) {
     if (!isSubview(view_.bytes(), *text)) *text = copies_.emplace_back(*text);
   }
 }
 
 std::size_t findRecordNearMiddle(std::string_view catalogue) {
-  // A record is known by a path that is a song's and holds the record's title.
-  constexpr std::string_view edge = "\r\n\"";
-  constexpr int tries = 16;
-  std::size_t place = catalogue.size() / 2;
-  for (int i = 0; i < tries; ++i) {
-    place = catalogue.find(edge, place);
-    if (place == std::string_view::npos) break;
-    place += edge.size() - 1;
-    CatalogueReader reader(catalogue, {}, place);
+  // The heuristic: the first of four values is a song's path that contains the fourth, its title.
+  constexpr std::string_view valueBoundary = "\r\n\"";
+  constexpr int maxAttempts = 16;
+  std::size_t offset = catalogue.size() / 2;
+  for (int i = 0; i < maxAttempts; ++i) {
+    offset = catalogue.find(valueBoundary, offset);
+    if (offset == std::string_view::npos) break;
+    offset += valueBoundary.size() - 1;
+    CatalogueReader reader(catalogue, {}, offset);
     CatalogueRecord record;
     try {
       if (reader.next(record) && isSongFile(record.path) && record.path.find(record.title) != std::string_view::npos) {
-        return place;
+        return offset;
       }
-    } catch (const RuntimeError&) {  // not where a record begins, or the last one
+    } catch (const RuntimeError&) {  // not the start of a record, or a truncated one
     }
   }
   return catalogue.size();

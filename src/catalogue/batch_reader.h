@@ -1,4 +1,4 @@
-// Reads a stretch of a catalogue some records at a time.
+// Reads a range of a catalogue in batches of records.
 #pragma once
 
 #include <array>
@@ -19,32 +19,33 @@ class BatchReader {
  public:
   static constexpr std::size_t batchSize = 64;
 
-  // Begins `from` bytes into the file, where a record begins; at 0, behind what may stand before the first one.
+  // Starts at the byte offset `from`, which must be the start of a record; 0 also skips a byte-order mark.
   BatchReader(FileView& view, const std::string& path, std::size_t from);
 
-  // The next records, as many as a batch takes, up to the first one that begins at `end` or behind it; good until the
-  // next call. None where there is none: at a record that breaks off, too.
+  // The next records, up to a full batch, that start before the offset `end`; valid until the next call. Empty at the
+  // end and at a truncated record.
   std::span<const CatalogueRecord> next(std::size_t end);
 
-  // Where the next record begins.
+  // The offset of the next record.
   std::size_t position() const { return reader_.position(); }
-  // Why no record comes any more, where the last one breaks off.
+  // The error of a truncated last record, if it was met.
   const std::optional<RuntimeError>& truncation() const { return truncation_; }
 
  private:
   void moveWindow();
-  void keepTexts(CatalogueRecord& record);
+  void copyUnescaped(CatalogueRecord& record);
 
   FileView& view_;
   CatalogueReader reader_;
   std::size_t windowBegin_;
   std::size_t windowEnd_;
   std::array<CatalogueRecord, batchSize> batch_;
-  std::deque<std::string> copies_;  // of texts that do not stand in the file as they are
+  std::deque<std::string> copies_;  // of the batch's strings that contained doubled quotes
   std::optional<RuntimeError> truncation_;
 };
 
-// Where a record probably begins in the middle of a catalogue; the catalogue's size where nothing looks like it.
+// The offset in the second half at which a record probably starts; the catalogue's size if none is found. The caller
+// must verify it by reading up to it from the start.
 std::size_t findRecordNearMiddle(std::string_view catalogue);
 
 }  // namespace plimo

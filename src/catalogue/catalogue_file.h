@@ -1,4 +1,4 @@
-// A catalogue opened to be read from its start to its end, once.
+// A catalogue opened for one sequential read.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +20,7 @@ namespace plimo {
 
 inline constexpr std::string_view catalogueName = "plimo.kvx";
 
-// What a record that breaks off at the catalogue's end means.
+// How a truncated last record is handled.
 enum class OnTruncation { fail, ignore };
 
 class CatalogueFile {
@@ -28,8 +28,8 @@ class CatalogueFile {
   // Throws as FileSystemObject::openForReading does.
   CatalogueFile(FileSystemObject& files, const std::string& path) : view_(files.openForReading(path)), path_(path) {}
 
-  // Calls `each` with every record, in order, until it returns false. A record is good until `each` returns. Throws 62
-  // where it meets a record that breaks off.
+  // Calls `each` with every record, in order, until it returns false. A record is valid until `each` returns. Throws
+  // RuntimeError 62 at a truncated record.
   template <class Each>
   void read(Each each) {
     BatchReader reader(*view_, path_, 0);
@@ -41,52 +41,52 @@ class CatalogueFile {
     if (reader.truncation()) throw RuntimeError(*reader.truncation());
   }
 
-  // Calls `each(part, records)` with all records, some at a time and each time in order, to gather what it wants from
-  // them in `part`. A large catalogue is read by two threads, each of which fills a part of its own. The parts, which
-  // follow one another as the records do. The records are good until `each` returns. Throws 62 where a record breaks
-  // off and that fails; where it is ignored, `broken` tells of it.
+  // Calls `each(part, records)` with all records, in batches and in order; `each` collects its results in `part`. A
+  // large catalogue is read by two threads with a part each, so `each` must be safe to call concurrently. Returns the
+  // parts in the order of their records. The records are valid until `each` returns. A truncated record throws
+  // RuntimeError 62, or is stored in truncation() if it is to be ignored.
   template <class Part, class Each>
-  std::vector<Part> parallelCollect(OnTruncation end, Each each) {
-    struct Stretch {
+  std::vector<Part> parallelCollect(OnTruncation onTruncation, Each each) {
+    struct Range {
       BatchReader reader;
       Part part{};
     };
-    const auto readOn = [&each](Stretch& stretch, std::size_t to) {
-      for (auto batch = stretch.reader.next(to); !batch.empty(); batch = stretch.reader.next(to)) {
-        each(stretch.part, batch);
+    const auto continueTo = [&each](Range& range, std::size_t end) {
+      for (auto batch = range.reader.next(end); !batch.empty(); batch = range.reader.next(end)) {
+        each(range.part, batch);
       }
     };
-    const auto read = [&](std::size_t from, std::size_t to) {
-      auto stretch = std::make_unique<Stretch>(Stretch{BatchReader(*view_, path_, from)});
-      readOn(*stretch, to);
-      return stretch;
+    const auto read = [&](std::size_t begin, std::size_t end) {
+      auto range = std::make_unique<Range>(Range{BatchReader(*view_, path_, begin)});
+      continueTo(*range, end);
+      return range;
     };
-    const std::size_t middle = size() < worthTwoReaders ? size() : findRecordNearMiddle(view_->bytes());
-    std::unique_ptr<Stretch> first;
-    std::unique_ptr<Stretch> second;
+    const std::size_t middle = size() < parallelThreshold ? size() : findRecordNearMiddle(view_->bytes());
+    std::unique_ptr<Range> first;
+    std::unique_ptr<Range> second;
     if (middle == size()) {
       first = read(0, size());
     } else {
       std::tie(first, second) = parallelResults([&] { return read(0, middle); }, [&] { return read(middle, size()); });
     }
-    if (second && first->reader.position() != middle) {  // no record begins there after all
+    if (second && first->reader.position() != middle) {  // the guess was wrong: discard what was read from there
       second.reset();
-      readOn(*first, size());
+      continueTo(*first, size());
     }
     truncation_ = (second ? second : first)->reader.truncation();
-    if (truncation_ && end == OnTruncation::fail) throw RuntimeError(*truncation_);
+    if (truncation_ && onTruncation == OnTruncation::fail) throw RuntimeError(*truncation_);
     std::vector<Part> parts;
     parts.push_back(std::move(first->part));
     if (second) parts.push_back(std::move(second->part));
     return parts;
   }
 
-  // The broken end that gathering ignored, if it met one.
+  // The truncated record that parallelCollect ignored, if any.
   const std::optional<RuntimeError>& truncation() const { return truncation_; }
 
  private:
-  // Bytes from which on a second thread is worth its start.
-  static constexpr std::size_t worthTwoReaders = std::size_t{1} << 21;
+  // In bytes; below it, starting a second thread costs more than it saves.
+  static constexpr std::size_t parallelThreshold = std::size_t{1} << 21;
 
   std::size_t size() const { return view_->bytes().size(); }
 

@@ -1,4 +1,4 @@
-// Answers many look-ups in the catalogue by reading it once.
+// A hash join of a list of keys with the catalogue.
 #pragma once
 
 #include <array>
@@ -18,84 +18,86 @@
 
 namespace plimo {
 
-// The keys of a batch of records, looked up together. Neighbours made from the same text share one look-up: an artist's
-// songs mostly stand together.
+// The keys of a batch of records, for one batched lookup. Consecutive records with the same source share a lookup,
+// because an artist's songs are mostly adjacent.
 class KeyBatch {
  public:
-  void clear() { records_ = asked_ = 0; }
+  void clear() { recordCount_ = keyCount_ = 0; }
 
-  // The next record's; nothing where it has none.
+  // Adds the next record; nullopt if it has no key.
   template <class KeyOf>
   void add(std::optional<std::string_view> source, KeyOf& keyOf) {
-    std::uint8_t& place = places_[records_++];
-    place = nowhere;
+    std::uint8_t& key = keyOfRecord_[recordCount_++];
+    key = noKey;
     if (!source) return;
-    if (asked_ == 0 || sources_[asked_ - 1] != *source) {
-      sources_[asked_] = *source;
-      keys_[asked_] = keyOf(*source, scratch_[asked_]);
-      ++asked_;
+    if (keyCount_ == 0 || sources_[keyCount_ - 1] != *source) {
+      sources_[keyCount_] = *source;
+      keys_[keyCount_] = keyOf(*source, scratch_[keyCount_]);
+      ++keyCount_;
     }
-    place = static_cast<std::uint8_t>(asked_ - 1);
+    key = static_cast<std::uint8_t>(keyCount_ - 1);
   }
 
-  void look(const StringInterner& index) {
-    index.find(std::span(keys_).first(asked_), std::span(numbers_).first(asked_));
+  void lookUp(const StringInterner& interner) {
+    interner.find(std::span(keys_).first(keyCount_), std::span(ids_).first(keyCount_));
   }
 
-  // What the index has for the record at this place in the batch; StringInterner::none without a key too.
-  std::uint32_t number(std::size_t record) const {
-    return places_[record] == nowhere ? StringInterner::none : numbers_[places_[record]];
+  // The id of a record's key after lookUp; StringInterner::none also if it has no key.
+  std::uint32_t id(std::size_t record) const {
+    return keyOfRecord_[record] == noKey ? StringInterner::none : ids_[keyOfRecord_[record]];
   }
 
  private:
-  static constexpr std::size_t most = BatchReader::batchSize;
-  static constexpr std::uint8_t nowhere = UINT8_MAX;
-  static_assert(most < nowhere);
+  static constexpr std::size_t capacity = BatchReader::batchSize;
+  static constexpr std::uint8_t noKey = UINT8_MAX;
+  static_assert(capacity < noKey);
 
-  std::size_t records_ = 0;
-  std::size_t asked_ = 0;
-  std::array<std::uint8_t, most> places_{};
-  std::array<std::string_view, most> sources_;
-  std::array<std::string_view, most> keys_;
-  std::array<std::string, most> scratch_;
-  std::array<std::uint32_t, most> numbers_{};
+  std::size_t recordCount_ = 0;
+  std::size_t keyCount_ = 0;
+  std::array<std::uint8_t, capacity> keyOfRecord_{};
+  std::array<std::string_view, capacity> sources_;
+  std::array<std::string_view, capacity> keys_;
+  std::array<std::string, capacity> scratch_;
+  std::array<std::uint32_t, capacity> ids_{};
 };
 
-// For each of a list of keys, in order and with repetitions, the values of the records that match it, in record order:
-// the same as reading the whole catalogue once for each key.
+// For each key of a list, in order and with repetitions, the values of the matching records in record order: the result
+// of reading the whole catalogue once per key. The keys are the build side of the hash join, the records its probe
+// side.
 template <class Value, class Arena = StringArena>
 class CatalogueJoin {
  public:
-  // `sourceOf(record)` gives the text that a record's key is made from, or nothing where it can match none;
-  // `keyOf(source, scratch)` makes the key, in `scratch` where it is not the source itself; `valueOf(record, texts)`
-  // gives the value of a record that matches, with its texts kept in the arena `texts`. All three are called by several
-  // threads. Throws as CatalogueFile::gather does.
+  // `sourceOf(record)` returns the string that the record's key is derived from, or nullopt if it has no key;
+  // `keyOf(source, scratch)` returns the key, stored in `scratch` unless it is a part of the source; `valueOf(record,
+  // texts)` returns the value of a matching record, with its strings stored in the arena `texts`. All three are called
+  // from two threads. Throws as CatalogueFile::parallelCollect does.
   template <class SourceOf, class KeyOf, class ValueOf>
-  CatalogueJoin(CatalogueFile& catalogue, std::span<const std::string_view> keys, OnTruncation end, SourceOf sourceOf,
-                KeyOf keyOf, ValueOf valueOf)
+  CatalogueJoin(CatalogueFile& catalogue, std::span<const std::string_view> keys, OnTruncation onTruncation,
+                SourceOf sourceOf, KeyOf keyOf, ValueOf valueOf)
       : groupOfKey_(keys.size()) {
-    StringInterner index(keys.size());
-    index.add(keys, groupOfKey_);
-    const auto look = [&](Matches& found, std::span<const CatalogueRecord> records) {
-      found.wanted.clear();
-      for (const CatalogueRecord& record : records) found.wanted.add(sourceOf(record), keyOf);
-      found.wanted.look(index);
+    StringInterner interner(keys.size());
+    interner.add(keys, groupOfKey_);
+    const auto probe = [&](Matches& matches, std::span<const CatalogueRecord> records) {
+      matches.keys.clear();
+      for (const CatalogueRecord& record : records) matches.keys.add(sourceOf(record), keyOf);
+      matches.keys.lookUp(interner);
       for (std::size_t i = 0; i < records.size(); ++i) {
-        const std::uint32_t group = found.wanted.number(i);
-        if (group != StringInterner::none) found.add({group, valueOf(records[i], found.texts)});
+        const std::uint32_t group = matches.keys.id(i);
+        if (group != StringInterner::none) matches.found.push_back({group, valueOf(records[i], matches.texts)});
       }
     };
-    order(catalogue.parallelCollect<Matches>(end, look), index.size());
+    groupMatches(catalogue.parallelCollect<Matches>(onTruncation, probe), interner.size());
   }
 
-  // The same for a key that is the record's text as it stands.
+  // The same if the source itself is the key.
   template <class SourceOf, class ValueOf>
-  CatalogueJoin(CatalogueFile& catalogue, std::span<const std::string_view> keys, OnTruncation end, SourceOf sourceOf,
-                ValueOf valueOf)
+  CatalogueJoin(CatalogueFile& catalogue, std::span<const std::string_view> keys, OnTruncation onTruncation,
+                SourceOf sourceOf, ValueOf valueOf)
       : CatalogueJoin(
-            catalogue, keys, end, sourceOf, [](std::string_view source, std::string&) { return source; }, valueOf) {}
+            catalogue, keys, onTruncation, sourceOf, [](std::string_view source, std::string&) { return source; },
+            valueOf) {}
 
-  // The values for the key at this place in the list.
+  // The values for the key at this index in the list; valid as long as this object.
   std::span<const Value> of(std::size_t key) const {
     const std::uint32_t group = groupOfKey_[key];
     return std::span(values_).subspan(starts_[group], starts_[group + 1] - starts_[group]);
@@ -106,32 +108,22 @@ class CatalogueJoin {
     std::uint32_t group;
     Value value;
   };
-  // In record order.
+  // The matches of one reader, in record order.
   struct Matches {
-    static constexpr std::size_t inBlock = 2048;
-
-    void add(const Match& match) {
-      if (count++ % inBlock == 0) blocks.emplace_back().reserve(inBlock);
-      blocks.back().push_back(match);
-    }
-
-    KeyBatch wanted;
+    KeyBatch keys;
     Arena texts;
-    std::vector<std::vector<Match>> blocks;  // so that many matches need no copying while they grow
-    std::size_t count = 0;
+    std::vector<Match> found;
   };
 
-  // By group, each group's in record order.
-  void order(std::vector<Matches> found, std::size_t groups) {
-    const auto forEach = [&found](auto each) {
-      for (const Matches& matches : found) {
-        for (const std::vector<Match>& block : matches.blocks) {
-          for (const Match& match : block) each(match);
-        }
+  // A counting sort by group, which keeps the record order within each group.
+  void groupMatches(std::vector<Matches> parts, std::size_t groups) {
+    const auto forEach = [&parts](auto each) {
+      for (const Matches& matches : parts) {
+        for (const Match& match : matches.found) each(match);
       }
     };
     starts_.resize(groups + 1);
-    bool inOrder = true;  // as where the keys were taken from the catalogue, and none stands twice in it
+    bool inOrder = true;  // usual if the keys were themselves read from the catalogue
     std::uint32_t last = 0;
     forEach([&](const Match& match) {
       ++starts_[match.group + 1];
@@ -147,11 +139,11 @@ class CatalogueJoin {
       std::vector<std::size_t> next = starts_;
       forEach([this, &next](const Match& match) { values_[next[match.group]++] = match.value; });
     }
-    for (Matches& matches : found) texts_.push_back(std::move(matches.texts));
+    for (Matches& matches : parts) texts_.push_back(std::move(matches.texts));
   }
 
   std::vector<std::uint32_t> groupOfKey_;
-  std::vector<std::size_t> starts_;
+  std::vector<std::size_t> starts_;  // of each group in values_, and the end of the last one
   std::vector<Value> values_;
   std::vector<Arena> texts_;
 };

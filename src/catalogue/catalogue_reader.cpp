@@ -11,19 +11,20 @@ namespace plimo {
 CatalogueReader::CatalogueReader(std::string_view bytes, std::string path, std::size_t from)
     : bytes_(bytes), position_(from == 0 ? skipBom(bytes) : from), path_(std::move(path)) {}
 
-// A record as the program writes it: each text between quotes, then CR LF. False, and nothing read, for any other.
-bool CatalogueReader::nextAsWritten(CatalogueRecord& record) {
-  const char* at = bytes_.data() + position_;
+// Fast path for the form that the program itself writes: quoted strings without quotes inside, each followed by CR LF.
+// Returns false without reading anything for any other form.
+bool CatalogueReader::readFast(CatalogueRecord& record) {
+  const char* next = bytes_.data() + position_;
   const char* const end = bytes_.data() + bytes_.size();
   for (std::string_view* field : {&record.path, &record.artist, &record.second, &record.title}) {
-    if (at == end || *at != '"') return false;
-    ++at;
-    const auto* quote = static_cast<const char*>(std::memchr(at, '"', static_cast<std::size_t>(end - at)));
+    if (next == end || *next != '"') return false;
+    ++next;
+    const auto* quote = static_cast<const char*>(std::memchr(next, '"', static_cast<std::size_t>(end - next)));
     if (quote == nullptr || end - quote < 3 || quote[1] != '\r' || quote[2] != '\n') return false;
-    *field = {at, static_cast<std::size_t>(quote - at)};
-    at = quote + 3;
+    *field = {next, static_cast<std::size_t>(quote - next)};
+    next = quote + 3;
   }
-  position_ = static_cast<std::size_t>(at - bytes_.data());
+  position_ = static_cast<std::size_t>(next - bytes_.data());
   return true;
 }
 
@@ -34,7 +35,7 @@ std::string_view CatalogueReader::value(std::size_t field) {
 
 bool CatalogueReader::next(CatalogueRecord& record) {
   if (position_ == bytes_.size()) return false;
-  inBytes_ = nextAsWritten(record);
+  inBytes_ = readFast(record);
   if (inBytes_) return true;
   record.path = value(0);
   record.artist = value(1);

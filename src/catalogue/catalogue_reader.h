@@ -1,4 +1,4 @@
-// The catalogue file: four values a song in the quoted notation, without header or trailer.
+// The catalogue file: four quoted values per song, without header or trailer.
 #pragma once
 
 #include <array>
@@ -12,25 +12,25 @@ struct CatalogueRecord {
   std::string_view path;
   std::string_view artist;
   std::string_view second;
-  std::string_view title;  // the file name's last part, with its extension
+  std::string_view title;  // the last part of the file name, with its extension
 };
 
-// Reads records one after the other. A record's views are good until the next one; those that lie in the bytes are
-// good as long as these.
+// Reads consecutive records. The views of a record are valid until the next call, or as long as the catalogue's bytes
+// if inBytes() is true.
 class CatalogueReader {
  public:
-  // Begins at the file's start, or `from` bytes into it. `path` names the file in the error of `next`.
+  // Starts at the byte offset `from`. `path` is the file reported in errors.
   CatalogueReader(std::string_view bytes, std::string path, std::size_t from = 0);
 
-  // False at the end. Throws RuntimeError 62 where a record breaks off.
+  // Returns false at the end. Throws RuntimeError 62 at a truncated record.
   bool next(CatalogueRecord& record);
-  // True where the record read last lies in the bytes with all its texts.
+  // True if all views of the last record refer to the catalogue's bytes.
   bool inBytes() const { return inBytes_; }
-  // Where the next record begins.
+  // The offset of the next record.
   std::size_t position() const { return position_; }
 
  private:
-  bool nextAsWritten(CatalogueRecord& record);
+  bool readFast(CatalogueRecord& record);
   std::string_view value(std::size_t field);
 
   std::string_view bytes_;
@@ -40,7 +40,7 @@ class CatalogueReader {
   std::array<std::string, 4> unescaped_;
 };
 
-// Appends one record to a catalogue's text.
+// Appends one record in the file's format.
 void appendRecord(std::string& catalogue, const CatalogueRecord& record);
 
 }  // namespace plimo

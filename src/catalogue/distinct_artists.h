@@ -8,8 +8,8 @@
 
 namespace plimo {
 
-// Each artist once, as the lists show it (trimmed, a to z upper-cased), in the order of first appearance. Throws as
-// opening the catalogue does, and 62 where a record breaks off.
+// Each artist once, as shown in the lists (trimmed, a to z upper-cased), in order of first appearance. Throws as
+// CatalogueFile does, and RuntimeError 62 at a truncated record.
 std::vector<std::string> distinctArtists(FileSystemObject& files, const std::string& catalogue);
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-// From songs as the lists show them to their files.
+// Finds the files of songs by the names shown in the lists.
 #pragma once
 
 #include <cstddef>
@@ -14,8 +14,8 @@
 
 namespace plimo {
 
-// The paths of all records that match a list of names. A record matches a name when its title before the first "."
-// equals it exactly; a title without a "." matches none.
+// The paths of all records that match a list of names. A record matches a name if its title before the first "."
+// equals it exactly; a title without a "." matches no name.
 class SongPaths {
  public:
   // Reads the catalogue once, to its end; without names, not at all. Throws as opening it does, and 62 if its last
@@ -23,7 +23,7 @@ class SongPaths {
   SongPaths(FileSystemObject& files, const std::string& catalogue, std::span<const std::string_view> names,
             OnTruncation truncation = OnTruncation::fail);
 
-  // The paths for the name at this place in the list, in record order; good as long as this object.
+  // The paths for the name at this index in the list, in record order; valid as long as this object.
   std::span<const StoredPath> of(std::size_t name) const {
     return join_ ? join_->of(name) : std::span<const StoredPath>();
   }
@@ -35,7 +35,7 @@ class SongPaths {
   std::optional<RuntimeError> truncation_;
 };
 
-// The path of the first record that matches the name; reads no further. Throws as SongPaths does.
+// The path of the first record that matches the name; nullopt if there is none. Throws as SongPaths does.
 std::optional<std::string> firstPath(FileSystemObject& files, const std::string& catalogue, std::string_view name);
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-// What a song's file name tells of it.
+// Derives artist and title from a song's file name.
 #pragma once
 
 #include <optional>
@@ -7,23 +7,23 @@
 
 namespace plimo {
 
-// The catalogue's fields two to four. Views of the name, or fixed texts.
+// The second to fourth field of a catalogue record: views of the file name or string literals.
 struct SongName {
   std::string_view artist;  // trimmed
-  std::string_view second;  // as it stands
-  std::string_view title;   // as it stands, with its extension
+  std::string_view second;  // not trimmed
+  std::string_view title;   // not trimmed, with its extension
 };
 
-// The name split at its hyphens: none, one, two; what lies behind a third hyphen is dropped.
+// Splits the name at its first three hyphens; anything after the third one is dropped.
 SongName splitFileName(std::string_view fileName);
 
-// A song as the lists show it: the catalogue's fourth field before its first "."; nothing where it holds none.
+// The name shown in the lists: the title before its first "."; nullopt if there is none.
 std::optional<std::string_view> displayName(std::string_view title);
 
-// An artist as the lists show it: trimmed, a to z upper-cased. Replaces what `key` held.
+// The artist as shown in the lists: trimmed, a to z upper-cased. Replaces the content of `key`.
 void artistKey(std::string_view artist, std::string& key);
 
-// True when the name's last three letters are exactly Mp3, mp3 or MP3.
+// True if the name ends in mp3, MP3 or Mp3; no dot is needed.
 bool isSongFile(std::string_view fileName);
 
 }  // namespace plimo

@@ -141,7 +141,7 @@ void ListBox::assign(const ListBox& other) {
 
 void ListBox::assign(const ListBox& other, std::span<const std::size_t> positions) {
   std::vector<Row> rows;
-  if (&other != this) rows.swap(rows_);  // memory that is there already
+  if (&other != this) rows.swap(rows_);  // reuse the allocated memory
   rows.clear();
   rows.reserve(positions.size());
   std::size_t used = 0;
@@ -157,7 +157,7 @@ void ListBox::assign(const ListBox& other, std::span<const std::size_t> position
   compactStore();
 }
 
-// Nothing is selected or current any more, and the rows are about to be replaced as a whole.
+// Resets selection and current row; the caller then replaces all rows.
 void ListBox::forgetRows() {
   selectedCount_ = 0;
   current_.reset();
@@ -166,7 +166,7 @@ void ListBox::forgetRows() {
   changes_.reset = changes_.selection = changes_.current = true;
 }
 
-// The other's rows in place of these, unselected, in memory that is there already where it is enough.
+// Copies the other list's rows, unselected; reuses the allocated memory if it is large enough.
 void ListBox::replaceRows(const ListBox& other) {
   texts_ = other.texts_;
   unused_ = other.unused_;
@@ -180,7 +180,7 @@ void ListBox::sortRows() {
       caseInsensitiveOrder(rows_.size(), [this](std::size_t row) { return text(row); });
   const std::vector<Row> unsorted = std::exchange(rows_, {});
   rows_.reserve(unsorted.size());
-  for (const std::uint32_t place : order) rows_.push_back(unsorted[place]);
+  for (const std::uint32_t row : order) rows_.push_back(unsorted[row]);
   if (current_) current_ = static_cast<std::size_t>(std::find(order.begin(), order.end(), *current_) - order.begin());
   changes_.reset = true;
 }
@@ -206,21 +206,20 @@ void ListBox::remove(std::size_t row) {
 
 void ListBox::removeAll(std::span<const std::size_t> rows) {
   if (rows.empty()) return;
-  const std::size_t watched = current_ ? *current_ : removedText_ ? removedRow_ : 0;
-  const auto above = std::lower_bound(rows.begin(), rows.end(), watched);
-  if (current_ && above != rows.end() && *above == watched) {
-    removedText_ = text(watched);
+  const std::size_t tracked = current_ ? *current_ : removedText_ ? removedRow_ : 0;
+  const auto firstNotAbove = std::lower_bound(rows.begin(), rows.end(), tracked);
+  if (current_ && firstNotAbove != rows.end() && *firstNotAbove == tracked) {
+    removedText_ = text(tracked);
     current_.reset();
   }
-  const std::size_t place = watched - static_cast<std::size_t>(above - rows.begin());
-  (current_ ? *current_ : removedRow_) = place;
+  (current_ ? *current_ : removedRow_) = tracked - static_cast<std::size_t>(firstNotAbove - rows.begin());
 
-  const auto at = [this](std::size_t row) { return rows_.begin() + static_cast<std::ptrdiff_t>(row); };
-  auto kept = at(rows.front());
+  const auto iteratorAt = [this](std::size_t row) { return rows_.begin() + static_cast<std::ptrdiff_t>(row); };
+  auto kept = iteratorAt(rows.front());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     unused_ += rows_[rows[i]].length;
     selectedCount_ -= rows_[rows[i]].selected;
-    kept = std::copy(at(rows[i] + 1), i + 1 < rows.size() ? at(rows[i + 1]) : rows_.end(), kept);
+    kept = std::copy(iteratorAt(rows[i] + 1), i + 1 < rows.size() ? iteratorAt(rows[i + 1]) : rows_.end(), kept);
   }
   rows_.erase(kept, rows_.end());
   changes_.reset = changes_.selection = changes_.current = true;
@@ -289,7 +288,7 @@ void ListBox::resolveRemovedCurrent() {
 }
 
 void ListBox::addRowObserver(ListObserver& observer) {
-  flush();  // the newcomer sees the rows as they are now
+  flush();  // the new observer gets the present state, not the changes that led to it
   rowObservers_.push_back(&observer);
   addObserver(observer);
   observer.rowsReset();
@@ -304,9 +303,8 @@ void ListBox::removeRowObserver(ListObserver& observer) {
 }
 
 void ListBox::changedRows(std::size_t first, std::size_t appended, std::size_t removed) {
-  const bool none = changes_.appended == 0 && changes_.removed == 0;
   if (changes_.reset) return;
-  if (none) {
+  if (changes_.appended == 0 && changes_.removed == 0) {
     changes_.first = first;
     changes_.appended = appended;
     changes_.removed = removed;
@@ -337,10 +335,10 @@ void ListBox::flush() {
 }
 
 void ListBox::compactStore() {
-  constexpr std::size_t worthIt = 1 << 16;
-  if (unused_ < worthIt || unused_ * 2 < texts_.size()) return;
+  constexpr std::size_t minimumUnused = 1 << 16;
+  if (unused_ < minimumUnused || unused_ * 2 < texts_.size()) return;
   RowStore texts;
-  texts.makeRoom(texts_.size() - unused_);
+  texts.reserve(texts_.size() - unused_);
   for (Row& row : rows_) row.offset = texts.append(texts_.text(row.offset, row.length));
   texts_ = std::move(texts);
   unused_ = 0;

@@ -72,7 +72,7 @@ class ListBox : public Control {
   // In a check-box list a changed row becomes current and its tick is raised; setting a state again does nothing.
   void setSelected(std::size_t row, bool selected);
   void clearSelection();
-  // Sets the state of many rows without raising tick, for a caller that handles all of them in one pass. The last row
+  // Sets the state of many rows without raising tick, for a caller that handles all rows in one pass. The last row
   // that changed becomes current.
   void setSelectedWithoutEvents(std::span<const std::size_t> rows, bool selected);
   // Selects every row with this text.

@@ -1,4 +1,4 @@
-// What a person does to a list.
+// The user-input API of ListBox.
 #include <algorithm>
 
 #include "controls/form.h"

@@ -14,20 +14,20 @@ namespace plimo {
 namespace {
 
 std::vector<std::uint32_t> orderOf(const std::vector<std::string_view>& texts) {
-  return caseInsensitiveOrder(texts.size(), [&texts](std::size_t place) { return texts[place]; });
+  return caseInsensitiveOrder(texts.size(), [&texts](std::size_t index) { return texts[index]; });
 }
 
-// As the description says it, slowly.
+// The reference implementation.
 std::vector<std::uint32_t> expectedOrder(const std::vector<std::string_view>& texts) {
-  std::vector<std::uint32_t> places(texts.size());
-  std::iota(places.begin(), places.end(), 0U);
-  std::stable_sort(places.begin(), places.end(), [&](std::uint32_t left, std::uint32_t right) {
+  std::vector<std::uint32_t> indices(texts.size());
+  std::iota(indices.begin(), indices.end(), 0U);
+  std::stable_sort(indices.begin(), indices.end(), [&](std::uint32_t left, std::uint32_t right) {
     return compareFolded(texts[left], texts[right]) < 0;
   });
-  return places;
+  return indices;
 }
 
-TEST(CaseInsensitiveSort, IsAlphabeticalWithoutRegardToCase) {
+TEST(CaseInsensitiveSort, IgnoresCase) {
   const std::vector<std::string_view> texts = {"beta",
                                                "Alpha",
                                                "ALPHA 2",
@@ -40,18 +40,18 @@ TEST(CaseInsensitiveSort, IsAlphabeticalWithoutRegardToCase) {
   EXPECT_EQ(orderOf(texts), (std::vector<std::uint32_t>{3, 1, 2, 0, 6, 5, 4}));
 }
 
-TEST(CaseInsensitiveSort, TextsThatAreTheSameButForCaseStayAsTheyStand) {
+TEST(CaseInsensitiveSort, IsStable) {
   const std::vector<std::string_view> texts = {"abba abba abba", "b", "ABBA abba abba", "Abba Abba Abba", "abba abba"};
   EXPECT_EQ(orderOf(texts), (std::vector<std::uint32_t>{4, 0, 2, 3, 1}));
 }
 
-TEST(CaseInsensitiveSort, ATextComesBeforeALongerOneThatBeginsLikeIt) {
+TEST(CaseInsensitiveSort, PutsAPrefixFirst) {
   using namespace std::string_view_literals;
   const std::vector<std::string_view> texts = {"abcdefgh\0"sv, "abcdefghi", "abcdefgh", "abc\0"sv, "abc", "abc\0\0"sv};
   EXPECT_EQ(orderOf(texts), (std::vector<std::uint32_t>{4, 3, 5, 2, 0, 1}));
 }
 
-// Few letters and all lengths, so that many agree for long, some wholly, and runs are longer than any shortcut.
+// Few letters and all lengths: many long common prefixes, some equal strings, ranges above every threshold of the sort.
 std::vector<std::string> manyTexts(std::size_t count) {
   const std::vector<std::string> pieces = {"a", "A", "b", "\xFF", "\xC3\x84", "\xC3\xA4", "z", "@", "["};
   std::vector<std::string> texts;
@@ -68,7 +68,7 @@ std::vector<std::string> manyTexts(std::size_t count) {
   return texts;
 }
 
-TEST(CaseInsensitiveSort, AgreesWithComparingHoweverManyTextsThereAre) {
+TEST(CaseInsensitiveSort, AgreesWithAComparisonSortAtEverySize) {
   for (const std::size_t count : {1U, 2U, 300U, 6000U, 40000U}) {
     const std::vector<std::string> owned = manyTexts(count);
     const std::vector<std::string_view> texts(owned.begin(), owned.end());
@@ -76,21 +76,21 @@ TEST(CaseInsensitiveSort, AgreesWithComparingHoweverManyTextsThereAre) {
   }
 }
 
-TEST(CaseInsensitiveSort, ManyEqualTextsStayAsTheyStand) {
+TEST(CaseInsensitiveSort, IsStableForManyEqualStrings) {
   const std::vector<std::string_view> texts(50000, "the same");
-  std::vector<std::uint32_t> places(texts.size());
-  std::iota(places.begin(), places.end(), 0U);
-  EXPECT_EQ(orderOf(texts), places);
+  std::vector<std::uint32_t> indices(texts.size());
+  std::iota(indices.begin(), indices.end(), 0U);
+  EXPECT_EQ(orderOf(texts), indices);
 }
 
-TEST(CaseInsensitiveSort, AZeroInATextIsAByteLikeAnyOther) {
+TEST(CaseInsensitiveSort, SortsStringsWithNulBytes) {
   std::vector<std::string> owned = manyTexts(40000);
   owned.insert(owned.end(), {owned.back() + std::string(1, '\0'), owned.back(), std::string("a\0b", 3)});
   const std::vector<std::string_view> texts(owned.begin(), owned.end());
   EXPECT_EQ(orderOf(texts), expectedOrder(texts));
 }
 
-TEST(CaseInsensitiveSort, TextsThatAgreeForAMillionBytesAreOrderedToo) {
+TEST(CaseInsensitiveSort, SortsStringsWithVeryLongCommonPrefixes) {
   const std::string longText(4'000'000, 'x');
   const std::vector<std::string> owned = {longText + "b", longText, longText + "A", longText + "\xC3\x84", longText};
   const std::vector<std::string_view> texts(owned.begin(), owned.end());

@@ -13,8 +13,8 @@
 namespace plimo {
 namespace {
 
-TEST(Parallel, BothAreUnderWayAtTheSameTime) {
-  std::latch both(2);  // neither gets past it alone
+TEST(Parallel, RunsBothFunctionsAtTheSameTime) {
+  std::latch both(2);  // neither function passes it alone
   std::thread::id second;
   parallelInvoke([&both] { both.arrive_and_wait(); },
                  [&] {
@@ -25,7 +25,7 @@ TEST(Parallel, BothAreUnderWayAtTheSameTime) {
   EXPECT_NE(second, std::thread::id());
 }
 
-TEST(Parallel, WhatEitherThrowsIsThrownOnWhenBothAreDone) {
+TEST(Parallel, RethrowsAfterBothHaveFinished) {
   bool done = false;
   EXPECT_THROW(parallelInvoke([] { throw std::runtime_error("first"); },
                               [&done] {
@@ -37,7 +37,7 @@ TEST(Parallel, WhatEitherThrowsIsThrownOnWhenBothAreDone) {
   EXPECT_THROW(parallelInvoke([] {}, [] { throw std::logic_error("second"); }), std::logic_error);
 }
 
-TEST(MadeAtOnce, GivesWhatEachMakes) {
+TEST(Parallel, ReturnsBothResults) {
   const auto [text, number] = parallelResults([] { return std::make_unique<std::string>("made"); },
                                               [] {
                                                 return std::vector<int>{1, 2};

@@ -10,7 +10,7 @@
 namespace plimo {
 namespace {
 
-std::vector<std::string> items(std::string_view content) {
+std::vector<std::string> values(std::string_view content) {
   QuotedReader reader(content);
   std::vector<std::string> texts;
   while (!reader.atEnd()) texts.emplace_back(reader.next().text);
@@ -20,39 +20,39 @@ std::vector<std::string> items(std::string_view content) {
 using Texts = std::vector<std::string>;
 
 TEST(QuotedFormat, ValuesEndAtLineEndsAndCommas) {
-  EXPECT_EQ(items("1\r\n#TRUE#\r\n\"C:\"\r\n"), (Texts{"1", "#TRUE#", "C:"}));
-  EXPECT_EQ(items("1,#TRUE#,\"C:\",4"), (Texts{"1", "#TRUE#", "C:", "4"}));
-  EXPECT_EQ(items("a\nb\rc"), (Texts{"a", "b", "c"}));
+  EXPECT_EQ(values("1\r\n#TRUE#\r\n\"C:\"\r\n"), (Texts{"1", "#TRUE#", "C:"}));
+  EXPECT_EQ(values("1,#TRUE#,\"C:\",4"), (Texts{"1", "#TRUE#", "C:", "4"}));
+  EXPECT_EQ(values("a\nb\rc"), (Texts{"a", "b", "c"}));
 }
 
-TEST(QuotedFormat, AValueMayBeOfAnyLengthWhateverEndsIt) {
+TEST(QuotedFormat, ReadsValuesOfAnyLength) {
   for (std::size_t length = 250; length < 262; ++length) {
     const std::string value(length, 'x');
     for (const char* end : {",", "\r", "\n", "\r\n"}) {
       const std::string after = std::string(end) + "y" + (*end == ',' ? "\r\n" : ",");
-      EXPECT_EQ(items(value + after), (Texts{value, "y"})) << length;
+      EXPECT_EQ(values(value + after), (Texts{value, "y"})) << length;
     }
-    EXPECT_EQ(items(value), Texts{value});
+    EXPECT_EQ(values(value), Texts{value});
   }
 }
 
 TEST(QuotedFormat, AnEmptyLineIsAnEmptyValue) {
-  EXPECT_EQ(items("\r\n\"\"\r\nx"), (Texts{"", "", "x"}));
-  EXPECT_EQ(items("a,\r\nb"), (Texts{"a", "", "b"}));
+  EXPECT_EQ(values("\r\n\"\"\r\nx"), (Texts{"", "", "x"}));
+  EXPECT_EQ(values("a,\r\nb"), (Texts{"a", "", "b"}));
 }
 
-TEST(QuotedFormat, QuotedTextsHoldCommasLineEndsAndDoubledQuotes) {
-  EXPECT_EQ(items("\"a,b\r\nc\"\r\nd"), (Texts{"a,b\r\nc", "d"}));
-  EXPECT_EQ(items("\"say \"\"hi\"\" twice\"\r\n\"\"\"\"\r\n"), (Texts{"say \"hi\" twice", "\""}));
+TEST(QuotedFormat, QuotedStringsMayContainCommasLineEndsAndQuotes) {
+  EXPECT_EQ(values("\"a,b\r\nc\"\r\nd"), (Texts{"a,b\r\nc", "d"}));
+  EXPECT_EQ(values("\"say \"\"hi\"\" twice\"\r\n\"\"\"\"\r\n"), (Texts{"say \"hi\" twice", "\""}));
 }
 
-TEST(QuotedFormat, LeadingBlanksAndAByteOrderMarkArePassedOver) {
-  EXPECT_EQ(items("\xEF\xBB\xBF  \"a\"  \r\n   b "), (Texts{"a", "b "}));
+TEST(QuotedFormat, SkipsLeadingBlanksAndAByteOrderMark) {
+  EXPECT_EQ(values("\xEF\xBB\xBF  \"a\"  \r\n   b "), (Texts{"a", "b "}));
 }
 
-TEST(QuotedFormat, ATextWithoutItsLastQuoteGoesToTheEnd) { EXPECT_EQ(items("\"half"), (Texts{"half"})); }
+TEST(QuotedFormat, AnUnterminatedStringExtendsToTheEnd) { EXPECT_EQ(values("\"half"), (Texts{"half"})); }
 
-TEST(QuotedFormat, ReadingPastTheEndFailsAndNamesTheFile) {
+TEST(QuotedFormat, ReadingPastTheEndReportsTheFile) {
   QuotedReader reader("1", "C:\\Plimo\\plimo.ini");
   reader.next();
   try {
@@ -64,13 +64,13 @@ TEST(QuotedFormat, ReadingPastTheEndFailsAndNamesTheFile) {
   }
 }
 
-TEST(QuotedFormat, WhatIsWrittenIsReadBack) {
+TEST(QuotedFormat, ReadsBackWhatItWrites) {
   std::string file;
   writeText(file, "a \"b\", c");
   writeNumber(file, -12);
   writeBoolean(file, false);
   EXPECT_EQ(file, "\"a \"\"b\"\", c\"\r\n-12\r\n#FALSE#\r\n");
-  EXPECT_EQ(items(file), (Texts{"a \"b\", c", "-12", "#FALSE#"}));
+  EXPECT_EQ(values(file), (Texts{"a \"b\", c", "-12", "#FALSE#"}));
 }
 
 TEST(QuotedFormat, OnlyBareValuesAreHashFramed) {

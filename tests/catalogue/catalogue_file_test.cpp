@@ -7,21 +7,21 @@
 
 #include "catalogue/catalogue_join.h"
 #include "platform/linux/linux_files.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace plimo {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-// What a reader gathers of its records: all four texts of each.
-struct Gathered {
+// All four fields of each record of one reader.
+struct CollectedFields {
   Texts fields;
 };
 
-class OpenCatalogueTest : public testing::Test {
+class CatalogueFileTest : public testing::Test {
  protected:
-  // Large enough for two readers, and for more of the file than is kept in memory.
+  // Large enough for two readers with several windows each.
   static constexpr std::size_t large = std::size_t{12} << 20;
 
   void add(const Texts& record) {
@@ -29,7 +29,7 @@ class OpenCatalogueTest : public testing::Test {
     fields_.insert(fields_.end(), record.begin(), record.end());
   }
 
-  // Songs until the catalogue is so large; every seventh with quotes in its name.
+  // Adds songs until the catalogue has this size; every seventh has quotes in its name.
   void addSongs(std::size_t size) {
     for (std::size_t number = 0; bytes_.size() < size; ++number) {
       const std::string title = (number % 7 == 0 ? " \"Song\" " : " Song ") + std::to_string(number) + ".mp3";
@@ -38,16 +38,16 @@ class OpenCatalogueTest : public testing::Test {
     }
   }
 
-  std::string written() {
+  std::string writeCatalogue() {
     writeFile(folder_ / "plimo.kvx", bytes_);
     return folder_ / "plimo.kvx";
   }
 
-  // The records as they were gathered, and by how many readers.
-  Texts gathered(std::size_t readers, OnTruncation end = OnTruncation::fail) {
-    CatalogueFile catalogue(files_, written());
-    const auto parts =
-        catalogue.parallelCollect<Gathered>(end, [](Gathered& part, std::span<const CatalogueRecord> records) {
+  // All fields in order; checks the number of readers.
+  Texts collect(std::size_t readers, OnTruncation end = OnTruncation::fail) {
+    CatalogueFile catalogue(files_, writeCatalogue());
+    const auto parts = catalogue.parallelCollect<CollectedFields>(
+        end, [](CollectedFields& part, std::span<const CatalogueRecord> records) {
           for (const CatalogueRecord& record : records) {
             for (const std::string_view text : {record.path, record.artist, record.second, record.title}) {
               part.fields.emplace_back(text);
@@ -56,7 +56,7 @@ class OpenCatalogueTest : public testing::Test {
         });
     EXPECT_EQ(parts.size(), readers);
     Texts all;
-    for (const Gathered& part : parts) all.insert(all.end(), part.fields.begin(), part.fields.end());
+    for (const CollectedFields& part : parts) all.insert(all.end(), part.fields.begin(), part.fields.end());
     truncation_ = catalogue.truncation().has_value();
     return all;
   }
@@ -68,52 +68,52 @@ class OpenCatalogueTest : public testing::Test {
   bool truncation_ = false;
 };
 
-TEST_F(OpenCatalogueTest, OneReaderIsEnoughForASmallCatalogue) {
+TEST_F(CatalogueFileTest, ReadsASmallCatalogueWithOneReader) {
   addSongs(1000);
-  EXPECT_EQ(gathered(1), fields_);
+  EXPECT_EQ(collect(1), fields_);
   bytes_.clear();
-  EXPECT_TRUE(gathered(1).empty());
+  EXPECT_TRUE(collect(1).empty());
 }
 
-TEST_F(OpenCatalogueTest, TwoReadersShareALargeOne) {
+TEST_F(CatalogueFileTest, ReadsALargeCatalogueWithTwoReaders) {
   addSongs(large);
-  EXPECT_TRUE(gathered(2) == fields_);
+  EXPECT_TRUE(collect(2) == fields_);
 }
 
-TEST_F(OpenCatalogueTest, WhatOnlyLooksLikeARecordsBeginningIsSeenThrough) {
-  // Read from its second text on, each record looks like a song's: "x.mp3", and a title that its path holds.
+TEST_F(CatalogueFileTest, DiscardsAWrongGuessOfARecordsStart) {
+  // Read from its second field on, each record looks like that of a song: "x.mp3" contains the following first field.
   while (bytes_.size() < large) add({"", "x.mp3", "second", "title.mp3"});
   const std::size_t middle = findRecordNearMiddle(bytes_);
   ASSERT_EQ(bytes_.substr(middle, 7), "\"x.mp3\"");
-  EXPECT_TRUE(gathered(1) == fields_);
+  EXPECT_TRUE(collect(1) == fields_);
 }
 
-TEST_F(OpenCatalogueTest, WithoutAnythingLikeABeginningOneReaderTakesAll) {
+TEST_F(CatalogueFileTest, ReadsWithOneReaderIfNoRecordStartIsFound) {
   while (bytes_.size() < large) add({"a", "b", "c", "d"});
-  EXPECT_TRUE(gathered(1) == fields_);
+  EXPECT_TRUE(collect(1) == fields_);
 }
 
-TEST_F(OpenCatalogueTest, ABrokenEndIsMetWhoeverReadsIt) {
+TEST_F(CatalogueFileTest, ReportsATruncatedEnd) {
   addSongs(large);
   bytes_ += "\"half a record\"\r\n";
-  EXPECT_TRUE(gathered(2, OnTruncation::ignore) == fields_);
+  EXPECT_TRUE(collect(2, OnTruncation::ignore) == fields_);
   EXPECT_TRUE(truncation_);
-  EXPECT_THROW(gathered(2, OnTruncation::fail), RuntimeError);
+  EXPECT_THROW(collect(2, OnTruncation::fail), RuntimeError);
 }
 
-TEST_F(OpenCatalogueTest, AStrayValueShiftsAllThatFollowsForBothReaders) {
+TEST_F(CatalogueFileTest, AStrayValueShiftsAllRecordsAfterIt) {
   addSongs(large / 4);
   bytes_ += "\"stray\"\r\n";
   fields_.emplace_back("stray");
   addSongs(large);
   fields_.resize(fields_.size() / 4 * 4);
-  EXPECT_TRUE(gathered(1, OnTruncation::ignore) == fields_);
+  EXPECT_TRUE(collect(1, OnTruncation::ignore) == fields_);
   EXPECT_TRUE(truncation_);
 }
 
-TEST_F(OpenCatalogueTest, AJoinGivesEachKeyItsRecordsInTheirOrder) {
+TEST_F(CatalogueFileTest, AJoinReturnsEachKeysRecordsInOrder) {
   addSongs(large);
-  CatalogueFile catalogue(files_, written());
+  CatalogueFile catalogue(files_, writeCatalogue());
   const std::vector<std::string_view> keys = {"Artist 3", "nobody", "Artist 8", "Artist 3"};
   const CatalogueJoin<std::string_view> titles(
       catalogue, keys, OnTruncation::fail, [](const CatalogueRecord& record) { return std::optional(record.artist); },
@@ -129,9 +129,9 @@ TEST_F(OpenCatalogueTest, AJoinGivesEachKeyItsRecordsInTheirOrder) {
   EXPECT_GT(titles.of(0).size(), 1000U);
 }
 
-TEST_F(OpenCatalogueTest, ReadingStopsWhereItIsTold) {
+TEST_F(CatalogueFileTest, ReadStopsOnRequest) {
   addSongs(large);
-  CatalogueFile catalogue(files_, written());
+  CatalogueFile catalogue(files_, writeCatalogue());
   std::size_t read = 0;
   catalogue.read([&read](const CatalogueRecord&) { return ++read < 1000; });
   EXPECT_EQ(read, 1000U);

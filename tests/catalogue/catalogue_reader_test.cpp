@@ -24,22 +24,22 @@ std::vector<std::string> read(std::string_view bytes) {
 
 using Texts = std::vector<std::string>;
 
-TEST(CatalogueReader, ReadsWhatIsAppended) {
+TEST(CatalogueReader, ReadsWhatAppendRecordWrites) {
   std::string bytes;
   appendRecord(bytes, {"/a \"b\"/c.mp3", "", "x,y", "c\r\nd.mp3"});
   appendRecord(bytes, {"p", "q", "r", "s"});
   EXPECT_EQ(read(bytes), (Texts{"/a \"b\"/c.mp3", "", "x,y", "c\r\nd.mp3", "p", "q", "r", "s"}));
 }
 
-TEST(CatalogueReader, ReadsARecordWrittenByHand) {
+TEST(CatalogueReader, ReadsUnquotedAndMixedForms) {
   EXPECT_EQ(read("\"p\",q, \"r\" ,s\np2\nq2\nr2\ns2"), (Texts{"p", "q", "r", "s", "p2", "q2", "r2", "s2"}));
 }
 
-TEST(CatalogueReader, TwoDoubledQuotesInOneRecordKeepTheirOwnTexts) {
+TEST(CatalogueReader, UnescapesSeveralFieldsOfOneRecord) {
   EXPECT_EQ(read("\"a\"\"a\"\r\n\"b\"\"b\"\r\n\"c\"\r\n\"d\"\"d\"\r\n"), (Texts{"a\"a", "b\"b", "c", "d\"d"}));
 }
 
-TEST(CatalogueReader, ARecordThatBreaksOffFails) {
+TEST(CatalogueReader, FailsAtATruncatedRecord) {
   for (const char* bytes : {"\"p\"\r\n", "\"p\"\r\n\"q\"\r\n\"r\"\r\n", "\"p", "\"p\""}) {
     EXPECT_THROW(read(bytes), RuntimeError) << bytes;
   }

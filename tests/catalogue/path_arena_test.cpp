@@ -9,7 +9,7 @@
 namespace plimo {
 namespace {
 
-TEST(PathArena, GivesEveryPathBackAsItStood) {
+TEST(PathArena, ReturnsEveryPathUnchanged) {
   const std::vector<std::string> paths = {"/m/a.mp3",
                                           "/m/b.mp3",
                                           "/m/in/c.mp3",
@@ -29,25 +29,25 @@ TEST(PathArena, GivesEveryPathBackAsItStood) {
                                           "/m/AC/c.mp3",
                                           "/m/\\/d.mp3"};
   PathArena arena;
-  std::vector<StoredPath> kept;
-  for (const std::string& path : paths) kept.push_back(arena.store(std::string(path)));
-  const PathArena elsewhere = std::move(arena);
+  std::vector<StoredPath> stored;
+  for (const std::string& path : paths) stored.push_back(arena.store(std::string(path)));
+  const PathArena moved = std::move(arena);
   std::string all;
   std::string expected;
   for (std::size_t i = 0; i < paths.size(); ++i) {
-    EXPECT_EQ(kept[i].text(), paths[i]);
-    append(all, kept[i]);
+    EXPECT_EQ(stored[i].text(), paths[i]);
+    append(all, stored[i]);
     expected += paths[i];
   }
   EXPECT_EQ(all, expected);
 }
 
-TEST(PathArena, SongsOfOneFolderShareItsText) {
+TEST(PathArena, SongsOfOneFolderShareItsString) {
   PathArena arena;
   const StoredPath first = arena.store("/m/in/a.mp3");
-  EXPECT_EQ(arena.store("/m/in/b.mp3").folder().data(), first.folder().data());
-  EXPECT_NE(arena.store("/m/in/deep/c.mp3").folder().data(), first.folder().data());
-  EXPECT_EQ(first.folder(), "/m/in/");
+  EXPECT_EQ(arena.store("/m/in/b.mp3").folder.data(), first.folder.data());
+  EXPECT_NE(arena.store("/m/in/deep/c.mp3").folder.data(), first.folder.data());
+  EXPECT_EQ(first.folder, "/m/in/");
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ void expectSplit(std::string_view file, std::string_view artist, std::string_vie
   EXPECT_EQ(name.title, title) << file;
 }
 
-TEST(SongName, IsSplitAtItsHyphens) {
+TEST(SongName, SplitsAtHyphens) {
   expectSplit("Intro.mp3", "Miscellaneous", "Don't Know!", "Intro.mp3");
   expectSplit("Abba - Dancing Queen.mp3", "Abba", "Don't know!", " Dancing Queen.mp3");
   expectSplit("A - B - C.mp3", "A", " B ", " C.mp3");
@@ -23,20 +23,20 @@ TEST(SongName, IsSplitAtItsHyphens) {
   expectSplit("", "Miscellaneous", "Don't Know!", "");
 }
 
-TEST(SongName, IsShownUpToItsFirstDot) {
+TEST(SongName, DisplayNameEndsAtTheFirstDot) {
   EXPECT_EQ(displayName(" Dancing Queen.mp3"), " Dancing Queen");
   EXPECT_EQ(displayName("a.b.mp3"), "a");
   EXPECT_EQ(displayName(".mp3"), "");
   EXPECT_EQ(displayName(" C "), std::nullopt);
 }
 
-TEST(SongName, AnArtistIsTrimmedAndUpperCased) {
+TEST(SongName, ArtistKeyIsTrimmedAndUpperCase) {
   std::string key = "before";
   artistKey("  Mötley crüe ", key);
   EXPECT_EQ(key, "MöTLEY CRüE");
 }
 
-TEST(SongName, OnlyThreeSpellingsOfTheExtensionCount) {
+TEST(SongName, AcceptsThreeSpellingsOfTheExtension) {
   for (const char* name : {"a.mp3", "a.MP3", "a.Mp3", "a.xmp3", "mp3"}) EXPECT_TRUE(isSongFile(name)) << name;
   for (const char* name : {"a.mP3", "a.mp", "p3", "", "a.mp3 ", "a.mp4"}) EXPECT_FALSE(isSongFile(name)) << name;
 }

@@ -30,7 +30,7 @@ std::vector<std::string> rows(const ListBox& list) {
 
 using Texts = std::vector<std::string>;
 
-// Follows a list by what it is told alone.
+// Mirrors a list from its notifications alone.
 class Follower : public ListObserver {
  public:
   explicit Follower(ListBox& list) : list_(list) { list.addRowObserver(*this); }
@@ -60,7 +60,7 @@ class Follower : public ListObserver {
   ListBox& list_;
 };
 
-TEST(ListBox, ASortedListTakesRowsInWithoutRegardToCaseEqualsInTheOrderAdded) {
+TEST(ListBox, ASortedListIgnoresCaseAndIsStable) {
   Window window;
   window.fill(window.sorted, {"b", "a", "B", "C", "A", "é"});
   EXPECT_EQ(rows(window.sorted), (Texts{"a", "A", "b", "B", "C", "é"}));
@@ -69,7 +69,7 @@ TEST(ListBox, ASortedListTakesRowsInWithoutRegardToCaseEqualsInTheOrderAdded) {
   EXPECT_EQ(rows(window.sorted), (Texts{"a", "A", "aa", "b", "B", "B", "C", "é", "É"}));
 }
 
-TEST(ListBox, TheCurrentRowFollowsItsTextWhenRowsAboveItGo) {
+TEST(ListBox, TheCurrentRowFollowsItsTextWhenRowsAboveAreRemoved) {
   Window window;
   window.fill(window.songs, {"a", "b", "c", "d"});
   window.songs.setCurrent(2);
@@ -98,7 +98,7 @@ TEST(ListBox, ARemovedCurrentRowsTextStaysCurrentUntilTheHandlerEnds) {
   EXPECT_EQ(window.songs.current(), std::nullopt);
 }
 
-TEST(ListBox, RemovingManyRowsAtOnceIsTheSameAsOneByOne) {
+TEST(ListBox, RemoveAllEqualsRemovingOneByOne) {
   for (unsigned flags = 0; flags < 64; ++flags) {
     for (std::size_t current = 0; current < 6; ++current) {
       Window window;
@@ -139,7 +139,7 @@ TEST(ListBox, ATickMakesItsRowCurrentAndIsRaisedOnlyWhenItChanges) {
   EXPECT_EQ(raised, (std::vector<std::size_t>{1, 1}));
 }
 
-TEST(ListBox, TheUserTicksAndTheClickFollows) {
+TEST(ListBox, AUserTickRaisesTickThenClick) {
   Window window;
   window.fill(window.ticks, {"a", "b"});
   Texts events;
@@ -151,7 +151,7 @@ TEST(ListBox, TheUserTicksAndTheClickFollows) {
   EXPECT_EQ(window.ticks.selectedCount(), 0U);
 }
 
-TEST(ListBox, ClicksSelectAsPeopleExpect) {
+TEST(ListBox, ClicksSelectWithModifiers) {
   Window window;
   window.fill(window.songs, {"0", "1", "2", "3", "4"});
   const auto selected = [&] {
@@ -177,7 +177,7 @@ TEST(ListBox, ClicksSelectAsPeopleExpect) {
   EXPECT_EQ(selected(), (Rows{0, 1}));
 }
 
-TEST(ListBox, ObserversHearTheStateThenEveryChangeInRanges) {
+TEST(ListBox, ObserversGetTheStateThenRangesOfChanges) {
   Window window;
   window.fill(window.songs, {"a", "b"});
   Follower follower(window.songs);
@@ -200,7 +200,7 @@ TEST(ListBox, ObserversHearTheStateThenEveryChangeInRanges) {
   EXPECT_EQ(follower.seen, (Texts{"z"}));
 }
 
-TEST(ListBox, TheStoreDoesNotKeepWhatWasRemoved) {
+TEST(ListBox, RemovedTextsAreReleased) {
   Window window;
   for (int i = 0; i < 20000; ++i) window.songs.add("a song with a name of some length " + std::to_string(i));
   const std::size_t full = window.songs.memory();
@@ -209,7 +209,7 @@ TEST(ListBox, TheStoreDoesNotKeepWhatWasRemoved) {
   EXPECT_LT(window.songs.memory(), full);
 }
 
-TEST(ListBox, ManyTextsAddedAtOnceAreAddedInTheirOrder) {
+TEST(ListBox, AddAllKeepsTheOrder) {
   Window window;
   Texts texts;
   for (int i = 0; i < 50000; ++i)
@@ -222,7 +222,7 @@ TEST(ListBox, ManyTextsAddedAtOnceAreAddedInTheirOrder) {
   EXPECT_TRUE(rows(window.songs) == texts);
 }
 
-TEST(ListBox, AListFilledFromAnotherGoesItsOwnWay) {
+TEST(ListBox, AListFilledFromAnotherIsIndependent) {
   Window window;
   ListBox copy{window.form, "copy", ListBox::Style::multiSelection};
   window.fill(window.songs, {"a", "b", "c"});
@@ -243,11 +243,11 @@ TEST(ListBox, AListFilledFromAnotherGoesItsOwnWay) {
   EXPECT_EQ(rows(copy), (Texts{"a", "b", "c", "d", "b", "c", "e"}));
 }
 
-TEST(ListBox, WhatOneOfTwoListsAddsDoesNotTouchTheOther) {
+TEST(ListBox, AppendingToASharedStoreDoesNotAffectTheOtherList) {
   Window window;
   ListBox copy{window.form, "copy", ListBox::Style::multiSelection};
   window.songs.add("a");
-  // One by one, so that there is room for more.
+  // One by one, so that the store has spare capacity.
   for (int i = 0; i < 1000; ++i) window.songs.add("a song with a name of some length");
   copy.assign(window.songs);
   const std::string_view text = window.songs.text(0);
@@ -258,7 +258,7 @@ TEST(ListBox, WhatOneOfTwoListsAddsDoesNotTouchTheOther) {
   EXPECT_EQ(window.songs.memory(), held);
 }
 
-TEST(ListBox, AListCanBePutInAnotherOrder) {
+TEST(ListBox, AssignReordersRows) {
   Window window;
   window.fill(window.songs, {"a", "b", "c"});
   Follower follower(window.songs);
@@ -267,7 +267,7 @@ TEST(ListBox, AListCanBePutInAnotherOrder) {
   EXPECT_EQ(follower.seen, rows(window.songs));
 }
 
-TEST(ListBox, AListFilledFromPlacesOfAnotherHoldsNoMoreThanThese) {
+TEST(ListBox, AListAssignedAFewRowsReleasesTheOtherTexts) {
   Window window;
   ListBox copy{window.form, "copy", ListBox::Style::multiSelection};
   for (int i = 0; i < 20000; ++i) window.songs.add("a song with a name of some length " + std::to_string(i));
@@ -278,7 +278,7 @@ TEST(ListBox, AListFilledFromPlacesOfAnotherHoldsNoMoreThanThese) {
   EXPECT_LT(copy.memory(), 1000U);
 }
 
-TEST(ListBox, ASortedListFilledFromAnotherIsSorted) {
+TEST(ListBox, ASortedListSortsAssignedRows) {
   Window window;
   window.fill(window.songs, {"b", "C", "a"});
   window.sorted.add("z");
@@ -288,7 +288,7 @@ TEST(ListBox, ASortedListFilledFromAnotherIsSorted) {
   EXPECT_EQ(rows(window.sorted), (Texts{"a", "a", "b", "b", "C", "C"}));
 }
 
-TEST(ListBox, AFailureInAHandlerIsReportedAndTheListSettles) {
+TEST(ListBox, AFailingHandlerIsReportedAndTheCurrentRowIsResolved) {
   Window window;
   int failures = 0;
   window.dispatcher.failed = [&](const RuntimeError&) { ++failures; };
@@ -303,7 +303,7 @@ TEST(ListBox, AFailureInAHandlerIsReportedAndTheListSettles) {
   EXPECT_EQ(window.songs.currentText(), "b");
 }
 
-TEST(ListBox, SelectingInACheckBoxListTicksExactlyTheseRowsAndClicksOnce) {
+TEST(ListBox, UserSelectInACheckBoxListTicksExactlyTheseRows) {
   Window window;
   window.fill(window.ticks, {"a", "b", "c", "d"});
   window.ticks.setSelected(0, true);

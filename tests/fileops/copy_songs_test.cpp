@@ -45,7 +45,7 @@ TEST_F(CopySongs, NeverOverwrites) {
   EXPECT_EQ(present, (std::vector<std::string>{"x.mp3"}));
 }
 
-TEST_F(CopySongs, FailsWhenTheFirstSongIsGone) {
+TEST_F(CopySongs, FailsIfTheFirstSongIsMissing) {
   files.addDrive('D', DriveType::fixed);
   addRecord(R"(C:\gone.mp3)");
   addSong(R"(C:\x.mp3)");
@@ -54,7 +54,7 @@ TEST_F(CopySongs, FailsWhenTheFirstSongIsGone) {
   EXPECT_EQ(progress.ends, 1);
 }
 
-TEST_F(CopySongs, SkipsASongThatIsGoneLater) {
+TEST_F(CopySongs, SkipsALaterSongThatIsMissing) {
   files.addDrive('D', DriveType::fixed);
   addSong(R"(C:\x.mp3)");
   addRecord(R"(C:\gone.mp3)");
@@ -80,20 +80,20 @@ TEST_F(CopySongs, NeedsTheCatalogueEvenForNoNames) {
   EXPECT_EQ(failureOf([&] { copy({}, "D:\\", false); }), ErrorNumber::fileNotFound);
 }
 
-TEST_F(CopySongs, MeetsABrokenEndBeforeAnythingWasCopied) {
+TEST_F(CopySongs, ReportsATruncatedRecordBeforeAnythingIsCopied) {
   files.addDrive('D', DriveType::fixed);
   addSong(R"(C:\x.mp3)");
-  breakCatalogue();
+  appendTruncatedRecord();
   EXPECT_EQ(failureOf([&] { copy({"x"}, "D:\\", false); }), ErrorNumber::inputPastEnd);
   EXPECT_FALSE(files.fileExists(R"(D:\x.mp3)"));
   EXPECT_EQ(failureOf([&] { copy({}, "D:\\", false); }), ErrorNumber::inputPastEnd);
 }
 
-TEST_F(CopySongs, IgnoresABrokenEndOnceTheFirstRowIsCopied) {
+TEST_F(CopySongs, IgnoresATruncatedRecordOnceTheFirstRowIsCopied) {
   files.addDrive('D', DriveType::fixed);
   addSong(R"(C:\x.mp3)");
   addSong(R"(C:\y.mp3)");
-  breakCatalogue();
+  appendTruncatedRecord();
   copy({"x", "y"});
   EXPECT_TRUE(files.fileExists(R"(D:\x.mp3)"));
   EXPECT_TRUE(files.fileExists(R"(D:\y.mp3)"));

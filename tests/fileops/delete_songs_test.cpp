@@ -22,7 +22,7 @@ TEST_F(DeleteSongs, DeletesEveryFileOfAName) {
   EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
 }
 
-TEST_F(DeleteSongs, TellsHowFarItIs) {
+TEST_F(DeleteSongs, ReportsItsProgress) {
   addSong(R"(C:\a\x.mp3)");
   addSong(R"(C:\b\x.mp3)");
   addSong(R"(C:\y.mp3)");
@@ -31,13 +31,13 @@ TEST_F(DeleteSongs, TellsHowFarItIs) {
   EXPECT_EQ(progress.ends, 1);
 }
 
-TEST_F(DeleteSongs, PassesOverNamesWithoutARecord) {
+TEST_F(DeleteSongs, SkipsNamesWithoutARecord) {
   addSong(R"(C:\x.mp3)");
   deleteSongs(files, progress, catalogueFile, Names{"gone", "X", "x"});
   EXPECT_FALSE(files.fileExists(R"(C:\x.mp3)"));
 }
 
-TEST_F(DeleteSongs, StopsAtAFileThatIsGone) {
+TEST_F(DeleteSongs, StopsAtAMissingFile) {
   addSong(R"(C:\x.mp3)");
   addRecord(R"(C:\gone.mp3)");
   addSong(R"(C:\y.mp3)");
@@ -47,14 +47,14 @@ TEST_F(DeleteSongs, StopsAtAFileThatIsGone) {
   EXPECT_EQ(progress.ends, 1);
 }
 
-TEST_F(DeleteSongs, LeavesAReadOnlyFile) {
+TEST_F(DeleteSongs, DoesNotDeleteAReadOnlyFile) {
   addSong(R"(C:\x.mp3)");
   files.addFile(R"(C:\x.mp3)", 3, {.readOnly = true});
   EXPECT_EQ(failureOfDeleting({"x"}), ErrorNumber::permissionDenied);
   EXPECT_TRUE(files.fileExists(R"(C:\x.mp3)"));
 }
 
-TEST_F(DeleteSongs, ANameListedTwiceMeetsItsOwnDeletedFile) {
+TEST_F(DeleteSongs, FailsAtTheSecondRowOfADeletedSong) {
   addSong(R"(C:\x.mp3)");
   addSong(R"(C:\y.mp3)");
   EXPECT_EQ(failureOfDeleting({"x", "x", "y"}), ErrorNumber::fileNotFound);
@@ -66,10 +66,10 @@ TEST_F(DeleteSongs, NeedsTheCatalogueOnlyForNames) {
   EXPECT_EQ(failureOfDeleting({}), std::nullopt);
 }
 
-TEST_F(DeleteSongs, DeletesTheFirstNamesFilesBeforeABrokenEnd) {
+TEST_F(DeleteSongs, DeletesTheFilesOfTheFirstNameBeforeATruncatedRecord) {
   addSong(R"(C:\x.mp3)");
   addSong(R"(C:\y.mp3)");
-  breakCatalogue();
+  appendTruncatedRecord();
   EXPECT_EQ(failureOfDeleting({"x", "y"}), ErrorNumber::inputPastEnd);
   EXPECT_FALSE(files.fileExists(R"(C:\x.mp3)"));
   EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));

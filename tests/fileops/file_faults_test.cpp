@@ -1,11 +1,11 @@
-// Each single failure of the machine while files are deleted, renamed and copied: nothing else changes, no song is
-// lost, and the user hears of it.
+// Injects a failure into each file-system step of deleting, renaming and copying: nothing else changes, no song is
+// lost, and the failure is reported.
 #include <gtest/gtest.h>
 
 #include <map>
 #include <set>
 
-#include "app/test_program.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {
@@ -16,7 +16,7 @@ const std::string other = R"(C:\Music\C - Other.mp3)";
 
 class FileFaults : public testing::TestWithParam<ErrorNumber> {
  protected:
-  // Runs the command in fresh worlds, with its first step failing, its second, and so on until none is left to fail.
+  // Runs the command on new programs: with its first step failing, its second, and so on until no step is left.
   template <class Command, class Check>
   void failEachStepOf(Command command, Check check) {
     std::size_t step = 1;
@@ -30,7 +30,7 @@ class FileFaults : public testing::TestWithParam<ErrorNumber> {
       test.form().List1.userSelect(chosen);
       const std::string settings = *test.files.fileContent(R"(C:\Plimo\plimo.ini)");
       const std::string catalogue = *test.files.fileContent(R"(C:\Plimo\plimo.kvx)");
-      ASSERT_FALSE(test.dialogs.toldAnything());
+      ASSERT_FALSE(test.dialogs.hasMessageOrReport());
 
       test.files.failAt(step, GetParam());
       command(test);
@@ -46,8 +46,8 @@ class FileFaults : public testing::TestWithParam<ErrorNumber> {
     EXPECT_GT(step, 2U) << "the command takes several steps";
   }
 
-  // Gone, or whole.
-  static void expectWhole(TestProgram& test, const std::string& path, const std::string& content) {
+  // The file is missing, or complete.
+  static void expectMissingOrComplete(TestProgram& test, const std::string& path, const std::string& content) {
     if (test.files.fileExists(path)) {
       EXPECT_EQ(test.files.fileContent(path), content);
     }
@@ -61,18 +61,18 @@ INSTANTIATE_TEST_SUITE_P(Each, FileFaults,
                            return "WithError" + std::to_string(static_cast<int>(failure.param));
                          });
 
-TEST_P(FileFaults, ADeletionStopsAndSaysSo) {
+TEST_P(FileFaults, AFailedDeletionStopsAndIsReported) {
   failEachStepOf(
       [](TestProgram& test) {
-        test.dialogs.yesses = 1;
+        test.dialogs.yesAnswers = 1;
         test.form().ds.userClick();
       },
       [](TestProgram& test, bool failed) {
-        expectWhole(test, first, first);
-        expectWhole(test, second, second);
+        expectMissingOrComplete(test, first, first);
+        expectMissingOrComplete(test, second, second);
         EXPECT_EQ(test.files.fileExists(first) || test.files.fileExists(second), failed);
         EXPECT_EQ(test.dialogs.messages.size(), failed ? 1U : 0U);
-        EXPECT_EQ(test.dialogs.questions.size(), 2U) << "the scan is offered all the same";
+        EXPECT_EQ(test.dialogs.questions.size(), 2U) << "the scan is offered even so";
       });
 }
 
@@ -85,15 +85,15 @@ TEST_P(FileFaults, ARenamedSongIsNeverLost) {
       },
       [&](TestProgram& test, bool failed) {
         EXPECT_TRUE(test.files.fileExists(first) || test.files.fileExists(renamed));
-        expectWhole(test, first, first);
-        expectWhole(test, renamed, first);
+        expectMissingOrComplete(test, first, first);
+        expectMissingOrComplete(test, renamed, first);
         EXPECT_EQ(test.files.fileContent(second), second);
         EXPECT_EQ(test.dialogs.reports.size(), failed ? 1U : 0U);
         EXPECT_EQ(test.form().List1.count(), failed ? 3U : 2U);
       });
 }
 
-TEST_P(FileFaults, ASongRenamedOntoAnotherLosesNeitherBeforeItIsWhole) {
+TEST_P(FileFaults, RenamingOntoAnotherSongKeepsBothUntilTheNewFileIsComplete) {
   failEachStepOf(
       [](TestProgram& test) {
         test.dialogs.inputText = "B - Second";
@@ -103,12 +103,12 @@ TEST_P(FileFaults, ASongRenamedOntoAnotherLosesNeitherBeforeItIsWhole) {
         const std::string target = *test.files.fileContent(second);
         EXPECT_TRUE(target == second || target == first);
         EXPECT_TRUE(target == first || test.files.fileContent(first) == first);
-        expectWhole(test, first, first);
+        expectMissingOrComplete(test, first, first);
         EXPECT_EQ(test.dialogs.reports.size(), failed ? 1U : 0U);
       });
 }
 
-TEST_P(FileFaults, ACopyTouchesNoSource) {
+TEST_P(FileFaults, ACopyNeverChangesItsSource) {
   failEachStepOf(
       [](TestProgram& test) {
         test.form().cop.userClick();
@@ -118,12 +118,12 @@ TEST_P(FileFaults, ACopyTouchesNoSource) {
       [](TestProgram& test, bool) {
         EXPECT_EQ(test.files.fileContent(first), first);
         EXPECT_EQ(test.files.fileContent(second), second);
-        expectWhole(test, R"(C:\Out\A - First.mp3)", first);
-        expectWhole(test, R"(C:\Out\B - Second.mp3)", second);
+        expectMissingOrComplete(test, R"(C:\Out\A - First.mp3)", first);
+        expectMissingOrComplete(test, R"(C:\Out\B - Second.mp3)", second);
       });
 }
 
-TEST_P(FileFaults, ACopyWithoutACatalogueSaysSo) {
+TEST_P(FileFaults, ACopyWithoutACatalogueIsReported) {
   TestProgram test;
   test.addSong(first);
   test.program.start();

@@ -1,4 +1,4 @@
-// A little music library on the computer in memory, with its catalogue.
+// A small music library on the in-memory platform, with its catalogue.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,8 +12,8 @@
 #include "base/errors.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/song_name.h"
-#include "fileops/quiet_progress.h"
 #include "platform/memory/fake_file_system.h"
+#include "support/quiet_progress.h"
 
 namespace plimo {
 
@@ -23,7 +23,7 @@ using Names = std::vector<std::string_view>;
 
 class Library : public testing::Test {
  protected:
-  // A file holding its own path, and its record.
+  // Adds a file whose content is its path, and its catalogue record.
   void addSong(const std::string& path) {
     files.addTextFile(path, path);
     addRecord(path);
@@ -33,9 +33,9 @@ class Library : public testing::Test {
     appendRecord(catalogue_, {path, name.artist, name.second, name.title});
     files.addTextFile(catalogueFile, catalogue_);
   }
-  void breakCatalogue() { files.addTextFile(catalogueFile, catalogue_ + "\"C:\\broken.mp3\"\r\n"); }
+  void appendTruncatedRecord() { files.addTextFile(catalogueFile, catalogue_ + "\"C:\\broken.mp3\"\r\n"); }
 
-  // What the action fails with; nothing where it does not.
+  // The error number of the action; nullopt if it succeeds.
   static std::optional<ErrorNumber> failureOf(const std::function<void()>& action) {
     try {
       action();

@@ -1,4 +1,4 @@
-// Deleting, renaming and copying by the whole program, without a window, in a folder of the real disk.
+// Deleting, renaming and copying with the whole program, without a window, in a folder of the real file system.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -11,10 +11,10 @@
 #include <fstream>
 #include <iterator>
 
-#include "app/test_program.h"
 #include "platform/file_system_backends.h"
 #include "platform/linux/linux_files.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {
@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 using Files = std::vector<std::string>;
 
-// The program, started in the folder `home` on the disk; its songs may be anywhere.
+// The program, started in the folder `home`; its songs may be anywhere.
 class RealProgram {
  public:
   RealProgram(FileSystemObject& files, const std::string& home)
@@ -32,7 +32,7 @@ class RealProgram {
               "\"4194304\"\r\n");
   }
 
-  // Puts the songs into the catalogue and into the scratch playlist, where all are selected and the first is current.
+  // Adds the songs to the catalogue and to the scratch playlist, where all are selected and the first is current.
   void startWith(const Files& songs) {
     std::string catalogue;
     Files rows;
@@ -65,7 +65,7 @@ class RealProgram {
     form().Command6.userClick();
   }
   void deleteSelected() {
-    dialogs.yesses = 1;  // sure, and no scan
+    dialogs.yesAnswers = 1;  // sure, and no scan
     form().ds.userClick();
   }
 
@@ -92,7 +92,7 @@ class RealFolder : public testing::Test {
   std::string music() const { return folder_ / "music"; }
   std::string out() const { return folder_ / "out"; }
 
-  // A song that holds its own name.
+  // Makes a song file whose content is its name.
   std::string song(const std::string& name) {
     std::string path = music() + "/" + name;
     writeFile(path, name);
@@ -121,17 +121,17 @@ class RealFolder : public testing::Test {
 };
 
 struct OddName {
-  const char* is;
+  const char* label;
   std::string name;
 };
 
 const OddName oddNames[] = {
-    {"NoText", "caf\xE9 \xFF - danse \xFE.mp3"},
+    {"InvalidUtf8", "caf\xE9 \xFF - danse \xFE.mp3"},
     {"Quotes", R"(The "Quiet" Ones - Say "Hello".mp3)"},
     {"Commas", "Marlow, Reed & Sons - Rain, Rain,.mp3"},
     {"LongestName", "A - " + std::string(247, 'x') + ".mp3"},
     {"LineBreak", "A - two\r\nlines.mp3"},
-    {"OtherMachinesSeparators", "A - b\\c:d*?|<>.mp3"},
+    {"SeparatorsOfOtherSystems", "A - b\\c:d*?|<>.mp3"},
     {"Blanks", "  A -   b  .mp3"},
     {"LeadingDash", "-rf *.mp3"},
     {"Hidden", ".A - b.mp3"},
@@ -148,19 +148,19 @@ class OddlyNamed : public RealFolder, public testing::WithParamInterface<OddName
 };
 
 INSTANTIATE_TEST_SUITE_P(Song, OddlyNamed, testing::ValuesIn(oddNames),
-                         [](const auto& odd) { return std::string(odd.param.is); });
+                         [](const auto& odd) { return std::string(odd.param.label); });
 
 TEST_P(OddlyNamed, IsDeleted) {
   const std::size_t first[] = {0};
   program_.form().List1.userSelect(first);
   program_.deleteSelected();
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(music()), Files{"B - other.mp3"});
 }
 
 TEST_P(OddlyNamed, IsRenamed) {
   program_.rename("New");
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(music()), (Files{"B - other.mp3", "New.mp3"}));
   EXPECT_EQ(content(music() + "/New.mp3"), GetParam().name);
 }
@@ -169,14 +169,14 @@ TEST_P(OddlyNamed, IsTheNameOfARenamedSong) {
   program_.form().List1.setCurrent(1);
   fs::remove(path_);
   program_.rename(GetParam().name.substr(0, GetParam().name.size() - 4));
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(music()), Files{GetParam().name});
   EXPECT_EQ(content(path_), "B - other.mp3");
 }
 
 TEST_P(OddlyNamed, IsCopied) {
   program_.copyTo(out());
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(out()), namesIn(music()));
   EXPECT_EQ(content(out() + "/" + GetParam().name), GetParam().name);
 }
@@ -198,7 +198,7 @@ TEST_F(RealFolder, ARenamedAndACopiedSongKeepTheirTimeAndPermissions) {
   }
 }
 
-TEST_F(RealFolder, ASongKeepsItsNameWhenItIsRenamedToItself) {
+TEST_F(RealFolder, RenamingASongToItsOwnNameIsRefused) {
   program_.startWith({song("A - b.mp3")});
   program_.rename("A - b");
   expectReport(program_, "Run-time error '70'");
@@ -209,11 +209,11 @@ TEST_F(RealFolder, ASongKeepsItsNameWhenItIsRenamedToItself) {
 TEST_F(RealFolder, AnotherCaseIsAnotherName) {
   program_.startWith({song("A - b.MP3")});
   program_.rename("a - B");
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(music()), Files{"a - B.mp3"});
 }
 
-TEST_F(RealFolder, ASongIsNotRenamedOntoAnotherNameOfItself) {
+TEST_F(RealFolder, ASongIsNotRenamedOntoALinkToItself) {
   const std::string path = song("A - b.mp3");
   fs::create_hard_link(path, music() + "/twin.mp3");
   fs::create_symlink("A - b.mp3", music() + "/link.mp3");
@@ -226,7 +226,7 @@ TEST_F(RealFolder, ASongIsNotRenamedOntoAnotherNameOfItself) {
   }
 }
 
-TEST_F(RealFolder, ANameThatTheDiskCannotHoldIsReported) {
+TEST_F(RealFolder, ANameThatTheFileSystemRefusesIsReported) {
   program_.startWith({song("A - b.mp3")});
   for (const std::string& name : {std::string("sub/b"), std::string("/b"), std::string("b/"), std::string(252, 'x')}) {
     program_.rename(name);
@@ -236,7 +236,7 @@ TEST_F(RealFolder, ANameThatTheDiskCannotHoldIsReported) {
     EXPECT_EQ(program_.form().List1.count(), 1U);
   }
   program_.rename(std::string(251, 'x'));
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(music()), Files{std::string(251, 'x') + ".mp3"});
 }
 
@@ -266,12 +266,12 @@ TEST_F(RealFolder, AReadOnlySongIsNotDeletedAndStaysBesideItsRenamedCopy) {
   EXPECT_EQ(content(music() + "/New.mp3"), "A - b.mp3");
 }
 
-TEST_F(RealFolder, ASongThatIsGoneIsReportedOrPassedOver) {
+TEST_F(RealFolder, AMissingSongIsReportedOrSkipped) {
   const Files songs{song("A - b.mp3"), song("A - c.mp3"), song("A - d.mp3")};
   program_.startWith(songs);
   fs::remove(songs[1]);
   program_.copyTo(out());
-  EXPECT_FALSE(program_.dialogs.toldAnything());
+  EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
   EXPECT_EQ(namesIn(out()), (Files{"A - b.mp3", "A - d.mp3"}));
   program_.deleteSelected();
   EXPECT_EQ(program_.dialogs.messages.size(), 1U);
@@ -281,7 +281,7 @@ TEST_F(RealFolder, ASongThatIsGoneIsReportedOrPassedOver) {
   EXPECT_EQ(namesIn(music()), Files{"A - d.mp3"});
 }
 
-// While it lives, no file may grow beyond so many bytes: to the program, a full disk.
+// Limits the size of files during its lifetime; the program sees a full disk.
 class FileSizeLimit {
  public:
   explicit FileSizeLimit(rlim_t bytes) : before_(std::signal(SIGXFSZ, SIG_IGN)) {
@@ -301,7 +301,7 @@ class FileSizeLimit {
   void (*before_)(int);
 };
 
-TEST_F(RealFolder, WhatFindsNoRoomIsNotThereAtAllAndTheSongStays) {
+TEST_F(RealFolder, ACopyWithoutRoomIsRemovedAndTheSongIsKept) {
   const std::string large(100000, 'x');
   const std::string path = song("A - large.mp3");
   writeFile(path, large);
@@ -309,7 +309,7 @@ TEST_F(RealFolder, WhatFindsNoRoomIsNotThereAtAllAndTheSongStays) {
   {
     const FileSizeLimit limit(50000);
     program_.copyTo(out());
-    EXPECT_FALSE(program_.dialogs.toldAnything()) << "the other songs are copied all the same";
+    EXPECT_FALSE(program_.dialogs.hasMessageOrReport()) << "the other songs are copied";
     program_.rename("New");
   }
   EXPECT_EQ(namesIn(out()), Files{"A - small.mp3"});
@@ -333,7 +333,7 @@ TEST(RealFullDisk, ASongIsNeitherRenamedNorLost) {
         if (program.dialogs.reports.empty()) return "nothing is reported";
         if (!program.dialogs.reports[0].starts_with("Run-time error '61'")) return program.dialogs.reports[0];
         if (files.contents(folder).files != Files{"A - b.mp3", "old"}) return "there are other files";
-        return files.fileSize(folder + "/A - b.mp3") == size ? "" : "the song is another";
+        return files.fileSize(folder + "/A - b.mp3") == size ? "" : "the song has changed";
       },
       failure);
   if (!shown) GTEST_SKIP() << "no small disk can be made here";

@@ -25,7 +25,7 @@ TEST_F(RenamedPath, StaysInTheFolderAndEndsInMp3) {
   EXPECT_EQ(renamedPath(files, song, "A - New"), R"(C:\Music\A - New.mp3)");
 }
 
-TEST_F(RenamedPath, InARootHasOneSeparator) {
+TEST_F(RenamedPath, HasOneSeparatorInARootFolder) {
   addSong(R"(C:\x.mp3)");
   EXPECT_EQ(renamedPath(files, R"(C:\x.mp3)", "y"), R"(C:\y.mp3)");
 }
@@ -35,15 +35,15 @@ TEST_F(RenamedPath, RefusesSeparators) {
   for (const char* name : {R"(a\b)", "a/b", "a:b"}) EXPECT_EQ(failureOfNaming(name), ErrorNumber::badFileName) << name;
 }
 
-TEST_F(RenamedPath, RefusesAFileThatIsGone) { EXPECT_EQ(failureOfNaming("y"), ErrorNumber::fileNotFound); }
+TEST_F(RenamedPath, RefusesAMissingFile) { EXPECT_EQ(failureOfNaming("y"), ErrorNumber::fileNotFound); }
 
-TEST_F(RenamedPath, RefusesTheFileItselfInWhateverCase) {
+TEST_F(RenamedPath, RefusesTheFileItselfInAnyCase) {
   addSong(song);
   EXPECT_EQ(failureOfNaming("x.wav"), ErrorNumber::permissionDenied);
   EXPECT_EQ(failureOfNaming("X.WAV"), ErrorNumber::permissionDenied);
 }
 
-TEST_F(RenamedPath, MayBeAnotherFilesPath) {
+TEST_F(RenamedPath, MayBeThePathOfAnotherFile) {
   addSong(song);
   addSong(R"(C:\Music\y.mp3)");
   EXPECT_EQ(renamedPath(files, song, "y"), R"(C:\Music\y.mp3)");

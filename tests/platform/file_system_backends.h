@@ -11,7 +11,7 @@
 #include "platform/file_system_object.h"
 #include "platform/linux/linux_files.h"
 #include "platform/memory/fake_file_system.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace plimo {
 

@@ -1,7 +1,7 @@
-// What the player on the window is told before it plays.
+// The properties that the program sets on the player before it plays.
 #include <gtest/gtest.h>
 
-#include "app/test_program.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {
@@ -22,7 +22,7 @@ class Playing : public testing::Test {
   Form1& form = test.form();
 };
 
-TEST_F(Playing, ARunMakesThePlayerStartAndUsable) {
+TEST_F(Playing, PlayingTheListSetsAutoStartAndEnablesThePlayer) {
   start();
   form.Picture7.userClick();
   EXPECT_TRUE(test.player.autoStart());
@@ -41,7 +41,7 @@ TEST_F(Playing, OneSongAloneShowsTheControlsToo) {
   EXPECT_EQ(test.player.state(), FakePlayer::State::playing);
 }
 
-TEST_F(Playing, TheDefaultPlaylistMakesThePlayerStartAndUsable) {
+TEST_F(Playing, TheDefaultPlaylistSetsAutoStartAndEnablesThePlayer) {
   test.files.addTextFile(R"(C:\Plimo\default.m3u)", "");
   start();
   form.playdefaultlist();
@@ -50,7 +50,7 @@ TEST_F(Playing, TheDefaultPlaylistMakesThePlayerStartAndUsable) {
   EXPECT_EQ(test.player.state(), FakePlayer::State::playing);
 }
 
-TEST_F(Playing, TheCompactViewMakesThePlayerStart) {
+TEST_F(Playing, TheCompactViewSetsAutoStart) {
   start();
   form.Compact.userClick();
   EXPECT_TRUE(test.player.autoStart());

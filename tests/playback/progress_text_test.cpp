@@ -32,7 +32,7 @@ TEST(MinutesAndSeconds, DoNotCarryASixtiethSecond) {
   EXPECT_EQ(minutesAndSeconds(59.4), "0 : 59");
 }
 
-TEST(MinutesAndSeconds, LeaveANegativeTimeToTheSeconds) {
+TEST(MinutesAndSeconds, ShowANegativeTimeInTheSeconds) {
   EXPECT_EQ(minutesAndSeconds(-1), "0 :-1");
   EXPECT_EQ(minutesAndSeconds(-75.2), "0 :-75");
   EXPECT_EQ(minutesAndSeconds(-1.5), "0 :-2");
@@ -45,7 +45,7 @@ TEST(MinutesAndSeconds, NeverShowMinusZero) {
   EXPECT_EQ(minutesAndSeconds(-0.6), "0 :-1");
 }
 
-TEST(MinutesAndSeconds, AgreeWithTakingSixtySecondsAtATime) {
+TEST(MinutesAndSeconds, EqualRepeatedSubtractionOfSixtySeconds) {
   for (const double seconds : {59.999999, 60.000001, 119.999999, 205.4, 3599.4999, 86400.75, 1966019.5, 1966079.25}) {
     double rest = seconds;
     int minutes = 0;
@@ -67,20 +67,20 @@ TEST(MinutesAndSeconds, GoUpTo32767Minutes) {
 void expectOverflow(double seconds) {
   try {
     minutesAndSeconds(seconds);
-    ADD_FAILURE() << seconds << " passed";
+    ADD_FAILURE() << seconds << " was accepted";
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.number(), ErrorNumber::overflow);
   }
 }
 
-TEST(MinutesAndSeconds, OverflowBeyond) {
+TEST(MinutesAndSeconds, OverflowAbove32767Minutes) {
   expectOverflow(32768.0 * 60);
   expectOverflow(1e300);
   expectOverflow(std::numeric_limits<double>::infinity());
   expectOverflow(std::numeric_limits<double>::quiet_NaN());
 }
 
-TEST(MinutesAndSeconds, TakeAnyNegativeNumber) { EXPECT_EQ(minutesAndSeconds(-1e300).substr(0, 4), "0 :-"); }
+TEST(MinutesAndSeconds, AcceptAnyNegativeNumber) { EXPECT_EQ(minutesAndSeconds(-1e300).substr(0, 4), "0 :-"); }
 
 TEST(ProgressCaptions, JoinTheirPieces) {
   EXPECT_EQ(lengthCaption("3 : 25"), "Plimo! by the Plimo! team.  Total length of current song 3 : 25");

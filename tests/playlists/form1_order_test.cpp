@@ -1,5 +1,5 @@
-// Shuffle, sort, drop and removal one after the other, held against a list of names on paper: every step done row by
-// row, as a person would.
+// Sequences of shuffle, sort, drop and removal, compared with a reference implementation that works row by row on plain
+// lists of strings.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,20 +9,21 @@
 #include <string_view>
 #include <vector>
 
-#include "app/test_program.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-struct Paper {
+// What both final lists and the picked-up song must be after the same commands.
+struct ReferenceLists {
   Texts large;
   Texts compact;
-  bool largeShows = true;
+  bool largeVisible = true;
   std::string pickedUp;
 
-  Texts& shown() { return largeShows ? large : compact; }
+  Texts& visibleList() { return largeVisible ? large : compact; }
 
   void shuffle() {
     if (large.size() < compact.size()) large = compact;
@@ -30,30 +31,30 @@ struct Paper {
     for (std::size_t i = 0; i < large.size(); i += 2) compact.push_back(large[i]);
     for (std::size_t i = 1; i < large.size(); i += 2) compact.push_back(large[i]);
     large = compact;
-    largeShows = false;
+    largeVisible = false;
   }
 
   void sort() {
     if (large.size() > compact.size()) compact = large;
     large.clear();
     for (const std::string& song : compact) {
-      const auto small = [](std::string text) {
+      const auto lower = [](std::string text) {
         std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
         return text;
       };
-      auto place = large.begin();
-      while (place != large.end() && small(*place) <= small(song)) ++place;
-      large.insert(place, song);
+      auto position = large.begin();
+      while (position != large.end() && lower(*position) <= lower(song)) ++position;
+      large.insert(position, song);
     }
-    largeShows = true;
+    largeVisible = true;
   }
 
-  void pickUp(std::size_t row) { pickedUp = shown()[row]; }
+  void pickUp(std::size_t row) { pickedUp = visibleList()[row]; }
 
   void drop(std::size_t row) {
-    const std::string target = shown()[row];
-    if (largeShows) compact = large;
-    largeShows = false;
+    const std::string target = visibleList()[row];
+    if (largeVisible) compact = large;
+    largeVisible = false;
     if (pickedUp.empty()) return;
     Texts result;
     for (const std::string& song : compact) {
@@ -65,22 +66,23 @@ struct Paper {
   }
 
   void remove(std::size_t row) {
-    const std::string text = shown()[row];
-    const std::size_t bound = shown().size();
+    const std::string text = visibleList()[row];
+    const std::size_t bound = visibleList().size();
     for (std::size_t k = 0; k < bound; ++k) {
-      if (k < shown().size() && shown()[k] == text) shown().erase(shown().begin() + static_cast<std::ptrdiff_t>(k));
+      Texts& list = visibleList();
+      if (k < list.size() && list[k] == text) list.erase(list.begin() + static_cast<std::ptrdiff_t>(k));
     }
   }
 };
 
 class Order : public testing::Test {
  protected:
-  // Both start with these songs in the large list, nothing picked up.
-  void begin(const Texts& songs) {
-    paper_ = {};
-    paper_.large = songs;
+  // Both begin with these songs in the large list and no song picked up.
+  void reset(const Texts& songs) {
+    reference_ = {};
+    reference_.large = songs;
     Form1& form = program_.form();
-    dropWhatIsPickedUp();
+    dropPickedUpSong();
     form.List4.clear();
     form.List6.clear();
     for (const std::string& song : songs) form.List4.add(song);
@@ -88,7 +90,7 @@ class Order : public testing::Test {
     form.List6.setVisible(false);
   }
 
-  void dropWhatIsPickedUp() {
+  void dropPickedUpSong() {
     Form1& form = program_.form();
     if (form.pickedUp().empty()) return;
     form.List6.clear();
@@ -98,25 +100,25 @@ class Order : public testing::Test {
     ASSERT_TRUE(form.pickedUp().empty());
   }
 
-  // A command by its letter: Shuffle, sOrt, and the keys q, w and x on a row.
-  void give(char command, std::size_t row) {
+  // Applies a command to both: S shuffles, O sorts, and q, w and x are the keys, pressed on the row.
+  void apply(char command, std::size_t row) {
     if (command == 'S') {
-      paper_.shuffle();
+      reference_.shuffle();
       program_.form().Shuffle.userClick();
       return;
     }
     if (command == 'O') {
-      paper_.sort();
+      reference_.sort();
       program_.form().sort.userClick();
       return;
     }
-    if (row >= paper_.shown().size()) return;
+    if (row >= reference_.visibleList().size()) return;
     ListBox& list = program_.form().finalList();
     list.userMoveCurrent(row);
     list.userKey(command);
-    if (command == 'q') paper_.pickUp(row);
-    if (command == 'w') paper_.drop(row);
-    if (command == 'x') paper_.remove(row);
+    if (command == 'q') reference_.pickUp(row);
+    if (command == 'w') reference_.drop(row);
+    if (command == 'x') reference_.remove(row);
   }
 
   static Texts rows(const ListBox& list) {
@@ -125,19 +127,19 @@ class Order : public testing::Test {
     return texts;
   }
 
-  void expectTheSame(const std::string& steps) {
+  void expectEqual(const std::string& steps) {
     Form1& form = program_.form();
-    ASSERT_EQ(rows(form.List4), paper_.large) << steps;
-    ASSERT_EQ(rows(form.List6), paper_.compact) << steps;
-    ASSERT_EQ(form.List4.visible(), paper_.largeShows) << steps;
-    ASSERT_EQ(form.List6.visible(), !paper_.largeShows) << steps;
+    ASSERT_EQ(rows(form.List4), reference_.large) << steps;
+    ASSERT_EQ(rows(form.List6), reference_.compact) << steps;
+    ASSERT_EQ(form.List4.visible(), reference_.largeVisible) << steps;
+    ASSERT_EQ(form.List6.visible(), !reference_.largeVisible) << steps;
   }
 
   TestProgram program_;
-  Paper paper_;
+  ReferenceLists reference_;
 };
 
-TEST_F(Order, FourCommandsInAnyOrderDoWhatTheyDoOnPaper) {
+TEST_F(Order, AnyFourCommandsGiveTheReferenceLists) {
   struct Step {
     char command;
     std::size_t row;
@@ -145,37 +147,37 @@ TEST_F(Order, FourCommandsInAnyOrderDoWhatTheyDoOnPaper) {
   const std::vector<Step> steps = {{'S', 0}, {'O', 0}, {'q', 0}, {'q', 2}, {'w', 1}, {'w', 3}, {'x', 1}};
   for (const Texts& songs : {Texts{"A", "B", "C", "D"}, Texts{"b", "A", "B", "b"}, Texts{"c", "c", "A"}, Texts{}}) {
     for (std::size_t sequence = 0; sequence < 7 * 7 * 7 * 7; ++sequence) {
-      begin(songs);
-      std::string told;
+      reset(songs);
+      std::string done;
       std::size_t rest = sequence;
       for (int i = 0; i < 4; ++i, rest /= 7) {
         const Step step = steps[rest % 7];
-        give(step.command, step.row);
-        told += step.command + std::to_string(step.row) + " ";
-        expectTheSame(told);
+        apply(step.command, step.row);
+        done += step.command + std::to_string(step.row) + " ";
+        expectEqual(done);
         if (HasFatalFailure()) return;
       }
     }
   }
 }
 
-TEST_F(Order, EveryOrderOfFiveSongsIsSortedAndDealtAsOnPaper) {
+TEST_F(Order, ShuffleAndSortGiveTheReferenceListsForEveryOrderOfFiveSongs) {
   Texts songs = {"A", "a", "B", "c", "D"};
   std::sort(songs.begin(), songs.end());
   do {
     for (const std::string_view commands : {"SS", "SO", "OS", "OO"}) {
-      begin(songs);
-      for (const char command : commands) give(command, 0);
-      expectTheSame(std::string(commands));
+      reset(songs);
+      for (const char command : commands) apply(command, 0);
+      expectEqual(std::string(commands));
       if (HasFatalFailure()) return;
     }
   } while (std::next_permutation(songs.begin(), songs.end()));
 }
 
-TEST_F(Order, ASongThatWasRemovedCanStillBeDropped) {
-  begin({"A", "B", "C", "B"});
-  for (const auto& [command, row] : {std::pair{'q', 1U}, {'x', 1U}, {'w', 0U}}) give(command, row);
-  expectTheSame("q x w");
+TEST_F(Order, ARemovedSongCanStillBeDropped) {
+  reset({"A", "B", "C", "B"});
+  for (const auto& [command, row] : {std::pair{'q', 1U}, {'x', 1U}, {'w', 0U}}) apply(command, row);
+  expectEqual("q x w");
   EXPECT_EQ(rows(program_.form().List6), (Texts{"A", "B", "C"}));
 }
 

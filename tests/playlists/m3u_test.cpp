@@ -18,8 +18,8 @@ using Names = std::vector<std::string_view>;
 
 class Playlist : public testing::Test {
  protected:
-  // Paths and titles.
-  void catalogueOf(const std::vector<std::pair<std::string, std::string>>& songs, const std::string& rest = {}) {
+  // Writes records of these paths and titles, and then the rest.
+  void writeCatalogue(const std::vector<std::pair<std::string, std::string>>& songs, const std::string& rest = {}) {
     std::string text;
     for (const auto& [path, title] : songs) appendRecord(text, {path, "A", "B", title});
     files.addTextFile(catalogue, text + rest);
@@ -38,55 +38,55 @@ class Playlist : public testing::Test {
   FakeFileSystem files;
 };
 
-TEST_F(Playlist, HoldsThePathsInTheNamesOrder) {
-  catalogueOf({{"C:\\1.mp3", "one.mp3"}, {"C:\\2.mp3", "two.mp3"}});
+TEST_F(Playlist, ContainsThePathsInTheOrderOfTheNames) {
+  writeCatalogue({{"C:\\1.mp3", "one.mp3"}, {"C:\\2.mp3", "two.mp3"}});
   writePlaylist(files, playlist, Force::no, catalogue, Names{"two", "one", "two"});
   EXPECT_EQ(files.fileContent(playlist), "C:\\2.mp3\r\nC:\\1.mp3\r\nC:\\2.mp3\r\n");
 }
 
-TEST_F(Playlist, HoldsEveryRecordOfAName) {
-  catalogueOf({{"C:\\a\\x.mp3", "x.mp3"}, {"C:\\y.mp3", "y.mp3"}, {"C:\\b\\x.mp3", "x.mp3"}});
+TEST_F(Playlist, ContainsEveryRecordOfAName) {
+  writeCatalogue({{"C:\\a\\x.mp3", "x.mp3"}, {"C:\\y.mp3", "y.mp3"}, {"C:\\b\\x.mp3", "x.mp3"}});
   writePlaylist(files, playlist, Force::no, catalogue, Names{"x", "x"});
   EXPECT_EQ(files.fileContent(playlist), "C:\\a\\x.mp3\r\nC:\\b\\x.mp3\r\nC:\\a\\x.mp3\r\nC:\\b\\x.mp3\r\n");
 }
 
-TEST_F(Playlist, LeavesOutNamesWithoutARecord) {
-  catalogueOf({{"C:\\x.mp3", "x.mp3"}, {"C:\\ab.mp3", "a.b.mp3"}, {"C:\\n.mp3", "n"}});
+TEST_F(Playlist, OmitsNamesWithoutARecord) {
+  writeCatalogue({{"C:\\x.mp3", "x.mp3"}, {"C:\\ab.mp3", "a.b.mp3"}, {"C:\\n.mp3", "n"}});
   writePlaylist(files, playlist, Force::no, catalogue, Names{"X", "a.b", "n", "gone"});
   EXPECT_EQ(files.fileContent(playlist), "");
 }
 
-TEST_F(Playlist, ReplacesTheOldOne) {
+TEST_F(Playlist, ReplacesTheOldPlaylist) {
   files.addTextFile(playlist, "C:\\old.mp3\r\n");
-  catalogueOf({{"C:\\x.mp3", "x.mp3"}});
+  writeCatalogue({{"C:\\x.mp3", "x.mp3"}});
   writePlaylist(files, playlist, Force::no, catalogue, Names{"x"});
   EXPECT_EQ(files.fileContent(playlist), "C:\\x.mp3\r\n");
 }
 
-TEST_F(Playlist, OfNothingNeedsNoCatalogue) {
+TEST_F(Playlist, WithoutSongsNeedsNoCatalogue) {
   writePlaylist(files, playlist, Force::no, catalogue, Names{});
   EXPECT_EQ(files.fileContent(playlist), "");
 }
 
-TEST_F(Playlist, StaysAsItWasWithoutACatalogue) {
+TEST_F(Playlist, IsUnchangedIfThereIsNoCatalogue) {
   files.addTextFile(playlist, "C:\\old.mp3\r\n");
   EXPECT_EQ(failureOf({"x"}), ErrorNumber::fileNotFound);
   EXPECT_EQ(files.fileContent(playlist), "C:\\old.mp3\r\n");
 }
 
 TEST_F(Playlist, FailsOnATruncatedCatalogueWhateverTheNames) {
-  catalogueOf({{"C:\\x.mp3", "x.mp3"}}, "\"C:\\y.mp3\"\r\n");
+  writeCatalogue({{"C:\\x.mp3", "x.mp3"}}, "\"C:\\y.mp3\"\r\n");
   EXPECT_EQ(failureOf({"x"}), ErrorNumber::inputPastEnd);
   EXPECT_FALSE(files.fileExists(playlist));
 }
 
-TEST_F(Playlist, ThatMayNotBeWrittenIsToldBeforeTheCatalogueIsRead) {
+TEST_F(Playlist, ThatCannotBeWrittenIsReportedBeforeTheCatalogueIsRead) {
   files.addTextFile(playlist, "old", {.readOnly = true});
   EXPECT_EQ(failureOf({"x"}), ErrorNumber::pathFileAccess);
   EXPECT_EQ(files.fileContent(playlist), "old");
 }
 
-TEST_F(Playlist, IsKnownByTheLastThreeLettersOfItsName) {
+TEST_F(Playlist, IsRecognisedByTheLastThreeLettersOfItsName) {
   EXPECT_TRUE(isPlaylistFile(R"(C:\a.m3u)"));
   EXPECT_TRUE(isPlaylistFile("LIST.M3U"));
   EXPECT_TRUE(isPlaylistFile("m3U"));

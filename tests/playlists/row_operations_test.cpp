@@ -14,20 +14,20 @@ namespace {
 
 using Texts = std::vector<std::string_view>;
 
-// Row by row, as a person would do it on the list itself.
-void walk(std::vector<std::string_view>& rows, std::string_view text) {
+// Reference implementation: removes row by row, on the list itself.
+void referenceWalk(std::vector<std::string_view>& rows, std::string_view text) {
   const std::size_t bound = rows.size();
   for (std::size_t k = 0; k < bound; ++k) {
     if (k < rows.size() && rows[k] == text) rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(k));
   }
 }
 
-std::vector<std::size_t> placesOf(const Texts& rows, std::string_view text) {
-  std::vector<std::size_t> places;
+std::vector<std::size_t> rowsOf(const Texts& rows, std::string_view text) {
+  std::vector<std::size_t> found;
   for (std::size_t row = 0; row < rows.size(); ++row) {
-    if (rows[row] == text) places.push_back(row);
+    if (rows[row] == text) found.push_back(row);
   }
-  return places;
+  return found;
 }
 
 Texts kept(const Texts& rows, const std::vector<std::size_t>& removed) {
@@ -38,16 +38,16 @@ Texts kept(const Texts& rows, const std::vector<std::size_t>& removed) {
   return left;
 }
 
-Texts afterWalk(const Texts& rows, std::string_view text) { return kept(rows, removedByWalk(placesOf(rows, text))); }
+Texts afterWalk(const Texts& rows, std::string_view text) { return kept(rows, removedByWalk(rowsOf(rows, text))); }
 
-TEST(RemovalByWalk, PassesOverTheRowThatMovesUp) { EXPECT_EQ(afterWalk({"a", "a", "b", "a"}, "a"), (Texts{"a", "b"})); }
+TEST(RemovalByWalk, SkipsTheRowThatMovesUp) { EXPECT_EQ(afterWalk({"a", "a", "b", "a"}, "a"), (Texts{"a", "b"})); }
 
-// Calls `check` with every list of so many rows at most that are a, b or c.
+// Calls `check` with every list of at most `maxRows` rows that are a, b or c.
 template <class Check>
-void forAllSmallLists(std::size_t most, Check check) {
+void forAllSmallLists(std::size_t maxRows, Check check) {
   constexpr std::string_view letters[] = {"a", "b", "c"};
   std::size_t combinations = 1;
-  for (std::size_t length = 0; length <= most; ++length, combinations *= 3) {
+  for (std::size_t length = 0; length <= maxRows; ++length, combinations *= 3) {
     for (std::size_t combination = 0; combination < combinations; ++combination) {
       Texts rows;
       for (std::size_t rest = combination, i = 0; i < length; ++i, rest /= 3) rows.push_back(letters[rest % 3]);
@@ -56,20 +56,20 @@ void forAllSmallLists(std::size_t most, Check check) {
   }
 }
 
-TEST(RemovalByWalk, IsTheSameAsRowByRowForAllSmallLists) {
+TEST(RemovalByWalk, EqualsTheReferenceForAllSmallLists) {
   forAllSmallLists(7, [](const Texts& rows) {
     Texts expected = rows;
-    walk(expected, "a");
+    referenceWalk(expected, "a");
     ASSERT_EQ(afterWalk(rows, "a"), expected);
     for (const Texts& names : {Texts{"a", "a"}, Texts{"b", "a", "b"}, Texts{"c", "a", "a", "d", "b", "a"}}) {
       expected = rows;
-      for (const std::string_view name : names) walk(expected, name);
+      for (const std::string_view name : names) referenceWalk(expected, name);
       ASSERT_EQ(kept(rows, removedByWalks(rows, names)), expected);
     }
   });
 }
 
-TEST(RemovalByWalk, IsTheSameAsRowByRowForLongLists) {
+TEST(RemovalByWalk, EqualsTheReferenceForLongLists) {
   std::mt19937 random(7);
   for (int round = 0; round < 50; ++round) {
     std::vector<std::string> store;
@@ -78,15 +78,15 @@ TEST(RemovalByWalk, IsTheSameAsRowByRowForLongLists) {
     Texts names;
     for (int i = 0; i < 40; ++i) names.push_back(rows[random() % rows.size()]);
     Texts expected = rows;
-    for (const std::string_view name : names) walk(expected, name);
+    for (const std::string_view name : names) referenceWalk(expected, name);
     ASSERT_EQ(kept(rows, removedByWalks(rows, names)), expected);
   }
 }
 
 Texts afterDrop(const Texts& rows, std::size_t song, std::string_view target) {
   Texts texts;
-  for (const std::size_t place : orderAfterDrop(rows.size(), placesOf(rows, rows[song]), placesOf(rows, target))) {
-    texts.push_back(rows[place]);
+  for (const std::size_t row : orderAfterDrop(rows.size(), rowsOf(rows, rows[song]), rowsOf(rows, target))) {
+    texts.push_back(rows[row]);
   }
   return texts;
 }
@@ -98,19 +98,19 @@ TEST(Drop, PutsThePickedUpSongBelowTheTarget) {
   EXPECT_EQ(afterDrop(rows, 1, "B"), rows);
 }
 
-TEST(Drop, InsertsBehindEveryRowThatEqualsTheTarget) {
+TEST(Drop, InsertsAfterEveryRowThatEqualsTheTarget) {
   EXPECT_EQ(afterDrop({"A", "B", "A", "B"}, 1, "A"), (Texts{"A", "B", "A", "B"}));
   EXPECT_EQ(afterDrop({"B", "A", "B"}, 0, "B"), (Texts{"B", "A", "B"}));
 }
 
-TEST(Drop, IsTheSameAsRowByRowForAllSmallLists) {
+TEST(Drop, EqualsTheReferenceForAllSmallLists) {
   forAllSmallLists(5, [](const Texts& rows) {
     for (std::size_t song = 0; song < rows.size(); ++song) {
       for (const std::string_view target : rows) {
         Texts expected = rows;
         std::erase(expected, rows[song]);
         if (rows[song] == target) {
-          expected = rows;  // it leaves its places and stands there again
+          expected = rows;  // removed, and inserted at the same rows
         } else {
           for (std::size_t k = 0; k < expected.size(); ++k) {
             if (expected[k] == target) expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(++k), rows[song]);
@@ -122,35 +122,35 @@ TEST(Drop, IsTheSameAsRowByRowForAllSmallLists) {
   });
 }
 
-// The deal as a person would do it: card by card onto two heaps, the second one laid behind the first.
-std::vector<std::size_t> dealtByHand(std::vector<std::size_t> cards) {
+// Reference implementation: deals the rows alternately onto two lists and joins them.
+std::vector<std::size_t> dealtAlternately(std::vector<std::size_t> rows) {
   std::vector<std::size_t> first;
   std::vector<std::size_t> second;
   bool toFirst = true;
-  for (const std::size_t card : cards) {
-    (toFirst ? first : second).push_back(card);
+  for (const std::size_t row : rows) {
+    (toFirst ? first : second).push_back(row);
     toFirst = !toFirst;
   }
   first.insert(first.end(), second.begin(), second.end());
   return first;
 }
 
-TEST(Shuffle, IsTheDealByHandHoweverOftenAndHoweverManyRows) {
+TEST(Shuffle, EqualsTheReferenceForAnyNumberOfRowsAndRepetitions) {
   for (std::size_t count = 0; count <= 12; ++count) {
     std::vector<std::size_t> expected(count);
     std::iota(expected.begin(), expected.end(), std::size_t{0});
     std::vector<std::size_t> rows = expected;
     for (int time = 0; time < 13; ++time) {
-      expected = dealtByHand(expected);
+      expected = dealtAlternately(expected);
       std::vector<std::size_t> next;
-      for (const std::size_t place : dealOrder(count)) next.push_back(rows[place]);
+      for (const std::size_t row : dealOrder(count)) next.push_back(rows[row]);
       rows = next;
       ASSERT_EQ(rows, expected) << count << " rows, time " << time;
     }
   }
 }
 
-TEST(Shuffle, DealsEvenPlacesThenOddOnes) {
+TEST(Shuffle, DealsEvenIndexesThenOddOnes) {
   EXPECT_EQ(dealOrder(5), (std::vector<std::size_t>{0, 2, 4, 1, 3}));
   EXPECT_EQ(dealOrder(4), (std::vector<std::size_t>{0, 2, 1, 3}));
   EXPECT_EQ(dealOrder(1), (std::vector<std::size_t>{0}));

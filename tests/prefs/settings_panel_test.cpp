@@ -1,7 +1,7 @@
-// What the settings panel, the colour editor and the welcome do that shows nowhere on the window.
+// Effects of the settings panel, the colour editor and the welcome that are not visible on the window.
 #include <gtest/gtest.h>
 
-#include "app/test_program.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {
@@ -35,7 +35,7 @@ class WinampPanel : public SettingsPanel {
   WinampPanel() : SettingsPanel(true) {}
 };
 
-TEST_F(SettingsPanel, AnAcceptThatDiscardsLeavesTheColoursBehindEmptySettings) {
+TEST_F(SettingsPanel, AnAcceptThatDiscardsStoresTheColoursAfterEmptySettings) {
   openPreferences();
   form().discard = true;
   form().Check4.userClick();
@@ -54,7 +54,7 @@ TEST_F(SettingsPanel, AnAcceptThatDiscardsWritesNoSettingsBeforeTheEditor) {
   EXPECT_FALSE(form().fromsettings);
 }
 
-TEST_F(SettingsPanel, TheListsShowSamplesFromTheAcceptToTheWayBack) {
+TEST_F(SettingsPanel, TheListsShowSamplesFromAcceptUntilTheEditorIsLeft) {
   EXPECT_FALSE(form().fromsettings);
   openPreferences();
   EXPECT_FALSE(form().fromsettings);
@@ -65,7 +65,7 @@ TEST_F(SettingsPanel, TheListsShowSamplesFromTheAcceptToTheWayBack) {
   EXPECT_FALSE(form().fromsettings);
 }
 
-TEST_F(SettingsPanel, OnlyAnAcceptWithoutAScanSaysSo) {
+TEST_F(SettingsPanel, OnlyAnAcceptWithoutAScanSetsOnlySort) {
   openPreferences();
   form().List5.userTick(0, true);
   accept();
@@ -76,7 +76,7 @@ TEST_F(SettingsPanel, OnlyAnAcceptWithoutAScanSaysSo) {
   EXPECT_TRUE(form().onlysort);
 }
 
-TEST_F(SettingsPanel, WinampIsLookedForUntilItIsFound) {
+TEST_F(SettingsPanel, WinampIsSearchedForUntilItIsFound) {
   openPreferences();
   form().Check3.userClick();
   EXPECT_TRUE(form().makethefile);
@@ -93,7 +93,7 @@ TEST_F(SettingsPanel, WinampIsLookedForUntilItIsFound) {
   EXPECT_TRUE(form().winamp1);
 }
 
-TEST_F(SettingsPanel, DoingWithoutWinampForgetsThatItWasNotFound) {
+TEST_F(SettingsPanel, UntickingWinampClearsTheInvalidPath) {
   openPreferences();
   form().Check3.userClick();
   form().Dir1.setPath(R"(C:\Empty)");
@@ -105,7 +105,7 @@ TEST_F(SettingsPanel, DoingWithoutWinampForgetsThatItWasNotFound) {
   EXPECT_EQ(form().invalidpath, 0);
 }
 
-TEST_F(SettingsPanel, WinampGoneAndNothingToListSwitchesItOff) {
+TEST_F(SettingsPanel, AMissingWinampIsSwitchedOffEvenIfThereIsNothingToList) {
   form().winamp1 = true;
   openPreferences();
   form().Check3.userClick();
@@ -116,8 +116,8 @@ TEST_F(SettingsPanel, WinampGoneAndNothingToListSwitchesItOff) {
   EXPECT_FALSE(form().winamp1);
 }
 
-// The path file cannot be deleted, and must not count all the same.
-TEST_F(WinampPanel, AWinampNotFoundIsNotUsedThoughItsOldPathStays) {
+// The path file cannot be deleted, but must be ignored.
+TEST_F(WinampPanel, AWinampNotFoundIsNotUsedEvenIfItsOldPathFileRemains) {
   test_.files.addTextFile(winampFile, "\"C:\\Empty\\winamp.exe\"\r\n", {.locked = true});
   openPreferences();
   form().Dir1.setPath(R"(C:\Empty)");
@@ -126,10 +126,10 @@ TEST_F(WinampPanel, AWinampNotFoundIsNotUsedThoughItsOldPathStays) {
   EXPECT_FALSE(form().winamp1);
 }
 
-TEST_F(SettingsPanel, ASecondSettingsFileDoesNotOutliveAFailure) {
+TEST_F(SettingsPanel, TheTemporarySettingsFileIsRemovedAfterAFailure) {
   openEditor();
   const auto before = test_.files.fileContent(settingsFile);
-  // Reading the old settings, then the second file made, written and put in place, then the first made anew.
+  // Steps: read the old settings; create, write and rename the temporary file; create the new settings.
   test_.files.failAt(5, ErrorNumber::pathFileAccess);
   form().accept.userClick();
   ASSERT_EQ(test_.dialogs.reports.size(), 1U);
@@ -139,7 +139,7 @@ TEST_F(SettingsPanel, ASecondSettingsFileDoesNotOutliveAFailure) {
   EXPECT_TRUE(form().accept.visible());
 }
 
-TEST_F(SettingsPanel, EveryWayOfMovingASliderColoursTheList) {
+TEST_F(SettingsPanel, EverySliderEventColoursTheList) {
   openEditor();
   form().Option1.userClick();
   form().Check1.userClick();
@@ -156,13 +156,13 @@ TEST_F(SettingsPanel, EveryWayOfMovingASliderColoursTheList) {
   }
 }
 
-TEST_F(SettingsPanel, NotScanningCanBeChosenOnceThereAreSettings) {
+TEST_F(SettingsPanel, NotScanningCanBeChosenIfThereAreSettings) {
   form().Option4.setVisible(false);
   openPreferences();
   EXPECT_TRUE(form().Option4.showing());
 }
 
-TEST_F(SettingsPanel, TheWelcomeLetsThePlayerBeUsed) {
+TEST_F(SettingsPanel, TheWelcomeEnablesThePlayer) {
   test_.player.setEnabled(false);
   form().plimo.userClick();
   EXPECT_TRUE(test_.player.enabled());

@@ -5,12 +5,12 @@
 #include "base/errors.h"
 #include "platform/linux/linux_files.h"
 #include "platform/memory/fake_file_system.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace plimo {
 namespace {
 
-TEST(WinampFolder, ItIsFoundInAnyCaseByItsShortName) {
+TEST(WinampFolder, WinampIsFoundInAnyCaseByItsShortName) {
   FakeFileSystem files;
   files.addFile("C:\\A\\Readme.txt");
   files.addFile("C:\\A\\WinAmp.exE");
@@ -20,7 +20,7 @@ TEST(WinampFolder, ItIsFoundInAnyCaseByItsShortName) {
   files.addFile("C:\\C\\winamp.exe\\inner.txt");
   EXPECT_EQ(winampIn(files, "C:\\A"), "WinAmp.exE");
   EXPECT_EQ(winampIn(files, "C:\\B"), std::nullopt);
-  EXPECT_EQ(winampIn(files, "C:\\C"), std::nullopt) << "a folder is no program";
+  EXPECT_EQ(winampIn(files, "C:\\C"), std::nullopt) << "a folder is not a program";
 }
 
 TEST(WinampFolder, AFolderThatCannotBeReadIsAnError) {
@@ -28,14 +28,14 @@ TEST(WinampFolder, AFolderThatCannotBeReadIsAnError) {
   EXPECT_THROW(winampIn(files, "C:\\nowhere"), RuntimeError);
 }
 
-TEST(WinampFolder, ItsPathIsInLowerCaseWithASeparatorBehindARootToo) {
+TEST(WinampFolder, ThePathIsInLowerCaseAndHasASeparatorAfterARootToo) {
   FakeFileSystem files;
   files.addFile("C:\\Winamp\\WINAMP.EXE");
   EXPECT_EQ(winampPath(files, "C:\\Winamp", "WINAMP.EXE"), "C:\\Winamp\\winamp.exe");
   EXPECT_EQ(winampPath(files, "C:\\", "winamp.exe"), "C:\\\\winamp.exe");
 }
 
-TEST(WinampFolder, WhereCasesAreToldApartThePathNamesTheProgramThatIsThere) {
+TEST(WinampFolder, OnACaseSensitiveFileSystemThePathHasTheNameOfTheFile) {
   TemporaryFolder folder;
   LinuxFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
   writeFile(folder / "WinAmp.EXE", "");
@@ -53,7 +53,7 @@ TEST(WinampFolder, TheFolderOfAStoredPathIsInCapitals) {
   EXPECT_EQ(folderOfWinamp(files, "C:\\Program Files\\Winamp"), "C:\\PROGRAM FILES\\WINAMP");
 }
 
-TEST(WinampFolder, WhereCasesAreToldApartTheFolderKeepsItsCase) {
+TEST(WinampFolder, OnACaseSensitiveFileSystemTheFolderKeepsItsCase) {
   TemporaryFolder folder;
   LinuxFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
   makeFolders(folder / "Winamp");
@@ -61,7 +61,7 @@ TEST(WinampFolder, WhereCasesAreToldApartTheFolderKeepsItsCase) {
   EXPECT_EQ(folderOfWinamp(files, folder / "winamp/winamp.exe"), folder.path());
 }
 
-TEST(WinampFolder, AFolderThatIsGoneGivesWayToTheNearestOneAboveIt) {
+TEST(WinampFolder, AMissingFolderIsReplacedByItsNearestExistingAncestor) {
   FakeFileSystem files;
   files.addFolder("C:\\Programs");
   files.addDrive('D', DriveType::cdrom, false);
@@ -81,7 +81,7 @@ TEST(WinampFolder, ADriveHoldsTheFoldersBelowItsRoot) {
   EXPECT_EQ(driveHolding(files, ""), 0);
 }
 
-TEST(WinampFolder, OfDrivesInsideEachOtherTheInnermostHoldsTheFolder) {
+TEST(WinampFolder, OfNestedDrivesTheInnermostHoldsTheFolder) {
   TemporaryFolder folder;
   makeFolders(folder / "disk/Winamp");
   LinuxFiles files(

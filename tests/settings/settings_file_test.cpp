@@ -34,18 +34,18 @@ TEST(SettingsFile, ValuesAfterTheSixthAreNotPartOfThePanel) {
             "0\r\n0\r\n0\r\n\"\"\r\n0\r\n0\r\n");
 }
 
-TEST(SettingsFile, TheDrivesMustBeATextAndThereMustBeSixValues) {
+TEST(SettingsFile, TheDrivesMustBeAStringAndThereMustBeSixValues) {
   EXPECT_EQ(errorOf("0\r\n0\r\n0\r\n#TRUE#\r\n0\r\n0\r\n"), 13);
   EXPECT_EQ(errorOf("0\r\n0\r\n0\r\n\"#TRUE#\"\r\n0\r\n0\r\n"), 0);
   EXPECT_EQ(errorOf("0\r\n0\r\n0\r\n\"\"\r\n0\r\n"), 62);
   EXPECT_EQ(errorOf(""), 62);
 }
 
-TEST(SettingsFile, TheLastColourIsWrittenAsAText) {
+TEST(SettingsFile, TheLastColourIsWrittenAsAString) {
   EXPECT_EQ(settingsText("six\r\n", {1, 2, 3, 4, 5, 6}), "six\r\n1\r\n2\r\n3\r\n4\r\n5\r\n\"6\"\r\n");
 }
 
-TEST(SettingsFile, WithoutAFileThePanelHasFiveEmptyLinesAndAnEmptyText) {
+TEST(SettingsFile, WithoutAFileThePanelHasFiveEmptyLinesAndAnEmptyString) {
   EXPECT_EQ(emptyPanelText, "\r\n\r\n\r\n\"\"\r\n\r\n\r\n");
   EXPECT_EQ(panelTextOf(emptyPanelText, ""), emptyPanelText);
 }

@@ -1,9 +1,9 @@
-// The two views on windows that answer at once, and on windows that take their time.
+// The two views, with windows that report a new size immediately and with windows that report it later.
 #include <gtest/gtest.h>
 
 #include <deque>
 
-#include "app/test_program.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {
@@ -17,10 +17,10 @@ constexpr Size screen{19200, 14400};
 
 class TestWindow : public FormHost {
  public:
-  explicit TestWindow(Form& form, bool parallelInvoke) : form_(form), atOnce_(parallelInvoke) { form.setHost(this); }
+  explicit TestWindow(Form& form, bool immediate) : form_(form), immediate_(immediate) { form.setHost(this); }
 
-  // Tells the form what has happened to the window since.
-  void settle() {
+  // Reports the pending sizes to the form.
+  void reportSizes() {
     while (!sizes_.empty()) {
       const Size size = sizes_.front();
       sizes_.pop_front();
@@ -29,42 +29,42 @@ class TestWindow : public FormHost {
   }
   void userMaximises() {
     form_.windowStateChanged(WindowState::maximised);
-    tell(screen);
-    settle();
+    queueSize(screen);
+    reportSizes();
   }
   void userResizes(Size size) {
     form_.windowStateChanged(WindowState::normal);
     normal_ = size;
-    tell(size);
-    settle();
+    queueSize(size);
+    reportSizes();
   }
 
-  void show(Form&) override { tellState(); }
+  void show(Form&) override { queueStateSize(); }
   void unload(Form&) override {}
   void captionChanged(Form&) override {}
-  void stateChanged(Form&) override { tellState(); }
+  void stateChanged(Form&) override { queueStateSize(); }
   void resizeTo(Form&, double width, double height) override {
     normal_ = {width, height};
-    tellState();
+    queueStateSize();
   }
   void focusChanged(Form&) override {}
   void popUp(Form&, Menu&) override {}
   void pause(Form&, std::chrono::milliseconds) override {}
 
-  bool deaf = false;  // keeps its size, whatever it is told
+  bool ignoresState = false;  // keeps its size when the state changes
 
  private:
-  void tellState() {
-    if (!form_.visible() || form_.windowState() == WindowState::minimised || deaf) return;
-    tell(form_.windowState() == WindowState::maximised ? screen : normal_);
+  void queueStateSize() {
+    if (!form_.visible() || form_.windowState() == WindowState::minimised || ignoresState) return;
+    queueSize(form_.windowState() == WindowState::maximised ? screen : normal_);
   }
-  void tell(Size size) {
+  void queueSize(Size size) {
     sizes_.push_back(size);
-    if (atOnce_) settle();
+    if (immediate_) reportSizes();
   }
 
   Form& form_;
-  bool atOnce_;
+  bool immediate_;
   Size normal_{9000, 6000};
   std::deque<Size> sizes_;
 };
@@ -74,16 +74,16 @@ class Views : public testing::TestWithParam<bool> {
   void start() {
     test.addSong(R"(C:\Music\Abba - Fernando.mp3)");
     test.program.start();
-    window.settle();
+    window.reportSizes();
   }
 
-  using Places = std::vector<Geometry>;
-  Places places() {
-    Places all;
+  using Geometries = std::vector<Geometry>;
+  Geometries geometries() {
+    Geometries all;
     for (const Control* control : form.controls()) all.push_back(control->geometry());
     return all;
   }
-  void expectPlaces(const Places& expected) {
+  void expectGeometries(const Geometries& expected) {
     for (std::size_t i = 0; i < expected.size(); ++i) {
       EXPECT_EQ(form.controls()[i]->geometry(), expected[i]) << form.controls()[i]->name();
     }
@@ -91,7 +91,7 @@ class Views : public testing::TestWithParam<bool> {
 
   void click(Menu& item) {
     item.userClick();
-    window.settle();
+    window.reportSizes();
   }
 
   TestProgram test;
@@ -99,10 +99,11 @@ class Views : public testing::TestWithParam<bool> {
   TestWindow window{form, GetParam()};
 };
 
-INSTANTIATE_TEST_SUITE_P(Windows, Views, testing::Bool(),
-                         [](const auto& answer) { return answer.param ? "ThatAnswerAtOnce" : "ThatAnswerLater"; });
+INSTANTIATE_TEST_SUITE_P(Windows, Views, testing::Bool(), [](const auto& immediate) {
+  return immediate.param ? "ReportingImmediately" : "ReportingLater";
+});
 
-TEST_P(Views, TheStartFillsTheScreenInProportion) {
+TEST_P(Views, StartUpScalesTheControlsToTheScreen) {
   const Geometry designed = form.List2.geometry();
   const double designedWidth = form.scaleWidth();
   start();
@@ -124,130 +125,130 @@ TEST_P(Views, CompactShrinksTheWindowAroundThePlayer) {
 
 TEST_P(Views, CompactMovesNothingButThePlayer) {
   start();
-  Places expected = places();
+  Geometries expected = geometries();
   click(form.Compact);
   window.userResizes({5000, 3000});
   for (std::size_t i = 0; i < expected.size(); ++i) {
     if (form.controls()[i] == &form.MediaPlayer1) expected[i] = form.MediaPlayer1.geometry();
   }
-  expectPlaces(expected);
+  expectGeometries(expected);
 }
 
-TEST_P(Views, LargeBringsEverythingBack) {
+TEST_P(Views, LargeRestoresAllControls) {
   start();
-  const Places expected = places();
+  const Geometries expected = geometries();
   click(form.Compact);
   click(form.large);
   EXPECT_EQ(form.windowState(), WindowState::maximised);
   EXPECT_EQ(form.scaleWidth(), screen.width);
-  expectPlaces(expected);
+  expectGeometries(expected);
   EXPECT_FALSE(form.resizing);
 }
 
-TEST_P(Views, CompactTwiceRecordsNothingNew) {
+TEST_P(Views, ASecondCompactRecordsNothingNew) {
   start();
-  const Places expected = places();
+  const Geometries expected = geometries();
   click(form.Compact);
   const double width = form.width();
   click(form.Compact);
   EXPECT_EQ(form.width(), width);
   click(form.large);
-  expectPlaces(expected);
+  expectGeometries(expected);
 }
 
-TEST_P(Views, LargeInTheLargeViewLaysOutAtOnce) {
+TEST_P(Views, LargeInTheLargeViewLaysOutImmediately) {
   start();
-  const Places expected = places();
+  const Geometries expected = geometries();
   form.large.userClick();
-  expectPlaces(expected);
+  expectGeometries(expected);
   EXPECT_FALSE(form.resizing);
 }
 
-TEST_P(Views, LargeFromAnOrdinaryWindowFillsTheScreen) {
+TEST_P(Views, LargeFromANormalWindowFillsTheScreen) {
   start();
-  const Places expected = places();
+  const Geometries expected = geometries();
   window.userResizes({9600, 7200});
   EXPECT_NEAR(form.List2.geometry().width, expected[0].width / 2, 0.01);
   click(form.large);
-  expectPlaces(expected);
+  expectGeometries(expected);
 }
 
-TEST_P(Views, LargeFromAnOrdinaryWindowOfTheScreensSizeLaysOutAtOnce) {
+TEST_P(Views, LargeFromANormalWindowOfTheScreensSizeLaysOutImmediately) {
   start();
-  const Places expected = places();
+  const Geometries expected = geometries();
   window.userResizes(screen);
   form.large.userClick();
-  expectPlaces(expected);
+  expectGeometries(expected);
   EXPECT_FALSE(form.resizing);
 }
 
-TEST_P(Views, LargeFromACompactWindowThatTheUserMaximisedLaysOutAtOnce) {
+TEST_P(Views, LargeFromACompactWindowThatTheUserMaximisedLaysOutImmediately) {
   start();
-  const Places expected = places();
+  const Geometries expected = geometries();
   click(form.Compact);
   window.userMaximises();
   form.large.userClick();
-  expectPlaces(expected);
+  expectGeometries(expected);
 }
 
-TEST_P(Views, LargeFromAMinimisedWindowLaysOutAtOnce) {
+TEST_P(Views, LargeFromAMinimisedWindowLaysOutImmediately) {
   start();
-  const Places expected = places();
+  const Geometries expected = geometries();
   form.setWindowState(WindowState::minimised);
   form.large.userClick();
-  window.settle();
-  expectPlaces(expected);
+  window.reportSizes();
+  expectGeometries(expected);
 }
 
-TEST_P(Views, SizesThatComeWhileAMessageStandsThereAreNotLost) {
+TEST_P(Views, SizesReportedWhileAMessageIsShownAreNotLost) {
   start();
-  const Places expected = places();
+  const Geometries expected = geometries();
   click(form.Compact);
-  test.files.addTextFile(R"(C:\Plimo\plimo.kvx)", "");  // start-up tells that there are no songs
-  test.dialogs.whileOpen = [this] { window.settle(); };
+  test.files.addTextFile(R"(C:\Plimo\plimo.kvx)", "");  // start-up reports that there are no songs
+  test.dialogs.whileOpen = [this] { window.reportSizes(); };
   form.large.userClick();
   ASSERT_EQ(test.dialogs.messages.size(), 1U);
-  expectPlaces(expected);
+  expectGeometries(expected);
   EXPECT_FALSE(form.resizing);
 }
 
-TEST_P(Views, AWindowThatIgnoresTheStateFollowsTheNextResize) {
+TEST_P(Views, AWindowThatIgnoresTheStateIsLaidOutAtTheNextResize) {
   start();
-  const Places expected = places();
-  window.deaf = true;
+  const Geometries expected = geometries();
+  window.ignoresState = true;
   click(form.Compact);
   click(form.large);
   window.userResizes({9000, 6000});
   window.userMaximises();
-  expectPlaces(expected);
+  expectGeometries(expected);
 }
 
-TEST_P(Views, AFailingStartUpLeavesAWholeWindow) {
+TEST_P(Views, AFailedStartUpLeavesACompleteLayout) {
   start();
-  const Places expected = places();
+  const Geometries expected = geometries();
   click(form.Compact);
   test.files.addTextFile(R"(C:\Plimo\plimo.ini)", "0\r\n");
   click(form.large);
   EXPECT_EQ(test.dialogs.reports.size(), 1U);
   EXPECT_FALSE(form.here);
   EXPECT_FALSE(form.frommenu);
-  expectPlaces(expected);
+  expectGeometries(expected);
   window.userResizes({9600, 7200});
   EXPECT_NEAR(form.List2.geometry().width, expected[0].width / 2, 0.01);
 }
 
 TEST_P(Views, APanelOpenedFromTheCompactViewLeavesIt) {
   start();
-  const Places expected = places();
+  const Geometries expected = geometries();
   click(form.Compact);
   click(form.cop);
   EXPECT_EQ(form.windowState(), WindowState::maximised);
   EXPECT_FALSE(form.comp);
   EXPECT_FALSE(form.resizing);
-  expectPlaces(expected);
+  expectGeometries(expected);
 }
 
-TEST_P(Views, APanelPutsThePlayerBackBeforeTheWindowHasGrown) {
+TEST_P(Views, APanelRestoresThePlayerBeforeTheWindowIsResized) {
   start();
   const Geometry player = form.MediaPlayer1.geometry();
   click(form.Compact);
@@ -258,20 +259,20 @@ TEST_P(Views, APanelPutsThePlayerBackBeforeTheWindowHasGrown) {
 
 TEST_P(Views, APanelOpenedFromAMaximisedCompactWindowLeavesItToo) {
   start();
-  const Places expected = places();
+  const Geometries expected = geometries();
   click(form.Compact);
   window.userMaximises();
   click(form.cop);
-  expectPlaces(expected);
+  expectGeometries(expected);
 }
 
-TEST_P(Views, ThePanelLeavesTheLargeViewAsItIs) {
+TEST_P(Views, APanelInTheLargeViewMovesNothing) {
   start();
   window.userResizes({9600, 7200});
-  const Places expected = places();
+  const Geometries expected = geometries();
   click(form.cop);
   EXPECT_EQ(form.windowState(), WindowState::normal);
-  expectPlaces(expected);
+  expectGeometries(expected);
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace plimo {
 namespace {

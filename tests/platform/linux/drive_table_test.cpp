@@ -4,7 +4,7 @@
 
 #include "platform/linux/drive_table.h"
 #include "platform/linux/linux_files.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace plimo {
 namespace {

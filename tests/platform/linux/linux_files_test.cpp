@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace plimo {
 namespace {

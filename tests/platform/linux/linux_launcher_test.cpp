@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "base/errors.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace plimo {
 namespace {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/mpv/mpv_player.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace plimo {
 

@@ -8,11 +8,11 @@
 #include <thread>
 
 #include "app/program.h"
-#include "app/test_program.h"
 #include "base/quoted_format.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/linux_launcher.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {
@@ -75,7 +75,7 @@ TEST_F(Winamp, ThePlayQueueIsPassedAsAPlaylist) {
   EXPECT_EQ(arguments(), "1|" + own_ + "/list.m3u");
   std::ifstream list(own_ + "/list.m3u", std::ios::binary);
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(list), {}), song_ + "\r\n");
-  EXPECT_FALSE(dialogs_.toldAnything());
+  EXPECT_FALSE(dialogs_.hasMessageOrReport());
 }
 
 TEST_F(Winamp, ASingleSongIsPassedByItsPath) {
@@ -83,7 +83,7 @@ TEST_F(Winamp, ASingleSongIsPassedByItsPath) {
   form().List1.userMoveCurrent(0);
   form().play.userClick();
   EXPECT_EQ(arguments(), "1|" + song_);
-  EXPECT_FALSE(dialogs_.toldAnything());
+  EXPECT_FALSE(dialogs_.hasMessageOrReport());
 }
 
 TEST_F(Winamp, TheDefaultPlaylistIsPassedByItsPath) {
@@ -91,7 +91,7 @@ TEST_F(Winamp, TheDefaultPlaylistIsPassedByItsPath) {
   start();
   form().playdefaultlist();
   EXPECT_EQ(arguments(), "1|" + own_ + "/default.m3u");
-  EXPECT_FALSE(dialogs_.toldAnything());
+  EXPECT_FALSE(dialogs_.hasMessageOrReport());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -1,6 +1,6 @@
-"""The account of what was measured: rows with their targets and verdicts, and tables of them."""
+"""Rows of the performance report with their targets and verdicts, and Markdown tables of them."""
 
-SHORTEST = 1e-4  # seconds; a step that begins below says more of the processor's caches than of the program
+SHORTEST = 1e-4  # seconds; steps from a shorter time are not judged, because CPU caches dominate them
 
 
 def number(value):
@@ -18,7 +18,7 @@ def seconds(value):
 
 
 def growth(steps):
-    """How many times longer it takes at each step; `steps` is one pair of times for each."""
+    """The growth factor of each step, a pair of times."""
     return " ".join(f"{after / before:.1f}" for before, after in steps)
 
 
@@ -27,34 +27,34 @@ def memory(kibibytes):
 
 
 class Row:
-    def __init__(self, what, size, time=None, steps=(), floor="", floor_time=None, targets=(), shown=None,
-                 floor_steps=()):
-        """steps: (seconds before, seconds after) for each step to ten times as many songs."""
+    def __init__(self, what, size, time=None, steps=(), baseline="", baseline_time=None, targets=(), shown=None,
+                 baseline_steps=()):
+        """steps: (seconds before, seconds after) for each step to ten times the number of songs."""
         self.what, self.size, self.time, self.steps = what, size, time, steps
-        self.floor, self.floor_time, self.targets, self.shown = floor, floor_time, targets, shown
-        self.floor_steps = floor_steps
+        self.baseline, self.baseline_time, self.targets, self.shown = baseline, baseline_time, targets, shown
+        self.baseline_steps = baseline_steps
 
     def ratio(self):
-        return self.time / self.floor_time if self.time is not None and self.floor_time else None
+        return self.time / self.baseline_time if self.time is not None and self.baseline_time else None
 
     def verdict(self):
-        """ok, over, or nothing where there is no target."""
-        grown = [after / before for before, after in self.steps if before >= SHORTEST]
-        values = {"ratio": self.ratio(), "growth": max(grown, default=None), "memory": self.shown, "time": self.time}
+        """ok, over, or empty if there is no target."""
+        growths = [after / before for before, after in self.steps if before >= SHORTEST]
+        values = {"ratio": self.ratio(), "growth": max(growths, default=None), "memory": self.shown, "time": self.time}
         judged = [values[kind] <= limit for kind, limit in self.targets if values[kind] is not None]
         return "" if not judged else "ok" if all(judged) else "over"
 
     def cells(self):
-        signs = {"ratio": "≤ {} ×", "growth": "≤ {} × a step", "memory": "≤ {:.0f} MiB", "time": "≤ {:.0f} ms"}
+        formats = {"ratio": "≤ {} ×", "growth": "≤ {} × a step", "memory": "≤ {:.0f} MiB", "time": "≤ {:.0f} ms"}
         scale = {"memory": 1 / 1024, "time": 1000}
-        targets = ", ".join(signs[kind].format(limit * scale.get(kind, 1)) for kind, limit in self.targets)
+        targets = ", ".join(formats[kind].format(limit * scale.get(kind, 1)) for kind, limit in self.targets)
         return [
             self.what,
             number(self.size),
             memory(self.shown) if self.shown is not None else seconds(self.time),
             growth(self.steps),
-            f"{self.floor} {seconds(self.floor_time)}".strip(),
-            growth(self.floor_steps),
+            f"{self.baseline} {seconds(self.baseline_time)}".strip(),
+            growth(self.baseline_steps),
             f"{self.ratio():.2f} ×" if self.ratio() is not None else "",
             targets,
             self.verdict(),
@@ -62,7 +62,7 @@ class Row:
 
 
 def table(headings, rows):
-    """Columns whose heading ends in a colon are set to the right."""
+    """A Markdown table. Columns whose heading ends in a colon are right-aligned."""
     right = [heading.endswith(":") for heading in headings]
     cells = [[heading.rstrip(":") for heading in headings]] + rows
     widths = [max(len(line[i]) for line in cells) for i in range(len(headings))]

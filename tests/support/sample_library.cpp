@@ -1,4 +1,4 @@
-#include "library.h"
+#include "support/sample_library.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -14,7 +14,7 @@
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/song_name.h"
 
-namespace plimo::bench {
+namespace plimo {
 
 namespace {
 
@@ -30,13 +30,13 @@ constexpr std::array<const char*, 32> secondWords = {
     "Planet", "Shadows", "Orchestra", "Bridge",  "Wolves",  "Summer",   "Window",  "Train",
     "Radio",  "Forest",  "Dancers",   "Island",  "Hearts",  "Carousel", "Empire",  "Lights"};
 
-constexpr std::size_t foldersInFolder = 4;
-constexpr std::size_t firstNumber = 1000000;  // of songs: all numbers have the same length
+constexpr std::size_t subfolders = 4;
+constexpr std::size_t firstNumber = 1000000;  // in the titles, so that all numbers have the same length
 constexpr std::size_t deepFolder = 50000;
-constexpr std::size_t pieceSize = std::size_t{1} << 20;
+constexpr std::size_t bufferSize = std::size_t{1} << 20;
 
-// Any number, always the same for the same one.
-std::size_t mixed(std::size_t number) {
+// A deterministic hash.
+std::size_t mix(std::size_t number) {
   std::uint64_t value = number * 0x9E3779B97F4A7C15U;
   value ^= value >> 29;
   value *= 0xBF58476D1CE4E5B9U;
@@ -52,16 +52,16 @@ std::string words(std::size_t number) {
 
 class Folder {
  public:
-  explicit Folder(const std::string& path) : number_(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    if (number_ < 0) fail(path);
+  explicit Folder(const std::string& path) : descriptor_(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    if (descriptor_ < 0) fail(path);
   }
   Folder(const Folder&) = delete;
   Folder& operator=(const Folder&) = delete;
-  ~Folder() { ::close(number_); }
-  int number() const { return number_; }
+  ~Folder() { ::close(descriptor_); }
+  int descriptor() const { return descriptor_; }
 
  private:
-  int number_;
+  int descriptor_;
 };
 
 }  // namespace
@@ -73,65 +73,65 @@ std::string artistName(std::size_t artist) {
   return name;
 }
 
-std::string songFileName(const Library& library, std::size_t song) {
+std::string songFileName(const SampleLibrary& library, std::size_t song) {
   constexpr std::array<const char*, 8> extensions = {".mp3", ".mp3", ".mp3", ".MP3", ".mp3", ".mp3", ".Mp3", ".mp3"};
   const std::size_t artist = library.artistOf(song);
   const bool nameless = artist % 64 == 63;
   const std::size_t titled = song % 100 == 50 && !nameless ? song - 1 : song;
-  const std::size_t chance = mixed(titled);
-  std::string title = words(chance) + ' ' + std::to_string(firstNumber + titled);
+  const std::size_t random = mix(titled);
+  std::string title = words(random) + ' ' + std::to_string(firstNumber + titled);
   if (titled % 1000 == 777) title = '"' + title + '"';
-  title += extensions[chance >> 32 & 7];
+  title += extensions[random >> 32 & 7];
   if (nameless) return title;
   std::string name = artistName(artist) + " - ";
-  if (titled != song || (chance >> 40 & 1) != 0) name += "The " + words(artist + song % 3) + " Album - ";
+  if (titled != song || (random >> 40 & 1) != 0) name += "The " + words(artist + song % 3) + " Album - ";
   return name + title;
 }
 
 std::string folderPath(std::size_t folder) {
   if (folder == 0) return {};
-  return folderPath((folder - 1) / foldersInFolder) + "/Folder " + std::to_string(folder);
+  return folderPath((folder - 1) / subfolders) + "/Folder " + std::to_string(folder);
 }
 
-void makeTree(const Library& library, const std::string& root) {
+void createTree(const SampleLibrary& library, const std::string& root) {
   if (::mkdir(root.c_str(), S_IRWXU) != 0) fail(root);
   std::size_t song = 0;
   for (std::size_t folder = 0; folder < library.folders; ++folder) {
     const std::string path = root + folderPath(folder);
     if (folder > 0 && ::mkdir(path.c_str(), S_IRWXU) != 0) fail(path);
-    const Folder opened(path);
+    const Folder open(path);
     for (; song < library.songs && library.folderOf(song) == folder; ++song) {
       const std::string name = songFileName(library, song);
-      if (::mknodat(opened.number(), name.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0) != 0) fail(path + '/' + name);
+      if (::mknodat(open.descriptor(), name.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0) != 0) fail(path + '/' + name);
     }
   }
 }
 
-std::string lastSongPath(const Library& library, const std::string& folder) {
+std::string lastSongPath(const SampleLibrary& library, const std::string& folder) {
   return folder + '/' + songFileName(library, library.songs - 1);
 }
 
-void makeCatalogue(const Library& library, const std::string& root, const std::string& file) {
+void writeCatalogue(const SampleLibrary& library, const std::string& root, const std::string& file) {
   std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-  std::string piece;
+  std::string buffer;
   std::string folder;
   const std::string programFolder = std::filesystem::absolute(file).parent_path();
-  std::size_t known = library.folders;
+  std::size_t current = library.folders;
   for (std::size_t song = 0; song < library.songs; ++song) {
-    if (library.folderOf(song) != known) {
-      known = library.folderOf(song);
-      folder = root + folderPath(deepFolder + known) + '/';
+    if (library.folderOf(song) != current) {
+      current = library.folderOf(song);
+      folder = root + folderPath(deepFolder + current) + '/';
     }
     const std::string name = songFileName(library, song);
     const SongName parts = splitFileName(name);
     const std::string path = song + 1 < library.songs ? folder + name : lastSongPath(library, programFolder);
-    appendRecord(piece, {path, parts.artist, parts.second, parts.title});
-    if (piece.size() < pieceSize && song + 1 < library.songs) continue;
-    stream.write(piece.data(), static_cast<std::streamsize>(piece.size()));
-    piece.clear();
+    appendRecord(buffer, {path, parts.artist, parts.second, parts.title});
+    if (buffer.size() < bufferSize && song + 1 < library.songs) continue;
+    stream.write(buffer.data(), static_cast<std::streamsize>(buffer.size()));
+    buffer.clear();
   }
   stream.close();
   if (!stream) fail(file);
 }
 
-}  // namespace plimo::bench
+}  // namespace plimo

@@ -1,4 +1,4 @@
-#include "own_memory.h"
+#include "process_memory.h"
 
 #include <fstream>
 #include <string>
@@ -7,8 +7,8 @@ namespace plimo::bench {
 
 namespace {
 
-// A line of /proc/self/status, in KiB.
-long status(const std::string& name) {
+// A value of /proc/self/status in KiB; 0 if there is none.
+long readStatus(const std::string& name) {
   std::ifstream lines("/proc/self/status");
   for (std::string word; lines >> word;) {
     long value = 0;
@@ -19,8 +19,8 @@ long status(const std::string& name) {
 
 }  // namespace
 
-OwnMemory ownMemory() { return {status("VmRSS"), status("VmHWM")}; }
+ProcessMemory processMemory() { return {readStatus("VmRSS"), readStatus("VmHWM")}; }
 
-void forgetMost() { std::ofstream("/proc/self/clear_refs") << "5"; }
+void resetPeakMemory() { std::ofstream("/proc/self/clear_refs") << "5"; }
 
 }  // namespace plimo::bench

@@ -1,0 +1,54 @@
+#include "support/window/window_fixture.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <exception>
+
+#include "desktop/desktop.h"
+#include "desktop/look.h"
+#include "platform/memory/fake_launcher.h"
+
+namespace plimo {
+
+namespace {
+
+constexpr int paintDelayMs = 20;  // in which changes are painted
+
+}  // namespace
+
+Form1& WindowFixture::form() {
+  if (form_ == nullptr) form_ = static_cast<Form1*>(&driver.list("List2").model().form());
+  return *form_;
+}
+
+void WindowFixture::run(const std::string& command, const std::function<void()>& act,
+                        const std::function<bool()>& done) {
+  if (!results.empty()) driver.runEventLoop(paintDelayMs);  // the first command is the start itself
+  latency.restart();
+  act();
+  const bool succeeded = driver.waitUntil(done) && driver.dialogsAsExpected();
+  driver.runEventLoop(paintDelayMs);
+  results.push_back({command, latency.longest(), succeeded});
+}
+
+std::vector<CommandResult> runInWindow(FileSystemObject& files, const std::function<void(WindowFixture&)>& script) {
+  installLook(*qApp);
+  QApplication::setQuitOnLastWindowClosed(false);
+  FakeLauncher launcher(files);
+  Desktop desktop(files, launcher);
+  WindowFixture fixture;
+  std::exception_ptr failure;
+  QTimer::singleShot(0, qApp, [&] {
+    try {
+      script(fixture);
+    } catch (const std::exception&) {
+      failure = std::current_exception();
+    }
+    QCoreApplication::exit();
+  });
+  desktop.run();
+  if (failure) std::rethrow_exception(failure);
+  return fixture.results;
+}
+
+}  // namespace plimo
