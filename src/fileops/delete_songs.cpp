@@ -18,7 +18,7 @@ SongFiles countSongFiles(FileSystemObject& files, const std::string& catalogue,
   StringInterner folders;
   for (std::size_t name = 0; name < names.size(); ++name) {
     for (const StoredPath& path : found.of(name)) {
-      folders.add(path.folder());
+      folders.add(path.folder);
       const std::string text = path.text();
       if (paths.find(text) == StringInterner::none) paths.add(texts.store(text));
     }

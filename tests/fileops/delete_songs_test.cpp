@@ -8,15 +8,17 @@ namespace {
 class DeleteSongs : public Library {
  protected:
   std::optional<ErrorNumber> failureOfDeleting(const Names& names) {
-    return failureOf([&] { deleteSongs(files, progress, catalogueFile, names); });
+    return failureOf([&] { deleteSongs(files, progress, catalogueFile, names, deleted_); });
   }
+
+  std::size_t deleted_ = 0;
 };
 
 TEST_F(DeleteSongs, DeletesEveryFileOfAName) {
   addSong(R"(C:\a\x.mp3)");
   addSong(R"(C:\y.mp3)");
   addSong(R"(C:\b\x.mp3)");
-  deleteSongs(files, progress, catalogueFile, Names{"x"});
+  deleteSongs(files, progress, catalogueFile, Names{"x"}, deleted_);
   EXPECT_FALSE(files.fileExists(R"(C:\a\x.mp3)"));
   EXPECT_FALSE(files.fileExists(R"(C:\b\x.mp3)"));
   EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
@@ -26,14 +28,14 @@ TEST_F(DeleteSongs, ReportsItsProgress) {
   addSong(R"(C:\a\x.mp3)");
   addSong(R"(C:\b\x.mp3)");
   addSong(R"(C:\y.mp3)");
-  deleteSongs(files, progress, catalogueFile, Names{"y", "x"});
+  deleteSongs(files, progress, catalogueFile, Names{"y", "x"}, deleted_);
   EXPECT_EQ(progress.updates, (std::vector<std::string>{"1/3", "2/3", "3/3"}));
   EXPECT_EQ(progress.ends, 1);
 }
 
 TEST_F(DeleteSongs, SkipsNamesWithoutARecord) {
   addSong(R"(C:\x.mp3)");
-  deleteSongs(files, progress, catalogueFile, Names{"gone", "X", "x"});
+  deleteSongs(files, progress, catalogueFile, Names{"gone", "X", "x"}, deleted_);
   EXPECT_FALSE(files.fileExists(R"(C:\x.mp3)"));
 }
 
@@ -44,6 +46,7 @@ TEST_F(DeleteSongs, StopsAtAMissingFile) {
   EXPECT_EQ(failureOfDeleting({"x", "gone", "y"}), ErrorNumber::fileNotFound);
   EXPECT_FALSE(files.fileExists(R"(C:\x.mp3)"));
   EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
+  EXPECT_EQ(deleted_, 1U);
   EXPECT_EQ(progress.ends, 1);
 }
 
@@ -73,6 +76,34 @@ TEST_F(DeleteSongs, DeletesTheFilesOfTheFirstNameBeforeATruncatedRecord) {
   EXPECT_EQ(failureOfDeleting({"x", "y"}), ErrorNumber::inputPastEnd);
   EXPECT_FALSE(files.fileExists(R"(C:\x.mp3)"));
   EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
+}
+
+TEST_F(DeleteSongs, DeletesNothingThatIsNotNamedLikeASong) {
+  files.addTextFile(R"(C:\thesis.odt)", "x");
+  std::string record;
+  appendRecord(record, {R"(C:\thesis.odt)", "A", "B", "Tiger.mp3"});
+  files.addTextFile(catalogueFile, record);
+  EXPECT_EQ(failureOfDeleting({"Tiger"}), ErrorNumber::fileNotFound);
+  EXPECT_TRUE(files.fileExists(R"(C:\thesis.odt)"));
+}
+
+TEST_F(DeleteSongs, StopsIfTheUserCancels) {
+  addSong(R"(C:\x.mp3)");
+  addSong(R"(C:\y.mp3)");
+  progress.cancelAfter = 2;
+  deleteSongs(files, progress, catalogueFile, Names{"x", "y"}, deleted_);
+  EXPECT_EQ(deleted_, 1U);
+  EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
+}
+
+TEST_F(DeleteSongs, CountsEachFileAndFolderOnce) {
+  addSong(R"(C:\a\x.mp3)");
+  addSong(R"(C:\a\y.mp3)");
+  addSong(R"(C:\b\x.mp3)");
+  const SongFiles found = countSongFiles(files, catalogueFile, Names{"x", "y", "x", "gone"});
+  EXPECT_EQ(found.files, 3U);
+  EXPECT_EQ(found.folders, 2U);
+  EXPECT_EQ(countSongFiles(files, R"(C:\none)", {}).files, 0U);
 }
 
 }  // namespace

@@ -147,6 +147,7 @@ TYPED_TEST(FileWritingContract, ACopyIsCompleteAndReportsItsProgress) {
                            EXPECT_EQ(size, content.size());
                            EXPECT_FALSE(this->files().fileExists(this->at({"f", "b.mp3"})));
                            last = copied;
+                           return true;
                          });
   EXPECT_EQ(last, content.size());
   EXPECT_TRUE(this->backend_.content(this->at({"f", "b.mp3"})) == content);
@@ -157,10 +158,39 @@ TYPED_TEST(FileWritingContract, ACopyIsCompleteAndReportsItsProgress) {
 TYPED_TEST(FileWritingContract, ACancelledCopyLeavesNothing) {
   this->backend_.addFile(this->at({"a.mp3"}), "x");
   this->backend_.addFolder(this->at({"f"}));
+  EXPECT_FALSE(this->files().copyFile(this->at({"a.mp3"}), this->at({"f", "b.mp3"}), false,
+                                      [](std::uint64_t, std::uint64_t) { return false; }));
+  EXPECT_EQ(this->namesIn(this->at({"f"})), Names{});
   EXPECT_THROW(this->files().copyFile(this->at({"a.mp3"}), this->at({"f", "b.mp3"}), false,
-                                      [](std::uint64_t, std::uint64_t) { throw 1; }),
+                                      [](std::uint64_t, std::uint64_t) -> bool { throw 1; }),
                int);
   EXPECT_EQ(this->namesIn(this->at({"f"})), Names{});
+}
+
+TYPED_TEST(FileWritingContract, AMoveReplacesItsTarget) {
+  this->backend_.addFile(this->at({"f", "a.mp3"}), "new");
+  this->backend_.addFile(this->at({"f", "b.mp3"}), "old");
+  EXPECT_TRUE(this->files().moveFile(this->at({"f", "a.mp3"}), this->at({"f", "b.mp3"})));
+  EXPECT_EQ(this->backend_.content(this->at({"f", "b.mp3"})), "new");
+  EXPECT_EQ(this->namesIn(this->at({"f"})), Names{"b.mp3"});
+}
+
+TYPED_TEST(FileWritingContract, AMoveFailsAsACopyDoes) {
+  this->backend_.addFile(this->at({"f", "a.mp3"}), "x");
+  this->backend_.addFolder(this->at({"f", "b.mp3"}));
+  const auto moving = [this](const std::string& from, const std::string& to) {
+    try {
+      this->files().moveFile(from, to);
+    } catch (const RuntimeError& error) {
+      return static_cast<int>(error.number());
+    }
+    return 0;
+  };
+  EXPECT_EQ(moving(this->at({"f", "gone.mp3"}), this->at({"f", "c.mp3"})), 53);
+  EXPECT_EQ(moving(this->at({"f", "a.mp3"}), this->at({"f", "b.mp3"})), 70);
+  EXPECT_EQ(moving(this->at({"f", "a.mp3"}), this->at({"f", "a.mp3"})), 70);
+  EXPECT_EQ(moving(this->at({"f", "a.mp3"}), this->at({"none", "c.mp3"})), 76);
+  EXPECT_EQ(this->backend_.content(this->at({"f", "a.mp3"})), "x");
 }
 
 TYPED_TEST(FileWritingContract, ACopyReplacesItsTargetOnlyIfOverwritingIsOn) {

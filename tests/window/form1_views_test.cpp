@@ -42,6 +42,7 @@ class TestWindow : public FormHost {
   void show(Form&) override { queueStateSize(); }
   void unload(Form&) override {}
   void captionChanged(Form&) override {}
+  void statusChanged(Form&) override {}
   void stateChanged(Form&) override { queueStateSize(); }
   void resizeTo(Form&, double width, double height) override {
     normal_ = {width, height};

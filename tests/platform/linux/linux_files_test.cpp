@@ -176,7 +176,10 @@ TEST_F(LinuxFilesTest, ACopyOntoAnotherNameOfItsOwnFileIsRefused) {
 
 TEST_F(LinuxFilesTest, ATargetThatAppearsDuringACopyIsNotOverwritten) {
   writeFile(folder_ / "a.mp3", "x");
-  const auto meanwhile = [&](std::uint64_t, std::uint64_t) { writeFile(folder_ / "b.mp3", "other"); };
+  const auto meanwhile = [&](std::uint64_t, std::uint64_t) {
+    writeFile(folder_ / "b.mp3", "other");
+    return true;
+  };
   EXPECT_EQ(errorOf([&] { files_.copyFile(folder_ / "a.mp3", folder_ / "b.mp3", false, meanwhile); }), 58);
   EXPECT_EQ(files_.openForReading(folder_ / "b.mp3")->bytes(), "other");
   EXPECT_EQ(files_.contents(folder_.path()).files, (Names{"a.mp3", "b.mp3"}));
