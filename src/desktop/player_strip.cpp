@@ -117,7 +117,7 @@ PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
   play_ = addButton(QStringLiteral("playerPlay"), "play", QStringLiteral("Play"));
   stop_ = addButton(QStringLiteral("playerStop"), "stop", QStringLiteral("Stop"));
   next_ = addButton(QStringLiteral("playerNext"), "next", QStringLiteral("Next song"));
-  way_ = addSlider(QStringLiteral("playerWay"), QStringLiteral("Geometry in the song"));
+  way_ = addSlider(QStringLiteral("playerWay"), QStringLiteral("Place in the song"));
   way_->setRange(0, wayParts);
   mute_ = addButton(QStringLiteral("playerMute"), "volume", QStringLiteral("Mute"));
   mute_->setCheckable(true);
