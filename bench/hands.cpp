@@ -14,7 +14,7 @@
 #include <QWindow>
 #include <stdexcept>
 
-#include "desktop/look.h"
+#include "desktop/theme/theme.h"
 
 namespace plimo::bench {
 

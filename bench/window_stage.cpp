@@ -5,8 +5,8 @@
 #include <exception>
 
 #include "bench_shell.h"
-#include "desktop/desktop.h"
-#include "desktop/look.h"
+#include "desktop/shell/desktop.h"
+#include "desktop/theme/theme.h"
 
 namespace plimo::bench {
 
@@ -31,7 +31,7 @@ void Stage::give(const std::string& command, const std::function<void()>& act, c
 }
 
 std::vector<Gap> playWindow(FileSystemObject& files, const std::function<void(Stage&)>& script) {
-  installLook(*qApp);
+  installTheme(*qApp);
   QApplication::setQuitOnLastWindowClosed(false);
   NoLauncher launcher;
   Desktop desktop(files, launcher);

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "app/program.h"
-#include "desktop/desktop.h"
-#include "desktop/look.h"
+#include "desktop/shell/desktop.h"
+#include "desktop/theme/theme.h"
 #include "main/native.h"
 #include "platform/mpv/m3u_entries.h"
 
@@ -116,7 +116,7 @@ int main(int count, char** words) {
   QApplication::setApplicationName(QString::fromUtf8(plimo::programName));
   QApplication::setDesktopFileName(QStringLiteral("plimo"));
   QApplication::setQuitOnLastWindowClosed(false);
-  plimo::installLook(application);
+  plimo::installTheme(application);
   QIcon icon(QStringLiteral(":/art/plimo.svg"));
   icon.addFile(QStringLiteral(":/art/plimo-small.svg"), QSize(16, 16));
   QApplication::setWindowIcon(icon);

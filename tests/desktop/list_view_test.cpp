@@ -1,5 +1,5 @@
 // A list on the screen, painted into memory.
-#include "desktop/list_view.h"
+#include "desktop/widgets/list_view.h"
 
 #include <gtest/gtest.h>
 
@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "controls/form.h"
-#include "desktop/binder.h"
-#include "desktop/list_access.h"
+#include "desktop/binders/binder.h"
+#include "desktop/widgets/list_accessible.h"
 
 namespace plimo {
 namespace {
@@ -188,7 +188,7 @@ TEST_F(ListOnScreen, ShowsControlCharactersAndBytesThatAreNoText) {
 }
 
 TEST_F(ListOnScreen, TellsAssistiveToolsOfItsRowsOneByOne) {
-  installListAccess();
+  installListAccessible();
   ListView& view = show(artists_);
   fill(artists_, million);
   artists_.userTick(2, true);

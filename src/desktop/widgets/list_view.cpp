@@ -1,0 +1,272 @@
+#include "desktop/widgets/list_view.h"
+
+#include <QAccessible>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QToolTip>
+#include <algorithm>
+
+#include "desktop/theme/theme.h"
+
+namespace plimo {
+
+namespace {
+
+constexpr int outline = 3;  // the list's own frame, which a Shape may cover
+
+int margin() { return scaled(4); }      // between the frame and the rows' texts
+int rowPadding() { return scaled(6); }  // above and below a row's text together
+
+QString scrollBarSheet(const ListColours& colours) {
+  return scaledSheet(
+             QStringLiteral("QScrollBar { background: %1; width: 12px; margin: 0; border: none; }"
+                            "QScrollBar::handle { background: %2; border-radius: 4px; margin: 2px; min-height: 24px; }"
+                            "QScrollBar::handle:hover { background: %3; }"
+                            "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
+                            "QScrollBar::add-page, QScrollBar::sub-page { background: none; }"))
+      .arg(qcolor(colours.background).name(), qcolor(colours.quiet).name(), qcolor(colours.mark).name());
+}
+
+}  // namespace
+
+ListView::ListView(ListBox& model, QWidget* parent) : QAbstractScrollArea(parent), model_(model) {
+  setFrameStyle(QFrame::Box | QFrame::Plain);
+  setLineWidth(outline);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusPolicy(Qt::StrongFocus);
+  viewport()->setMouseTracking(true);
+  viewport()->setCursor(Qt::ArrowCursor);
+  setAttribute(Qt::WA_InputMethodEnabled, false);
+  measure();
+  constexpr int dragInterval = 60;
+  dragTimer_.setInterval(dragInterval);
+  connect(&dragTimer_, &QTimer::timeout, this, [this] { extendToPointer(viewport()->mapFromGlobal(QCursor::pos())); });
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+    if (!programMoves_) model_.userScroll();
+  });
+}
+
+void ListView::measure() { rowHeight_ = fontMetrics().height() + rowPadding(); }
+
+std::size_t ListView::top() const { return static_cast<std::size_t>(verticalScrollBar()->value()); }
+
+std::size_t ListView::pageRows() const {
+  return static_cast<std::size_t>(std::max(1, viewport()->height() / rowHeight_));
+}
+
+void ListView::updateRange() {
+  const int rows = static_cast<int>(std::min<std::size_t>(model_.count(), 1U << 30));
+  const int page = static_cast<int>(pageRows());
+  programMoves_ = true;
+  verticalScrollBar()->setPageStep(page);
+  verticalScrollBar()->setRange(0, std::max(0, rows - page));
+  programMoves_ = false;
+}
+
+void ListView::rowsChanged() {
+  updateRange();
+  dragged_.reset();
+  viewport()->update();
+}
+
+void ListView::rowsAppended(std::size_t first) {
+  updateRange();
+  if (first <= top() + pageRows()) viewport()->update();
+}
+
+void ListView::selectionChanged() { viewport()->update(); }
+
+void ListView::currentChanged() {
+  viewport()->update();
+  if (model_.current() == shownCurrent_) return;
+  shownCurrent_ = model_.current();
+  if (shownCurrent_) reveal(*shownCurrent_);
+  announceCurrent();
+}
+
+void ListView::topChanged() {
+  programMoves_ = true;
+  verticalScrollBar()->setValue(static_cast<int>(std::clamp<long>(model_.top(), 0, 1L << 30)));
+  programMoves_ = false;
+}
+
+void ListView::setColours(const ListColours& colours) {
+  colours_ = colours;
+  verticalScrollBar()->setStyleSheet(scrollBarSheet(colours_));
+  viewport()->update();
+  update();
+}
+
+void ListView::reveal(std::size_t row) {
+  const std::size_t page = pageRows();
+  std::size_t wanted = top();
+  if (row < wanted) wanted = row;
+  if (row >= wanted + page) wanted = row - page + 1;
+  programMoves_ = true;
+  verticalScrollBar()->setValue(static_cast<int>(wanted));
+  programMoves_ = false;
+}
+
+QRect ListView::rowRect(std::size_t row) const {
+  const auto offset = static_cast<long long>(row) - static_cast<long long>(top());
+  const auto y = std::clamp<long long>(offset * rowHeight_, -(1 << 28), 1 << 28);
+  return {0, static_cast<int>(y), viewport()->width(), rowHeight_};
+}
+
+std::optional<std::size_t> ListView::rowAt(const QPoint& point) const {
+  if (point.y() < 0) return std::nullopt;
+  const std::size_t row = top() + static_cast<std::size_t>(point.y() / rowHeight_);
+  if (row >= model_.count()) return std::nullopt;
+  return row;
+}
+
+QPoint ListView::menuPlace() const {
+  if (!model_.current()) return viewport()->mapToGlobal(QPoint(rowHeight_, 0));
+  const QRect row = rowRect(*model_.current()).intersected(viewport()->rect());
+  return viewport()->mapToGlobal(QPoint(rowHeight_, row.bottom()));
+}
+
+QString ListView::rowText(std::size_t row) const {
+  QString text = qstring(model_.text(row));
+  // A line break or another control character in a file's name is shown by its picture.
+  constexpr char16_t firstPicture = 0x2400;
+  for (QChar& c : text) {
+    if (c.unicode() < ' ') c = QChar(static_cast<char16_t>(firstPicture + c.unicode()));
+  }
+  return text;
+}
+
+QRect ListView::boxRect(const QRect& row) const {
+  if (model_.style() != ListBox::Style::checkBoxes) return {};
+  const int side = std::min(rowHeight_ - rowPadding(), scaled(16));
+  return {row.left() + margin(), row.top() + (row.height() - side) / 2, side, side};
+}
+
+void ListView::paintEvent(QPaintEvent* event) {
+  QPainter painter(viewport());
+  painter.fillRect(event->rect(), qcolor(colours_.background));
+  const auto first = top() + static_cast<std::size_t>(std::max(0, event->rect().top()) / rowHeight_);
+  for (std::size_t row = first; row < model_.count(); ++row) {
+    const QRect rect = rowRect(row);
+    if (rect.top() > event->rect().bottom()) break;
+    paintRow(painter, row, rect);
+  }
+}
+
+void ListView::paintRow(QPainter& painter, std::size_t row, const QRect& rect) const {
+  const bool boxes = model_.style() == ListBox::Style::checkBoxes;
+  const bool selected = model_.selected(row) && !boxes;
+  const bool isCurrent = model_.current() == row;
+  QColor textColour = qcolor(colours_.text);
+  if (selected) {
+    painter.fillRect(rect, qcolor(colours_.selectedBackground));
+    textColour = qcolor(colours_.selectedText);
+  } else if (isCurrent) {
+    painter.fillRect(rect, qcolor(colours_.currentBackground));
+  }
+  QRect textPlace = rect.adjusted(margin(), 0, -margin(), 0);
+  if (boxes) {
+    const QRect box = boxRect(rect);
+    paintBox(painter, box, model_.selected(row), textColour);
+    textPlace.setLeft(box.right() + 1 + 2 * margin());
+  }
+  painter.setPen(isEnabled() ? textColour : qcolor(colours_.quiet));
+  const QString whole = rowText(row);
+  const QString text = painter.fontMetrics().elidedText(whole, Qt::ElideRight, textPlace.width());
+  // What is cut off of a text that runs from right to left is its left end; all begin at the same edge all the same.
+  painter.setLayoutDirection(whole.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+  painter.drawText(textPlace, Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+  if (secondaryText) {
+    const QRect rest = textPlace.adjusted(painter.fontMetrics().horizontalAdvance(text) + 2 * spacing(), 0, 0, 0);
+    if (!selected) painter.setPen(qcolor(colours_.quiet));
+    painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(secondaryText(row), Qt::ElideMiddle, std::max(0, rest.width())));
+  }
+  if (!isCurrent) return;
+  const Rgb ring = hasFocus() ? (selected ? colours_.selectedText : colours_.mark) : colours_.quiet;
+  painter.setPen(QPen(qcolor(ring), 1, hasFocus() ? Qt::SolidLine : Qt::DotLine));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(rect.adjusted(1, 1, -2, -2));
+}
+
+void ListView::paintBox(QPainter& painter, const QRect& box, bool ticked, const QColor& textColour) const {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRectF square = QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5);
+  const QColor mark = qcolor(colours_.mark);
+  painter.setPen(QPen(ticked ? mark : qcolor(colours_.quiet), 1.4));
+  painter.setBrush(ticked ? QBrush(mark) : Qt::NoBrush);
+  painter.drawRoundedRect(square, square.width() / 5, square.width() / 5);
+  if (ticked) {
+    painter.setPen(QPen(qcolor(readable(colours_.background, colours_.mark, 3)), square.width() / 8, Qt::SolidLine,
+                        Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    const auto at = [&square](double x, double y) {
+      return QPointF(square.left() + square.width() * x, square.top() + square.height() * y);
+    };
+    painter.drawPolyline(QPolygonF{{at(0.24, 0.52), at(0.43, 0.72), at(0.78, 0.3)}});
+  }
+  painter.restore();
+  painter.setPen(textColour);
+}
+
+void ListView::resizeEvent(QResizeEvent*) {
+  updateRange();
+  viewport()->update();
+}
+
+void ListView::scrollContentsBy(int, int) { viewport()->update(); }
+
+void ListView::focusInEvent(QFocusEvent*) {
+  viewport()->update();
+  update();
+  announceCurrent();
+}
+
+void ListView::focusOutEvent(QFocusEvent*) {
+  viewport()->update();
+  update();
+}
+
+bool ListView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip && secondaryText) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const auto row = rowAt(help->pos());
+    QToolTip::showText(help->globalPos(), row ? plainTip(secondaryText(*row)) : QString(), viewport());
+    return true;
+  }
+  return QAbstractScrollArea::viewportEvent(event);
+}
+
+// The list's own frame shows where the keyboard is; it belongs to the area, not to the viewport.
+bool ListView::event(QEvent* event) {
+  const bool done = QAbstractScrollArea::event(event);
+  if (event->type() == QEvent::Paint) {
+    QPainter painter(this);
+    const int width = hasFocus() ? 2 : 1;
+    painter.setPen(QPen(qcolor(hasFocus() ? colours_.mark : mix(colours_.background, colours_.quiet, 0.5)), width,
+                        Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const double half = width / 2.0;
+    painter.drawRect(QRectF(rect()).adjusted(half, half, -half, -half));
+  }
+  return done;
+}
+
+void ListView::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    measure();
+    updateRange();
+    if (event->type() == QEvent::FontChange) verticalScrollBar()->setStyleSheet(scrollBarSheet(colours_));
+  }
+  QAbstractScrollArea::changeEvent(event);
+}
+
+void ListView::announceCurrent() {
+  if (!hasFocus() || !QAccessible::isActive()) return;
+  QAccessibleEvent event(this, QAccessible::Focus);
+  event.setChild(model_.current() ? static_cast<int>(*model_.current()) : -1);
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace plimo
