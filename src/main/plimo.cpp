@@ -12,6 +12,7 @@
 
 #include "app/program.h"
 #include "desktop/shell/desktop.h"
+#include "desktop/theme/strings.h"
 #include "desktop/theme/theme.h"
 #include "main/native.h"
 #include "platform/mpv/m3u_entries.h"

@@ -1,6 +1,10 @@
 #include <QPainter>
 
 #include "desktop/binders/binder.h"
+#include "desktop/theme/contrast.h"
+#include "desktop/theme/painting.h"
+#include "desktop/theme/scaling.h"
+#include "desktop/theme/strings.h"
 #include "desktop/theme/theme.h"
 #include "desktop/widgets/return_activates_button.h"
 
@@ -11,9 +15,9 @@ namespace {
 // Designed in this colour, a button wears the window's look; any other colour is its own.
 constexpr Colour plain = 0xFFFFFF;
 
-class ButtonWidget : public ReturnActivatesButton {
+class ButtonWidget : public ReturnActivatesButton<QAbstractButton> {
  public:
-  explicit ButtonWidget(QWidget* parent) : ReturnActivatesButton(parent) {
+  explicit ButtonWidget(QWidget* parent) : ReturnActivatesButton<QAbstractButton>(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
   }
@@ -47,7 +51,7 @@ class ButtonWidget : public ReturnActivatesButton {
     QRect textPlace = rect().adjusted(3, 1, -3, -1);
     if (isDown()) textPlace.translate(0, 1);
     paintCaption(painter, textPlace, text(), Qt::AlignCenter);
-    if (hasFocus()) paintRing(painter, rect(), radius());
+    if (hasFocus()) paintFocusRing(painter, rect(), radius());
   }
 
  private:
@@ -69,13 +73,12 @@ class ButtonBinder : public Binder {
 
  private:
   ButtonWidget* button_;
-  ObserverScope observerScope_{control(), *this};
 };
 
 }  // namespace
 
 std::unique_ptr<Binder> bindButton(Control& button, QWidget* parent) {
-  return std::make_unique<ButtonBinder>(button, parent);
+  return makeBinder<ButtonBinder>(button, parent);
 }
 
 }  // namespace plimo

@@ -5,6 +5,9 @@
 #include <QRadioButton>
 
 #include "desktop/binders/binder.h"
+#include "desktop/theme/painting.h"
+#include "desktop/theme/scaling.h"
+#include "desktop/theme/strings.h"
 #include "desktop/theme/theme.h"
 
 namespace plimo {
@@ -38,7 +41,7 @@ void paintChoice(QAbstractButton& button, double corner, bool round) {
   painter.setPen(button.isEnabled() ? theme().text : theme().quiet);
   const QRect textPlace = button.rect().adjusted(markSide() + 2 + spacing(), 0, -2, 0);
   paintCaption(painter, textPlace, button.text(), Qt::AlignLeft | Qt::AlignVCenter);
-  if (button.hasFocus()) paintRing(painter, button.rect(), 4);
+  if (button.hasFocus()) paintFocusRing(painter, button.rect(), 4);
 }
 
 // The model flips, not the widget: it follows the control's value.
@@ -107,17 +110,16 @@ class ChoiceBinder : public Binder {
  private:
   Model& model_;
   Widget* choice_;
-  ObserverScope observerScope_{model_, *this};
 };
 
 }  // namespace
 
 std::unique_ptr<Binder> bindCheckBox(CheckBox& box, QWidget* parent) {
-  return std::make_unique<ChoiceBinder<CheckBox, CheckBoxWidget>>(box, new CheckBoxWidget(parent));
+  return makeBinder<ChoiceBinder<CheckBox, CheckBoxWidget>>(box, new CheckBoxWidget(parent));
 }
 
 std::unique_ptr<Binder> bindOptionButton(OptionButton& option, QWidget* parent) {
-  return std::make_unique<ChoiceBinder<OptionButton, OptionWidget>>(option, new OptionWidget(option, parent));
+  return makeBinder<ChoiceBinder<OptionButton, OptionWidget>>(option, new OptionWidget(option, parent));
 }
 
 }  // namespace plimo

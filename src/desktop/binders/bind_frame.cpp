@@ -1,9 +1,10 @@
-// Frames, which are cards with a title, and the outlines around the lists.
 #include <QGroupBox>
 #include <QPainter>
 #include <algorithm>
 
 #include "desktop/binders/binder.h"
+#include "desktop/theme/scaling.h"
+#include "desktop/theme/strings.h"
 #include "desktop/theme/theme.h"
 
 namespace plimo {
@@ -47,73 +48,10 @@ class FrameBinder : public Binder {
 
  private:
   CardWidget* card_;
-  ObserverScope observerScope_{control(), *this};
-};
-
-class ShapeWidget : public QWidget {
- public:
-  ShapeWidget(Shape& model, QWidget* parent) : QWidget(parent), model_(model) {
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-    setAttribute(Qt::WA_NoSystemBackground);
-  }
-
-  // Only the outline is there: what lies within is not covered, and need not be painted twice.
-  void cutOut() {
-    const int width = model_.borderWidth();
-    const bool rectangle = model_.outline() == Shape::Outline::rectangle;
-    const QRegion whole(rect(), rectangle ? QRegion::Rectangle : QRegion::Ellipse);
-    const QRect inner = rect().adjusted(width, width, -width, -width);
-    setMask(whole.subtracted(QRegion(inner, rectangle ? QRegion::Rectangle : QRegion::Ellipse)));
-  }
-
- protected:
-  void resizeEvent(QResizeEvent*) override { cutOut(); }
-
-  void paintEvent(QPaintEvent*) override {
-    const Control* list = framedList();
-    if (list == nullptr) return;
-    QPainter painter(this);
-    const ListColours colours = listColours(list->foreColour(), list->backColour());
-    const bool hasKeyboard = model_.form().focus() == list;
-    painter.fillRect(rect(), qcolor(hasKeyboard ? colours.mark : colours.quiet));
-  }
-
- private:
-  // The list that the shape lies upon.
-  const Control* framedList() const {
-    for (const Control* control : model_.form().controls()) {
-      if (control->kind() != ControlKind::listBox || !control->showing()) continue;
-      const QWidget* widget = parentWidget()->findChild<QWidget*>(qstring(control->name()), Qt::FindDirectChildrenOnly);
-      if (widget != nullptr && widget->geometry() == geometry()) return control;
-    }
-    return nullptr;
-  }
-
-  Shape& model_;
-};
-
-class ShapeBinder : public Binder {
- public:
-  ShapeBinder(Shape& shape, QWidget* parent) : Binder(shape, new ShapeWidget(shape, parent)) {}
-
- protected:
-  void changed(Property property) override {
-    if (property == Property::value) static_cast<ShapeWidget*>(widget())->cutOut();
-    widget()->update();
-  }
-
- private:
-  ObserverScope observerScope_{control(), *this};
 };
 
 }  // namespace
 
-std::unique_ptr<Binder> bindFrame(Control& frame, QWidget* parent) {
-  return std::make_unique<FrameBinder>(frame, parent);
-}
-
-std::unique_ptr<Binder> bindShape(Shape& shape, QWidget* parent) {
-  return std::make_unique<ShapeBinder>(shape, parent);
-}
+std::unique_ptr<Binder> bindFrame(Control& frame, QWidget* parent) { return makeBinder<FrameBinder>(frame, parent); }
 
 }  // namespace plimo

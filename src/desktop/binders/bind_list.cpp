@@ -2,6 +2,8 @@
 #include <optional>
 
 #include "desktop/binders/binder.h"
+#include "desktop/theme/contrast.h"
+#include "desktop/theme/strings.h"
 #include "desktop/theme/theme.h"
 #include "desktop/widgets/list_view.h"
 

@@ -4,7 +4,8 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "desktop/theme/theme.h"
+#include "desktop/theme/scaling.h"
+#include "desktop/theme/strings.h"
 
 namespace plimo {
 

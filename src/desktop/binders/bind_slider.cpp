@@ -1,153 +1,32 @@
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QPainter>
-#include <QSlider>
-#include <algorithm>
-#include <cmath>
-
 #include "desktop/binders/binder.h"
-#include "desktop/theme/theme.h"
+#include "desktop/widgets/colour_slider.h"
 
 namespace plimo {
 
 namespace {
 
-double knob() { return scaled(9); }  // its radius
-int numberWidth() { return scaled(38); }
-
-class ColourSlider : public QSlider {
- public:
-  ColourSlider(Slider& model, QWidget* parent) : QSlider(Qt::Horizontal, parent), model_(model) {
-    setRange(Slider::minimum, Slider::maximum);
-    setSingleStep(Slider::smallStep);
-    setPageStep(Slider::largeStep);
-    setFocusPolicy(Qt::StrongFocus);
-    full_ = model.name() == "Slider1"   ? QColor(0xFF, 0x30, 0x30)
-            : model.name() == "Slider2" ? QColor(0x20, 0xC0, 0x40)
-                                        : QColor(0x40, 0x60, 0xFF);
-  }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF line = track();
-    QLinearGradient gradient(line.topLeft(), line.topRight());
-    gradient.setColorAt(0, Qt::black);
-    gradient.setColorAt(1, full_);
-    painter.setPen(QPen(theme().border, 1));
-    painter.setBrush(gradient);
-    painter.drawRoundedRect(line, line.height() / 2, line.height() / 2);
-    const QPointF centre(xOf(value()), line.center().y());
-    painter.setPen(QPen(theme().quiet, 1));
-    painter.setBrush(theme().button);
-    painter.drawEllipse(centre, knob(), knob());
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(full_);
-    painter.drawEllipse(centre, knob() * 0.55, knob() * 0.55);
-    painter.setPen(theme().text);
-    painter.drawText(rect().adjusted(width() - numberWidth(), 0, -4, 0), Qt::AlignRight | Qt::AlignVCenter,
-                     QString::number(value()));
-    if (hasFocus()) paintRing(painter, rect(), 4);
-  }
-
-  void mousePressEvent(QMouseEvent* event) override {
-    if (event->button() != Qt::LeftButton) return;
-    held_ = true;
-    const double offset = event->position().x() - xOf(value());
-    grip_ = std::abs(offset) <= knob() ? offset : 0;
-    if (std::abs(offset) > knob()) model_.userClickAt(valueAt(event->position().x()));
-  }
-
-  void mouseMoveEvent(QMouseEvent* event) override {
-    if (!held_) return;
-    const int wanted = valueAt(event->position().x() - grip_);
-    if (wanted != model_.value()) model_.userDrag(wanted);
-  }
-
-  void mouseReleaseEvent(QMouseEvent*) override { held_ = false; }
-
-  void wheelEvent(QWheelEvent* event) override {
-    const int steps = event->angleDelta().y() > 0 ? Slider::largeStep : -Slider::largeStep;
-    model_.userDrag(std::clamp(model_.value() + steps, Slider::minimum, Slider::maximum));
-    event->accept();
-  }
-
-  void keyPressEvent(QKeyEvent* event) override {
-    int wanted = model_.value();
-    switch (event->key()) {
-      case Qt::Key_Left:
-      case Qt::Key_Down:
-        wanted -= Slider::smallStep;
-        break;
-      case Qt::Key_Right:
-      case Qt::Key_Up:
-        wanted += Slider::smallStep;
-        break;
-      case Qt::Key_PageDown:
-        wanted -= Slider::largeStep;
-        break;
-      case Qt::Key_PageUp:
-        wanted += Slider::largeStep;
-        break;
-      case Qt::Key_Home:
-        wanted = Slider::minimum;
-        break;
-      case Qt::Key_End:
-        wanted = Slider::maximum;
-        break;
-      default:
-        QSlider::keyPressEvent(event);
-        return;
-    }
-    model_.userKey(std::clamp(wanted, Slider::minimum, Slider::maximum));
-  }
-
- private:
-  QRectF track() const {
-    const double thickness = scaled(8);
-    const double end = knob() + 3;
-    return {end, (height() - thickness) / 2.0, std::max(1.0, width() - numberWidth() - 2 * end), thickness};
-  }
-  double xOf(int value) const { return track().left() + track().width() * value / Slider::maximum; }
-  int valueAt(double x) const {
-    const double part = (x - track().left()) / track().width();
-    return static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * Slider::maximum));
-  }
-
-  Slider& model_;
-  QColor full_;
-  bool held_ = false;
-  double grip_ = 0;  // from the knob()'s centre to where it was taken
-};
-
 class SliderBinder : public Binder {
  public:
   SliderBinder(Slider& slider, QWidget* parent)
-      : Binder(slider, new ColourSlider(slider, parent)),
-        slider_(slider),
-        shown_(static_cast<ColourSlider*>(widget())) {
-    // Assistive tools move the widget itself.
-    QObject::connect(shown_, &QSlider::valueChanged, shown_, [&slider](int value) {
+      : Binder(slider, new ColourSlider(slider, parent)), slider_(slider), view_(static_cast<ColourSlider*>(widget())) {
+    // Assistive tools set the widget's value directly.
+    QObject::connect(view_, &QSlider::valueChanged, view_, [&slider](int value) {
       if (value != slider.value()) slider.userDrag(value);
     });
   }
 
  protected:
   void changed(Property property) override {
-    if (property == Property::value) shown_->setValue(slider_.value());
+    if (property == Property::value) view_->setValue(slider_.value());
   }
 
  private:
   Slider& slider_;
-  ColourSlider* shown_;
-  ObserverScope observerScope_{slider_, *this};
+  ColourSlider* view_;
 };
 
 }  // namespace
 
-std::unique_ptr<Binder> bindSlider(Slider& slider, QWidget* parent) {
-  return std::make_unique<SliderBinder>(slider, parent);
-}
+std::unique_ptr<Binder> bindSlider(Slider& slider, QWidget* parent) { return makeBinder<SliderBinder>(slider, parent); }
 
 }  // namespace plimo

@@ -1,6 +1,6 @@
 #include "desktop/binders/binder.h"
 
-#include "desktop/theme/theme.h"
+#include "desktop/theme/strings.h"
 #include "desktop/theme/units.h"
 
 namespace plimo {
@@ -11,6 +11,8 @@ Binder::Binder(Control& control, QWidget* widget) : control_(control), widget_(w
   widget_->setMouseTracking(true);
   widget_->hide();
 }
+
+Binder::~Binder() { control_.removeObserver(*this); }
 
 void Binder::propertyChanged(Property property) {
   switch (property) {

@@ -1,9 +1,10 @@
-// Ties one control to one widget: hears of the control's changes, and hands what the user does to the control's own
-// doors. One file for each kind, bind_*.cpp.
+// Connects one control of the model with one widget: it applies the control's changes to the widget, and passes the
+// user's input to the control's user-input API. One file for each kind of control, bind_*.cpp.
 #pragma once
 
 #include <QWidget>
 #include <memory>
+#include <utility>
 
 #include "controls/drive_list.h"
 #include "controls/folder_list.h"
@@ -15,24 +16,24 @@ namespace plimo {
 
 class MpvPlayer;
 
-// The widget of a control has the control's name as its object name, so that tools and tests find it.
+// The widget has the control's name as its object name, so that tools and tests find it. It belongs to its parent.
 class Binder : public ControlObserver {
  public:
   Binder(Control& control, QWidget* widget);
-  ~Binder() override = default;
+  ~Binder() override;
 
   Control& control() const { return control_; }
   QWidget* widget() const { return widget_; }
 
   void propertyChanged(Property property) override;
-  // Shows or hides the widget as the control says, and only where `allowed`. Put off until the window is painted, so
-  // that a control hidden and shown again in one handler neither flickers nor loses the keyboard.
+  // Shows or hides the widget as the control says, and only if `allowed`. Deferred until the window is painted, so that
+  // a control hidden and shown again in one handler neither flickers nor loses the keyboard focus.
   void applyVisible(bool allowed);
-  // The widget that takes the keyboard for this control; null for none.
+  // The widget that takes the keyboard focus for this control; null for none.
   virtual QWidget* focusTarget() const { return widget_; }
 
  protected:
-  // What a kind of control has in addition to what all have.
+  // Applies a property that only this kind of control has, or that its widget shows in its own way.
   virtual void changed(Property property) = 0;
 
  private:
@@ -40,7 +41,15 @@ class Binder : public ControlObserver {
   QWidget* widget_;
 };
 
-// What a control is to someone who cannot see where it stands; empty where its caption says it.
+// Makes a binder and applies the control's present state to it.
+template <class T, class... Arguments>
+std::unique_ptr<Binder> makeBinder(Arguments&&... arguments) {
+  auto binder = std::make_unique<T>(std::forward<Arguments>(arguments)...);
+  binder->control().addObserver(*binder);
+  return binder;
+}
+
+// The accessible name of a control that has no caption; empty if the caption is enough.
 QString accessibleNameOf(const Control& control);
 
 std::unique_ptr<Binder> bindButton(Control& button, QWidget* parent);
@@ -55,20 +64,5 @@ std::unique_ptr<Binder> bindList(ListBox& list, QWidget* parent);
 std::unique_ptr<Binder> bindDriveList(DriveList& drives, QWidget* parent);
 std::unique_ptr<Binder> bindFolderList(FolderList& folders, QWidget* parent);
 std::unique_ptr<Binder> bindPlayer(Control& control, MpvPlayer& player, QWidget* parent);
-
-// Takes an observer away from its control when it goes; the last member of a binder.
-class ObserverScope {
- public:
-  ObserverScope(Control& control, ControlObserver& observer) : control_(control), observer_(observer) {
-    control_.addObserver(observer_);
-  }
-  ObserverScope(const ObserverScope&) = delete;
-  ObserverScope& operator=(const ObserverScope&) = delete;
-  ~ObserverScope() { control_.removeObserver(observer_); }
-
- private:
-  Control& control_;
-  ControlObserver& observer_;
-};
 
 }  // namespace plimo

@@ -5,7 +5,7 @@
 #include <QTimer>
 
 #include "desktop/shell/mpv_loader.h"
-#include "desktop/theme/theme.h"
+#include "desktop/theme/strings.h"
 #include "desktop/widgets/list_accessible.h"
 #include "desktop/widgets/widget_accessible.h"
 

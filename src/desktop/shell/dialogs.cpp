@@ -9,7 +9,8 @@
 #include <QMessageBox>
 
 #include "app/program.h"
-#include "desktop/theme/theme.h"
+#include "desktop/theme/scaling.h"
+#include "desktop/theme/strings.h"
 
 namespace plimo {
 

@@ -4,7 +4,7 @@
 #include <QLocale>
 
 #include "desktop/shell/progress_panel.h"
-#include "desktop/theme/theme.h"
+#include "desktop/theme/strings.h"
 #include "desktop/widgets/player_strip.h"
 
 namespace plimo {

@@ -5,6 +5,8 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "desktop/theme/scaling.h"
+#include "desktop/theme/style_sheet.h"
 #include "desktop/theme/theme.h"
 
 namespace plimo {
@@ -41,7 +43,7 @@ void ProgressPanel::begin(const QString& title, bool cancellable) {
   part_ = -1;
   animationStep_ = 0;
   cancelled_ = false;
-  setStyleSheet(windowSheet());
+  setStyleSheet(windowStyleSheet());
   setGeometry(parentWidget()->rect());
   cancel_->setVisible(cancellable);
   cancel_->setEnabled(true);

@@ -23,6 +23,10 @@ Rgb rgbOf(Colour colour) {
   return {channel(0), channel(8), channel(16)};
 }
 
+Rgb rgbOf(const QColor& colour) { return {colour.red(), colour.green(), colour.blue()}; }
+
+QColor qcolor(Rgb colour) { return {colour.red, colour.green, colour.blue}; }
+
 double luminance(Rgb colour) {
   return 0.2126 * linear(colour.red) + 0.7152 * linear(colour.green) + 0.0722 * linear(colour.blue);
 }

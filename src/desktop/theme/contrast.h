@@ -1,6 +1,8 @@
 // Colours that can be told apart, by the relative luminance of their light.
 #pragma once
 
+#include <QColor>
+
 #include "controls/control.h"
 
 namespace plimo {
@@ -16,6 +18,8 @@ inline constexpr Rgb black{0, 0, 0};
 inline constexpr Rgb white{255, 255, 255};
 
 Rgb rgbOf(Colour colour);
+Rgb rgbOf(const QColor& colour);
+QColor qcolor(Rgb colour);
 
 // 0 for black to 1 for white.
 double luminance(Rgb colour);

@@ -7,7 +7,10 @@
 #include <QToolTip>
 #include <algorithm>
 
-#include "desktop/theme/theme.h"
+#include "desktop/theme/contrast.h"
+#include "desktop/theme/scaling.h"
+#include "desktop/theme/strings.h"
+#include "desktop/theme/style_sheet.h"
 
 namespace plimo {
 
@@ -19,7 +22,7 @@ int margin() { return scaled(4); }      // between the frame and the rows' texts
 int rowPadding() { return scaled(6); }  // above and below a row's text together
 
 QString scrollBarSheet(const ListColours& colours) {
-  return scaledSheet(
+  return scaledStyleSheet(
              QStringLiteral("QScrollBar { background: %1; width: 12px; margin: 0; border: none; }"
                             "QScrollBar::handle { background: %2; border-radius: 4px; margin: 2px; min-height: 24px; }"
                             "QScrollBar::handle:hover { background: %3; }"

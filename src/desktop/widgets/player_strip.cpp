@@ -11,6 +11,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/theme/art.h"
+#include "desktop/theme/painting.h"
+#include "desktop/theme/scaling.h"
+#include "desktop/theme/strings.h"
+#include "desktop/theme/style_sheet.h"
 #include "desktop/theme/theme.h"
 #include "platform/mpv/mpv_player.h"
 
@@ -64,7 +69,7 @@ class JumpSlider : public QSlider {
     painter.setBrush(isEnabled() ? theme().accent : theme().border);
     painter.drawRoundedRect(QRectF(end, middle - half, x - end, 2 * half), half, half);
     if (isEnabled()) painter.drawEllipse(QPointF(x, middle), 3 * half, 3 * half);
-    if (hasFocus()) paintRing(painter, rect(), 4);
+    if (hasFocus()) paintFocusRing(painter, rect(), 4);
   }
 
  private:
@@ -185,11 +190,12 @@ void PlayerStrip::changeEvent(QEvent* event) {
 // What follows the window's scale.
 void PlayerStrip::applyStyle() {
   note_->setFont(smallFont());
-  const QString sheet = scaledSheet(QStringLiteral("QToolButton { border: none; border-radius: 6px; padding: 3px; }"
-                                                   "QToolButton:hover { background: %1; }"
-                                                   "QToolButton:pressed, QToolButton:checked { background: %2; }"
-                                                   "QToolButton:focus { border: 2px solid %3; padding: 1px; }"))
-                            .arg(theme().buttonHover.name(), theme().buttonPressed.name(), theme().focus.name());
+  const QString sheet =
+      scaledStyleSheet(QStringLiteral("QToolButton { border: none; border-radius: 6px; padding: 3px; }"
+                                      "QToolButton:hover { background: %1; }"
+                                      "QToolButton:pressed, QToolButton:checked { background: %2; }"
+                                      "QToolButton:focus { border: 2px solid %3; padding: 1px; }"))
+          .arg(theme().buttonHover.name(), theme().buttonPressed.name(), theme().focus.name());
   for (QToolButton* button : {previous_, play_, stop_, next_, mute_}) button->setStyleSheet(sheet);
 }
 

@@ -1,4 +1,4 @@
-// A button that Return presses as blank does.
+// A button that the Return key presses as the space bar does.
 #pragma once
 
 #include <QAbstractButton>
@@ -6,16 +6,17 @@
 
 namespace plimo {
 
-class ReturnActivatesButton : public QAbstractButton {
+template <class Button>
+class ReturnActivatesButton : public Button {
  public:
-  using QAbstractButton::QAbstractButton;
+  using Button::Button;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-      click();
+      this->click();
     } else {
-      QAbstractButton::keyPressEvent(event);
+      Button::keyPressEvent(event);
     }
   }
 };

@@ -5,6 +5,10 @@
 #include <algorithm>
 
 #include "controls/simple_controls.h"
+#include "desktop/theme/art.h"
+#include "desktop/theme/contrast.h"
+#include "desktop/theme/painting.h"
+#include "desktop/theme/scaling.h"
 #include "desktop/theme/theme.h"
 #include "desktop/theme/units.h"
 
