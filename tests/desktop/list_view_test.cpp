@@ -189,6 +189,7 @@ TEST_F(ListOnScreen, ShowsControlCharactersAndBytesThatAreNoText) {
 
 TEST_F(ListOnScreen, TellsAssistiveToolsOfItsRowsOneByOne) {
   installListAccessible();
+  artists_.setAccessibleName("Artists");
   ListView& view = show(artists_);
   fill(artists_, million);
   artists_.userTick(2, true);

@@ -1,5 +1,5 @@
 #include <QHash>
-#include <optional>
+#include <QPalette>
 
 #include "desktop/binders/binder.h"
 #include "desktop/theme/contrast.h"
@@ -28,20 +28,18 @@ class ListBinder : public Binder, public ListObserver {
   ListBinder(ListBox& list, QWidget* parent)
       : Binder(list, new ListView(list, parent)), list_(list), view_(static_cast<ListView*>(widget())) {
     view_->setAutoFillBackground(true);
+    if (list.secondaryText) view_->secondaryText = [this](std::size_t row) { return secondaryText(row); };
     list_.addRowObserver(*this);
-    // A letter alone says little: the root folder is shown next to each drive.
-    if (list.name() == "List5" || list.name() == "List7")
-      view_->secondaryText = [this](std::size_t row) { return root(row); };
   }
   ~ListBinder() override { list_.removeRowObserver(*this); }
 
   void propertyChanged(Property property) override { Binder::propertyChanged(property); }
   void rowsReset() override {
-    roots_.reset();
+    secondaryTexts_.clear();
     view_->rowsChanged();
   }
   void rowsAppended(std::size_t first, std::size_t) override {
-    roots_.reset();
+    secondaryTexts_.clear();
     view_->rowsAppended(first);
   }
   void rowsRemoved(std::size_t, std::size_t) override { view_->rowsChanged(); }
@@ -55,31 +53,28 @@ class ListBinder : public Binder, public ListObserver {
     const ListColours colours = ownColours() ? listColours(list_.foreColour(), list_.backColour()) : themeColours();
     QPalette palette = view_->palette();
     palette.setColor(QPalette::Window, qcolor(colours.background));
-    palette.setColor(QPalette::WindowText, qcolor(colours.background));  // the frame as the toolkit draws it
+    palette.setColor(QPalette::WindowText, qcolor(colours.background));  // hides the toolkit's frame
     view_->setPalette(palette);
     view_->setColours(colours);
   }
 
  private:
-  // A list in a panel as plain as it was made wears the window's look.
+  // A list in a panel that has the default colours is painted in those of the theme.
   bool ownColours() const {
     return list_.container() == nullptr || list_.foreColour() != 0 || list_.backColour() != 0xFFFFFF;
   }
 
-  // The root folder of the drive whose letter the row begins with.
-  QString root(std::size_t row) {
-    if (!roots_) {
-      roots_.emplace();
-      const auto* drives = static_cast<const DriveList*>(list_.form().find("Drive2"));
-      for (const DriveList::Entry& entry : drives->source()) roots_->insert(entry.letter, qstring(entry.root));
-    }
+  QString secondaryText(std::size_t row) {
     const std::string_view text = list_.text(row);
-    return text.empty() ? QString() : roots_->value(text.front());
+    const QByteArray key(text.data(), static_cast<qsizetype>(text.size()));
+    const auto known = secondaryTexts_.constFind(key);
+    return known != secondaryTexts_.constEnd() ? *known
+                                               : *secondaryTexts_.insert(key, qstring(list_.secondaryText(text)));
   }
 
   ListBox& list_;
   ListView* view_;
-  std::optional<QHash<char, QString>> roots_;  // by drive letter, as when the rows were filled
+  QHash<QByteArray, QString> secondaryTexts_;  // by the row's text; cleared when rows are added
 };
 
 }  // namespace

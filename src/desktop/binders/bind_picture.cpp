@@ -9,7 +9,7 @@ namespace {
 class PictureBinder : public Binder {
  public:
   PictureBinder(Picture& picture, QWidget* parent)
-      : Binder(picture, new PictureButton(picture.form().find("List1") == nullptr, parent)),
+      : Binder(picture, new PictureButton(picture.stretched(), parent)),
         picture_(picture),
         button_(static_cast<PictureButton*>(widget())) {
     QObject::connect(button_, &QAbstractButton::clicked, button_, [&picture] { picture.userClick(); });

@@ -49,9 +49,6 @@ std::unique_ptr<Binder> makeBinder(Arguments&&... arguments) {
   return binder;
 }
 
-// The accessible name of a control that has no caption; empty if the caption is enough.
-QString accessibleNameOf(const Control& control);
-
 std::unique_ptr<Binder> bindButton(Control& button, QWidget* parent);
 std::unique_ptr<Binder> bindCheckBox(CheckBox& box, QWidget* parent);
 std::unique_ptr<Binder> bindOptionButton(OptionButton& option, QWidget* parent);

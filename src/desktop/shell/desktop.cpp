@@ -48,8 +48,8 @@ Desktop::~Desktop() {
 
 void Desktop::bindWindows() {
   Form1& form1 = program_.form1();
-  main_ = std::make_unique<FormWindow>(form1, player_, [&form1] { return form1.comp; });
-  splash_ = std::make_unique<FormWindow>(program_.splash(), player_, [] { return false; });
+  main_ = std::make_unique<FormWindow>(form1, &form1, player_, [&form1] { return form1.comp; });
+  splash_ = std::make_unique<FormWindow>(program_.splash(), nullptr, player_, [] { return false; });
   for (FormWindow* window : {main_.get(), splash_.get()}) {
     window->acceptsInput = [this] { return !blocker_.isBlocked(); };
     window->form().setHost(this);

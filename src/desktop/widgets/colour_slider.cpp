@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/theme/contrast.h"
 #include "desktop/theme/painting.h"
 #include "desktop/theme/scaling.h"
 #include "desktop/theme/theme.h"
@@ -24,9 +25,7 @@ ColourSlider::ColourSlider(Slider& model, QWidget* parent) : QSlider(Qt::Horizon
   setSingleStep(Slider::smallStep);
   setPageStep(Slider::largeStep);
   setFocusPolicy(Qt::StrongFocus);
-  full_ = model.name() == "Slider1"   ? QColor(0xFF, 0x30, 0x30)
-          : model.name() == "Slider2" ? QColor(0x20, 0xC0, 0x40)
-                                      : QColor(0x40, 0x60, 0xFF);
+  full_ = qcolor(rgbOf(model.foreColour()));
 }
 
 void ColourSlider::paintEvent(QPaintEvent*) {

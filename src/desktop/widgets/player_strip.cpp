@@ -142,6 +142,7 @@ PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
   connect(seek_, &QSlider::valueChanged, this, [this](int value) {
     if (!updating_) player_.seek(player_.state().duration * value / seekSteps);
   });
+  setFocusProxy(play_);
   applyStyle();
   player_.changed = [this] { showState(); };
   showState();

@@ -4,11 +4,11 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "controls/simple_controls.h"
 #include "desktop/theme/art.h"
 #include "desktop/theme/contrast.h"
 #include "desktop/theme/painting.h"
 #include "desktop/theme/scaling.h"
+#include "desktop/theme/strings.h"
 #include "desktop/theme/theme.h"
 #include "desktop/theme/units.h"
 
@@ -16,17 +16,36 @@ namespace plimo {
 
 namespace {
 
-QString counted(std::size_t number, const char* one, const char* many) {
+QString logoName() { return QStringLiteral("plimo"); }
+QString programTitle() { return QStringLiteral("Plimo!"); }
+
+QRect rectOf(const Control& control) { return pixelRect(control.geometry()); }
+
+// "1 song", "1,234 songs".
+QString counted(std::size_t count, const char* singular, const char* plural) {
   const QLocale english(QLocale::English);
-  return english.toString(static_cast<qulonglong>(number)) + QLatin1Char(' ') +
-         QString::fromUtf8(number == 1 ? one : many);
+  return english.toString(static_cast<qulonglong>(count)) + QLatin1Char(' ') +
+         QString::fromLatin1(count == 1 ? singular : plural);
+}
+
+// One line of text, elided if it does not fit.
+void paintLine(QPainter& painter, const QRect& area, Qt::Alignment alignment, const QString& text) {
+  painter.drawText(area, static_cast<int>(alignment) | Qt::TextSingleLine,
+                   painter.fontMetrics().elidedText(text, Qt::ElideRight, area.width()));
 }
 
 }  // namespace
 
-FormCanvas::FormCanvas(const Form& form, QWidget* parent) : QWidget(parent), form_(form) {
-  setObjectName(QStringLiteral("canvas"));
-}
+// A column of the main window: its list, the handles of its strip, and the words for its rows.
+struct FormCanvas::Column {
+  const ListBox& list;
+  const Picture& closedHandle;
+  const Picture& openHandle;
+  const char* oneRow;
+  const char* manyRows;
+};
+
+FormCanvas::FormCanvas(const Form1Controls* controls) : controls_(controls) { setObjectName(QStringLiteral("canvas")); }
 
 void FormCanvas::refresh(bool compact) {
   compact_ = compact;
@@ -36,12 +55,13 @@ void FormCanvas::refresh(bool compact) {
   }
 }
 
-// Everything that the painting depends on, in one row of bytes.
+// Everything that the painting depends on.
 QByteArray FormCanvas::paintFingerprint() const {
   QByteArray state;
   const auto put = [&state](auto value) { state.append(reinterpret_cast<const char*>(&value), sizeof value); };
   put(compact_);
-  for (const Control* control : form_.controls()) {
+  if (controls_ == nullptr) return state;
+  for (const Control* control : controls_->List1.form().controls()) {
     if (control->container() != nullptr || control->kind() == ControlKind::menu) continue;
     put(control->visible());
     if (control->kind() == ControlKind::slider) put(static_cast<const Slider*>(control)->value());
@@ -52,158 +72,140 @@ QByteArray FormCanvas::paintFingerprint() const {
   return state;
 }
 
-const Control* FormCanvas::shown(const char* name) const {
-  const Control* control = form_.find(name);
-  return control != nullptr && control->showing() ? control : nullptr;
-}
-
-QRect FormCanvas::placeOf(const char* name) const {
-  const Control* control = form_.find(name);
-  return control == nullptr ? QRect() : pixelRect(control->geometry());
-}
-
 void FormCanvas::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  // The player is a card: alone, it has the whole window.
+  // In the compact view the player, which is a card, fills the window.
   painter.fillRect(rect(), compact_ ? theme().card : theme().window);
-  if (compact_ || form_.find("List2") == nullptr) return;
-  static constexpr Column columns[] = {
-      {"List2", "List2", "Picture1", "Picture4", "Artists", "artist", "artists"},
-      {"List1", "List1", "Picture2", "Picture5", "Scratch playlist", "song", "songs"},
-      {"List4", "List6", "Picture3", "Picture6", "Final playlist", "song", "songs"},
-  };
-  for (const Column& column : columns) paintHeading(painter, column);
-  paintFoot(painter);
-  paintBrand(painter);
-  paintBand(painter);
+  if (compact_ || controls_ == nullptr) return;
+  const Form1Controls& c = *controls_;
+  const ListBox& finalList = c.List4.showing() ? c.List4 : c.List6;
+  paintHeading(painter, {c.List2, c.Picture1, c.Picture4, "artist", "artists"});
+  paintHeading(painter, {c.List1, c.Picture2, c.Picture5, "song", "songs"});
+  paintHeading(painter, {finalList, c.Picture3, c.Picture6, "song", "songs"});
+  paintLogoUnderArtists(painter);
+  paintHint(painter);
+  paintLogoBesidePanel(painter);
+  paintFirstRunBand(painter);
   paintMixedColour(painter);
 }
 
 void FormCanvas::paintHeading(QPainter& painter, const Column& column) const {
-  const Control* control = shown(column.list);
-  if (control == nullptr) control = shown(column.otherList);
-  if (control == nullptr) return;
-  const auto& list = static_cast<const ListBox&>(*control);
-  const bool folded = shown(column.closedHandle) != nullptr;
-  if (!folded && shown(column.openHandle) == nullptr) return;
-  const QRect listPlace = pixelRect(list.geometry());
-  const QRect handle = placeOf(column.closedHandle);
-  const QString title = QString::fromUtf8(column.title);
+  const ListBox& list = column.list;
+  const bool folded = column.closedHandle.showing();
+  if (!list.showing() || (!folded && !column.openHandle.showing())) return;
+  const QRect listRect = rectOf(list);
+  const QRect handle = rectOf(column.closedHandle);
   QString count = counted(list.count(), column.oneRow, column.manyRows);
   if (list.selectedCount() > 0) {
-    const bool boxes = list.style() == ListBox::Style::checkBoxes;
-    count += QStringLiteral("  ·  ") +
-             counted(list.selectedCount(), boxes ? "ticked" : "selected", boxes ? "ticked" : "selected");
+    const char* state = list.style() == ListBox::Style::checkBoxes ? "ticked" : "selected";
+    count += QStringLiteral("  ·  ") + counted(list.selectedCount(), state, state);
   }
   if (!folded) {
-    // The strip's buttons stand where the heading was: a short one next to the handle.
+    // The strip's buttons cover the heading: only the count is shown, next to the handle.
     const int left = handle.right() + spacing();
-    QRect countPlace(left, handle.top(), listPlace.right() - left, handle.height());
-    if (shown("Picture7") != nullptr && placeOf("Picture7").intersects(countPlace)) {
-      countPlace.setRight(placeOf("Picture7").left() - spacing());
-    }
+    QRect countRect(left, handle.top(), listRect.right() - left, handle.height());
+    const QRect play = rectOf(controls_->Picture7);
+    if (controls_->Picture7.showing() && play.intersects(countRect)) countRect.setRight(play.left() - spacing());
     painter.setFont(font());
     painter.setPen(theme().quiet);
-    painter.drawText(countPlace, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
-                     painter.fontMetrics().elidedText(count, Qt::ElideRight, countPlace.width()));
+    paintLine(painter, countRect, Qt::AlignRight | Qt::AlignVCenter, count);
     return;
   }
-  QFont large = titleFont();
   const int top = handle.bottom() + spacing();
-  const int height = listPlace.top() - spacing() / 2 - top;
-  constexpr double share = 0.55;  // of the height, for the title
-  const int wanted = std::clamp(static_cast<int>(height * share * 0.8), scaled(14), height > 100 ? 40 : 26);
-  large.setPixelSize(wanted);
+  const int height = listRect.top() - spacing() / 2 - top;
+  constexpr double titleShare = 0.55;  // of the height
+  QFont large = titleFont();
+  large.setPixelSize(std::clamp(static_cast<int>(height * titleShare * 0.8), scaled(14), height > 100 ? 40 : 26));
   painter.setFont(large);
   painter.setPen(theme().text);
-  const QRect titlePlace(listPlace.left() + 2, top, listPlace.width() - 4, static_cast<int>(height * share));
-  painter.drawText(titlePlace, Qt::AlignLeft | Qt::AlignBottom | Qt::TextSingleLine,
-                   painter.fontMetrics().elidedText(title, Qt::ElideRight, titlePlace.width()));
+  const QRect titleRect(listRect.left() + 2, top, listRect.width() - 4, static_cast<int>(height * titleShare));
+  paintLine(painter, titleRect, Qt::AlignLeft | Qt::AlignBottom, qstring(list.accessibleName()));
   painter.setFont(font());
   painter.setPen(theme().quiet);
-  const QRect countPlace(titlePlace.left(), titlePlace.bottom() + 1, titlePlace.width(),
-                         top + height - titlePlace.bottom());
-  painter.drawText(countPlace, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                   painter.fontMetrics().elidedText(count, Qt::ElideRight, countPlace.width()));
+  const QRect countRect(titleRect.left(), titleRect.bottom() + 1, titleRect.width(), top + height - titleRect.bottom());
+  paintLine(painter, countRect, Qt::AlignLeft | Qt::AlignVCenter, count);
 }
 
-void FormCanvas::paintFoot(QPainter& painter) const {
-  if (shown("List2") == nullptr) return;
-  const QRect list = placeOf("List2");
-  const QRect player = placeOf("MediaPlayer1");
+void FormCanvas::paintLogoUnderArtists(QPainter& painter) const {
+  if (!controls_->List2.showing()) return;
+  const QRect list = rectOf(controls_->List2);
+  const QRect player = rectOf(controls_->MediaPlayer1);
   const int side = std::clamp(player.height() / 2, scaled(24), 88);
-  const QRect mark(list.left(), player.center().y() - side / 2, side, side);
-  paintArt(painter, QStringLiteral("plimo"), mark, Qt::KeepAspectRatio);
-  const QRect words(mark.right() + spacing(), mark.top(), list.right() - mark.right() - spacing(), side);
+  const QRect logo(list.left(), player.center().y() - side / 2, side, side);
+  paintArt(painter, logoName(), logo, Qt::KeepAspectRatio);
+  const QRect title(logo.right() + spacing(), logo.top(), list.right() - logo.right() - spacing(), side);
   painter.setFont(titleFont());
   painter.setPen(theme().text);
-  painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Plimo!"));
-  const bool handles = shown("Picture3") != nullptr || shown("Picture6") != nullptr;
-  if (shown("MediaPlayer1") != nullptr || player.left() < list.right() || !handles) return;
-  painter.setFont(font());
-  painter.setPen(theme().quiet);
-  QPen dashes(theme().border, 1, Qt::DashLine);
+  painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter, programTitle());
+}
+
+// In place of the player, as long as it is not shown.
+void FormCanvas::paintHint(QPainter& painter) const {
+  const Form1Controls& c = *controls_;
+  const QRect player = rectOf(c.MediaPlayer1);
+  const bool strips = c.Picture3.showing() || c.Picture6.showing();
+  if (!c.List2.showing() || !strips || c.MediaPlayer1.showing() || player.left() < rectOf(c.List2).right()) return;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(dashes);
+  painter.setPen(QPen(theme().border, 1, Qt::DashLine));
   painter.drawRoundedRect(QRectF(player).adjusted(0.5, 0.5, -0.5, -0.5), radius(), radius());
   painter.restore();
+  painter.setFont(font());
+  painter.setPen(theme().quiet);
   paintCaption(painter, player.adjusted(spacing(), 0, -spacing(), 0),
                QStringLiteral("Double-click a song on the final playlist to play from there on."), Qt::AlignCenter);
 }
 
-// The settings or the welcome alone leave half of the ground bare.
-void FormCanvas::paintBrand(QPainter& painter) const {
-  const bool settings = shown("Frame1") != nullptr;
-  if (settings == (shown("Frame2") != nullptr)) return;
-  const QRect panel = placeOf(settings ? "Frame1" : "Frame2");
-  QRect bare(0, panel.top(), panel.left(), panel.height());
-  if (!settings) bare = QRect(panel.right(), panel.top(), width() - panel.right(), panel.height());
-  const int side = std::min(bare.width(), bare.height()) / 2;
-  QRect mark(0, 0, side, side);
-  mark.moveCenter(bare.center() - QPoint(0, side / 6));
-  paintArt(painter, QStringLiteral("plimo"), mark, Qt::KeepAspectRatio);
+// The settings or the welcome alone leave half of the window empty.
+void FormCanvas::paintLogoBesidePanel(QPainter& painter) const {
+  const bool settings = controls_->Frame1.showing();
+  if (settings == controls_->Frame2.showing()) return;
+  const QRect panel = rectOf(settings ? controls_->Frame1 : controls_->Frame2);
+  QRect empty(0, panel.top(), panel.left(), panel.height());
+  if (!settings) empty = QRect(panel.right(), panel.top(), width() - panel.right(), panel.height());
+  const int side = std::min(empty.width(), empty.height()) / 2;
+  QRect logo(0, 0, side, side);
+  logo.moveCenter(empty.center() - QPoint(0, side / 6));
+  paintArt(painter, logoName(), logo, Qt::KeepAspectRatio);
   painter.setFont(titleFont());
   painter.setPen(theme().quiet);
-  const QRect words(bare.left(), mark.bottom() + spacing(), bare.width(), painter.fontMetrics().height() + spacing());
-  painter.drawText(words, Qt::AlignCenter, QStringLiteral("Plimo!"));
+  const QRect title(empty.left(), logo.bottom() + spacing(), empty.width(), painter.fontMetrics().height() + spacing());
+  painter.drawText(title, Qt::AlignCenter, programTitle());
 }
 
-// The first run leaves the band between the handles and the panels bare; strips unfolded stand there.
-void FormCanvas::paintBand(QPainter& painter) const {
-  if (shown("List2") != nullptr || shown("Frame2") == nullptr || shown("Frame1") == nullptr) return;
-  if (shown("Picture1") == nullptr || shown("Picture2") == nullptr || shown("Picture3") == nullptr) return;
-  const QRect panel = placeOf("Frame2");
-  const int top = placeOf("Picture1").bottom() + spacing();
-  const QRect band(panel.left(), top, placeOf("Frame1").right() - panel.left(), panel.top() - spacing() - top);
+// The first run leaves the band between the handles and the panels empty, unless a strip is open there.
+void FormCanvas::paintFirstRunBand(QPainter& painter) const {
+  const Form1Controls& c = *controls_;
+  if (c.List2.showing() || !c.Frame2.showing() || !c.Frame1.showing()) return;
+  if (!c.Picture1.showing() || !c.Picture2.showing() || !c.Picture3.showing()) return;
+  const QRect panel = rectOf(c.Frame2);
+  const int top = rectOf(c.Picture1).bottom() + spacing();
+  const QRect band(panel.left(), top, rectOf(c.Frame1).right() - panel.left(), panel.top() - spacing() - top);
   const int side = std::min(band.height(), scaled(96));
-  const QRect mark(band.left(), band.center().y() - side / 2, side, side);
-  paintArt(painter, QStringLiteral("plimo"), mark, Qt::KeepAspectRatio);
-  const QRect words(mark.right() + 2 * spacing(), mark.top(), band.right() - mark.right() - 2 * spacing(), side);
+  const QRect logo(band.left(), band.center().y() - side / 2, side, side);
+  paintArt(painter, logoName(), logo, Qt::KeepAspectRatio);
+  const int left = logo.right() + 2 * spacing();
+  const QRect text(left, logo.top(), band.right() - left, side);
   QFont large = titleFont();
   large.setPixelSize(std::max(6, side * 2 / 5));
   painter.setFont(large);
   painter.setPen(theme().text);
-  painter.drawText(words.adjusted(0, 0, 0, -side * 2 / 5), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                   QStringLiteral("Plimo!"));
+  painter.drawText(text.adjusted(0, 0, 0, -side * 2 / 5), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                   programTitle());
   painter.setFont(readingFont());
   painter.setPen(theme().quiet);
-  paintCaption(painter, words.adjusted(0, side * 3 / 5, 0, 0),
+  paintCaption(painter, text.adjusted(0, side * 3 / 5, 0, 0),
                QStringLiteral("Choose the drives that hold your songs, and accept: the rest is listening."),
                Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void FormCanvas::paintMixedColour(QPainter& painter) const {
-  const Control* red = shown("Slider1");
-  const Control* green = shown("Slider2");
-  const Control* blue = shown("Slider3");
-  if (red == nullptr || green == nullptr || blue == nullptr) return;
-  const auto value = [](const Control* slider) { return static_cast<const Slider*>(slider)->value(); };
-  const Rgb mixed{value(red), value(green), value(blue)};
-  const QRect sliders = placeOf("Slider1").united(placeOf("Slider3"));
-  const QRect next = placeOf("accept");
-  QRect swatch(sliders.right() + 2 * spacing(), sliders.top(), next.left() - sliders.right() - 4 * spacing(),
-               sliders.height());
+  const Form1Controls& c = *controls_;
+  if (!c.Slider1.showing() || !c.Slider2.showing() || !c.Slider3.showing()) return;
+  const Rgb mixed{c.Slider1.value(), c.Slider2.value(), c.Slider3.value()};
+  const QRect sliders = rectOf(c.Slider1).united(rectOf(c.Slider3));
+  const int left = sliders.right() + 2 * spacing();
+  const QRect swatch(left, sliders.top(), rectOf(c.accept).left() - 2 * spacing() - left, sliders.height());
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(theme().border, 1));

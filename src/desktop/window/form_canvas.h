@@ -1,48 +1,39 @@
-// The ground of a window, on which its controls stand: headings over the lists, a hint where the player will be, and
-// the colour that the sliders mix. It only reads the models.
+// The background of a window, on which its controls are placed. In the main window it paints the headings over the
+// lists, a hint in place of the player, and the colour that the sliders mix. It only reads the models.
 #pragma once
 
 #include <QByteArray>
 #include <QWidget>
 
-#include "controls/form.h"
-#include "controls/list_box.h"
+#include "app/form1_controls.h"
 
 namespace plimo {
 
 class FormCanvas : public QWidget {
  public:
-  FormCanvas(const Form& form, QWidget* parent);
-  // Paints anew where what it shows has changed.
+  // Null for a window with nothing but a plain background. The controls must outlive the canvas.
+  explicit FormCanvas(const Form1Controls* controls);
+
+  // Repaints if what the painting depends on has changed. `compact`: only the player is visible.
   void refresh(bool compact);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  // A column of the main window: its list (or the list in its place), its strip's handles, and a word for its rows.
-  struct Column {
-    const char* list;
-    const char* otherList;
-    const char* closedHandle;
-    const char* openHandle;
-    const char* title;
-    const char* oneRow;
-    const char* manyRows;
-  };
+  struct Column;
 
   void paintHeading(QPainter& painter, const Column& column) const;
-  void paintFoot(QPainter& painter) const;
-  void paintBrand(QPainter& painter) const;
-  void paintBand(QPainter& painter) const;
+  void paintHint(QPainter& painter) const;
+  void paintLogoUnderArtists(QPainter& painter) const;
+  void paintLogoBesidePanel(QPainter& painter) const;
+  void paintFirstRunBand(QPainter& painter) const;
   void paintMixedColour(QPainter& painter) const;
   QByteArray paintFingerprint() const;
-  const Control* shown(const char* name) const;
-  QRect placeOf(const char* name) const;
 
-  const Form& form_;
+  const Form1Controls* controls_;
   bool compact_ = false;
-  QByteArray painted_;  // what it showed last
+  QByteArray painted_;  // the fingerprint of what is on the screen
 };
 
 }  // namespace plimo

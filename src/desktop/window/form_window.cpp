@@ -20,14 +20,15 @@
 
 namespace plimo {
 
-FormWindow::FormWindow(Form& form, MpvPlayer& player, std::function<bool()> compact)
+FormWindow::FormWindow(Form& form, const Form1Controls* controls, MpvPlayer& player, std::function<bool()> compact)
     : form_(form), player_(player), compact_(std::move(compact)), panels_(form) {
   setObjectName(qstring(form.name()));
   setWindowTitle(qstring(form.caption()));
   setMouseTracking(true);
   menus_ = std::make_unique<BoundMenus>(form, *this);
   menuBar_ = menus_->bar();
-  canvas_ = new FormCanvas(form, this);
+  canvas_ = new FormCanvas(controls);
+  canvas_->setParent(this);
   canvas_->setMouseTracking(true);
   canvas_->installEventFilter(this);
   for (Control* control : form.controls()) bind(*control);
@@ -318,9 +319,7 @@ void FormWindow::refresh() {
   for (const auto& binder : binders_) {
     const bool inView = !compactView || binder->control().kind() == ControlKind::mediaPlayer;
     binder->applyVisible(inView && !panels_.covered(binder->control()));
-  }
-  if (compactView && !wasCompact_) {
-    if (auto* play = canvas_->findChild<QWidget*>(QStringLiteral("playerPlay"))) play->setFocus();
+    if (compactView && !wasCompact_ && inView) binder->widget()->setFocus();
   }
   wasCompact_ = compactView;
   canvas_->refresh(compactView);

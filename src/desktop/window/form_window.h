@@ -22,6 +22,7 @@ namespace plimo {
 
 class BoundMenus;
 class FormCanvas;
+struct Form1Controls;
 class TimerBinder;
 
 class FormWindow : public QWidget {
@@ -29,7 +30,7 @@ class FormWindow : public QWidget {
 
  public:
   // `compact` tells whether only the player is to be painted. All of them must outlive the window.
-  FormWindow(Form& form, MpvPlayer& player, std::function<bool()> compact);
+  FormWindow(Form& form, const Form1Controls* controls, MpvPlayer& player, std::function<bool()> compact);
   ~FormWindow() override;
 
   Form& form() const { return form_; }
