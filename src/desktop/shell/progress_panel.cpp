@@ -6,7 +6,6 @@
 #include <algorithm>
 
 #include "desktop/theme/scaling.h"
-#include "desktop/theme/style_sheet.h"
 #include "desktop/theme/theme.h"
 
 namespace plimo {
@@ -43,7 +42,6 @@ void ProgressPanel::begin(const QString& title, bool cancellable) {
   part_ = -1;
   animationStep_ = 0;
   cancelled_ = false;
-  setStyleSheet(windowStyleSheet());
   setGeometry(parentWidget()->rect());
   cancel_->setVisible(cancellable);
   cancel_->setEnabled(true);

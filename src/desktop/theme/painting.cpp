@@ -30,7 +30,7 @@ void paintTick(QPainter& painter, const QRectF& square, const QColor& colour) {
 
 void paintCaption(QPainter& painter, const QRect& area, const QString& caption, Qt::Alignment alignment) {
   const QFont usual = painter.font();
-  const int flags = static_cast<int>(alignment) | Qt::TextWordWrap;
+  const int flags = static_cast<int>(alignment) | Qt::TextWordWrap | Qt::TextShowMnemonic;
   constexpr double smallest = 0.75;
   // Narrower letters before much smaller ones.
   constexpr std::pair<double, int> attempts[] = {{1, 100},  {0.95, 100}, {0.9, 100}, {0.95, 90},
@@ -51,7 +51,7 @@ void paintCaption(QPainter& painter, const QRect& area, const QString& caption, 
   font.setStretch(attempts[std::size(attempts) - 1].second);
   painter.setFont(font);
   const QString shortened = QFontMetrics(font).elidedText(caption, Qt::ElideRight, area.width());
-  painter.drawText(area, static_cast<int>(alignment) | Qt::TextSingleLine, shortened);
+  painter.drawText(area, static_cast<int>(alignment) | Qt::TextSingleLine | Qt::TextShowMnemonic, shortened);
   painter.setFont(usual);
 }
 

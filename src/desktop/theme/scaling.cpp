@@ -51,8 +51,6 @@ void scaleToScreen() {
   QApplication::setFont(usualFont(now.screen));
 }
 
-double screenScale() { return scales().screen; }
-
 void setWindowSize(QSize size) {
   // In steps, so that a window drawn smaller by hand is not dressed anew with every pixel.
   constexpr double steps = 32;

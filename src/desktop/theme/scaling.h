@@ -8,8 +8,6 @@ namespace plimo {
 
 // Takes over the application's font and scales it to the primary screen. To be called once, before the first window.
 void scaleToScreen();
-// The scale of menus and dialogs, which follows the screen, from 0.5 to 1.
-double screenScale();
 
 // Sets the scale of the main window's contents by the window's size. The caller sets the widgets' fonts; widgets adapt
 // to the new scale in their font change event.

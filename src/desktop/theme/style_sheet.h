@@ -1,15 +1,11 @@
-// The style sheet of what the toolkit's style paints: menus, dialogs, fields and scroll bars.
+// The style sheet of menus, tooltips and dialogs, whose items the toolkit's style paints well but for their colours.
 #pragma once
 
 #include <QString>
 
 namespace plimo {
 
-// Scales the sizes in pixels of a style sheet to the window's present scale.
-QString scaledStyleSheet(QString sheet);
-// The application's style sheet, scaled to the screen.
-QString screenStyleSheet();
-// The same scaled to the window; empty if both scales are equal.
-QString windowStyleSheet();
+// Scaled to the screen.
+QString menuStyleSheet();
 
 }  // namespace plimo

@@ -2,9 +2,9 @@
 
 #include <QApplication>
 #include <QPalette>
-#include <QStyleFactory>
 
 #include "desktop/theme/scaling.h"
+#include "desktop/theme/style.h"
 #include "desktop/theme/style_sheet.h"
 
 namespace plimo {
@@ -62,6 +62,8 @@ QPalette paletteOf(const Theme& l) {
   p.setColor(QPalette::Button, l.button);
   p.setColor(QPalette::ButtonText, l.text);
   p.setColor(QPalette::BrightText, l.accent);
+  p.setColor(QPalette::Mid, l.border);  // the handles of scroll bars
+  p.setColor(QPalette::Dark, l.quiet);  // the same under the pointer
   p.setColor(QPalette::Highlight, l.accent);
   p.setColor(QPalette::HighlightedText, l.onAccent);
   p.setColor(QPalette::Link, l.accent);
@@ -79,10 +81,10 @@ QPalette paletteOf(const Theme& l) {
 
 void installTheme(QApplication& application) {
   current() = QApplication::palette().color(QPalette::Window).lightness() < 110 ? darkTheme() : lightTheme();
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(new Style);
   QApplication::setPalette(paletteOf(current()));
   scaleToScreen();
-  application.setStyleSheet(screenStyleSheet());
+  application.setStyleSheet(menuStyleSheet());
 }
 
 const Theme& theme() { return current(); }

@@ -102,11 +102,6 @@ void DriveBox::paintEvent(QPaintEvent*) {
   itemIcon(currentIndex()).paint(&painter, icon);
   paintDrive(painter, field.adjusted(scaled(24), 0, 0, 0), currentText(), currentData(rootRole).toString(),
              theme().text, theme().quiet);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(theme().quiet, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  const double arm = scaled(4);
-  const QPointF tip(width() - 3.5 * arm, height() / 2.0 + arm / 2);
-  painter.drawPolyline(QPolygonF{{tip + QPointF(-arm, -arm), tip, tip + QPointF(arm, -arm)}});
 }
 
 }  // namespace plimo

@@ -8,9 +8,9 @@
 #include <algorithm>
 
 #include "desktop/theme/contrast.h"
+#include "desktop/theme/painting.h"
 #include "desktop/theme/scaling.h"
 #include "desktop/theme/strings.h"
-#include "desktop/theme/style_sheet.h"
 
 namespace plimo {
 
@@ -20,16 +20,6 @@ constexpr int outline = 3;  // the list's own frame, which a Shape may cover
 
 int margin() { return scaled(4); }      // between the frame and the rows' texts
 int rowPadding() { return scaled(6); }  // above and below a row's text together
-
-QString scrollBarSheet(const ListColours& colours) {
-  return scaledStyleSheet(
-             QStringLiteral("QScrollBar { background: %1; width: 12px; margin: 0; border: none; }"
-                            "QScrollBar::handle { background: %2; border-radius: 4px; margin: 2px; min-height: 24px; }"
-                            "QScrollBar::handle:hover { background: %3; }"
-                            "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-                            "QScrollBar::add-page, QScrollBar::sub-page { background: none; }"))
-      .arg(qcolor(colours.background).name(), qcolor(colours.quiet).name(), qcolor(colours.mark).name());
-}
 
 }  // namespace
 
@@ -96,7 +86,10 @@ void ListView::topChanged() {
 
 void ListView::setColours(const ListColours& colours) {
   colours_ = colours;
-  verticalScrollBar()->setStyleSheet(scrollBarSheet(colours_));
+  QPalette handle = verticalScrollBar()->palette();
+  handle.setColor(QPalette::Mid, qcolor(colours.quiet));
+  handle.setColor(QPalette::Dark, qcolor(colours.mark));
+  verticalScrollBar()->setPalette(handle);
   viewport()->update();
   update();
 }
@@ -202,13 +195,7 @@ void ListView::paintBox(QPainter& painter, const QRect& box, bool ticked, const 
   painter.setBrush(ticked ? QBrush(mark) : Qt::NoBrush);
   painter.drawRoundedRect(square, square.width() / 5, square.width() / 5);
   if (ticked) {
-    painter.setPen(QPen(qcolor(readable(colours_.background, colours_.mark, 3)), square.width() / 8, Qt::SolidLine,
-                        Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
-    const auto at = [&square](double x, double y) {
-      return QPointF(square.left() + square.width() * x, square.top() + square.height() * y);
-    };
-    painter.drawPolyline(QPolygonF{{at(0.24, 0.52), at(0.43, 0.72), at(0.78, 0.3)}});
+    paintTick(painter, square, qcolor(readable(colours_.background, colours_.mark, 3)));
   }
   painter.restore();
   painter.setPen(textColour);
@@ -260,7 +247,6 @@ void ListView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
     measure();
     updateRange();
-    if (event->type() == QEvent::FontChange) verticalScrollBar()->setStyleSheet(scrollBarSheet(colours_));
   }
   QAbstractScrollArea::changeEvent(event);
 }

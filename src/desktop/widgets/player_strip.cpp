@@ -15,7 +15,6 @@
 #include "desktop/theme/painting.h"
 #include "desktop/theme/scaling.h"
 #include "desktop/theme/strings.h"
-#include "desktop/theme/style_sheet.h"
 #include "desktop/theme/theme.h"
 #include "platform/mpv/mpv_player.h"
 
@@ -191,13 +190,6 @@ void PlayerStrip::changeEvent(QEvent* event) {
 // What follows the window's scale.
 void PlayerStrip::applyStyle() {
   note_->setFont(smallFont());
-  const QString sheet =
-      scaledStyleSheet(QStringLiteral("QToolButton { border: none; border-radius: 6px; padding: 3px; }"
-                                      "QToolButton:hover { background: %1; }"
-                                      "QToolButton:pressed, QToolButton:checked { background: %2; }"
-                                      "QToolButton:focus { border: 2px solid %3; padding: 1px; }"))
-          .arg(theme().buttonHover.name(), theme().buttonPressed.name(), theme().focus.name());
-  for (QToolButton* button : {previous_, play_, stop_, next_, mute_}) button->setStyleSheet(sheet);
 }
 
 void PlayerStrip::layOut() {

@@ -13,7 +13,6 @@
 #include "desktop/binders/bind_timer.h"
 #include "desktop/theme/scaling.h"
 #include "desktop/theme/strings.h"
-#include "desktop/theme/style_sheet.h"
 #include "desktop/theme/units.h"
 #include "desktop/widgets/list_view.h"
 #include "desktop/window/form_canvas.h"
@@ -205,10 +204,6 @@ void FormWindow::fitFonts() {
   setWindowSize(size());
   if (windowScale() == before && font() == windowFont()) return;
   setFont(windowFont());
-  const QString sheet = windowStyleSheet();
-  for (QWidget* part : {static_cast<QWidget*>(menuBar_), static_cast<QWidget*>(canvas_)}) {
-    if (part->styleSheet() != sheet) part->setStyleSheet(sheet);
-  }
 }
 
 void FormWindow::layOut() {
