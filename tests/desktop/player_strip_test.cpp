@@ -10,6 +10,7 @@
 #include <QSlider>
 #include <QToolButton>
 
+#include "desktop/theme/strings.h"
 #include "platform_mpv/test_player.h"
 
 namespace plimo {

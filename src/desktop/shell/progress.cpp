@@ -5,7 +5,6 @@
 
 #include "desktop/shell/progress_panel.h"
 #include "desktop/theme/strings.h"
-#include "desktop/widgets/player_strip.h"
 
 namespace plimo {
 

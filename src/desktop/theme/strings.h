@@ -10,6 +10,9 @@ namespace plimo {
 QString qstring(std::string_view text);  // invalid UTF-8 becomes replacement characters
 std::string bytesOf(const QString& text);
 
+// "3:05", with hours "1:03:05".
+QString clockText(double seconds);
+
 // A tooltip's text, escaped if it would be taken for markup: it may be a file's name.
 QString plainTip(const QString& text);
 

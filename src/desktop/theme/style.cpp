@@ -85,7 +85,7 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
   };
   switch (type) {
     case CT_PushButton:
-      return padded(34, 12).expandedTo(QSize(scaledFor(widget, 90), 0));
+      return padded(34, 14).expandedTo(QSize(scaledFor(widget, 90), 0));
     case CT_LineEdit:
       return padded(18, 10);
     case CT_MenuBarItem:
@@ -101,7 +101,7 @@ QRect Style::subElementRect(SubElement element, const QStyleOption* option, cons
     case SE_RadioButtonClickRect:
       return option->rect;
     case SE_LineEditContents: {
-      const int padding = scaledFor(widget, 7);
+      const int padding = scaledFor(widget, 8);
       return option->rect.adjusted(padding, 0, -padding, 0);
     }
     default:

@@ -3,11 +3,11 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
 #include <algorithm>
-#include <cmath>
+#include <cstdlib>
 
 #include "desktop/theme/contrast.h"
-#include "desktop/theme/painting.h"
 #include "desktop/theme/scaling.h"
 #include "desktop/theme/theme.h"
 
@@ -15,7 +15,6 @@ namespace plimo {
 
 namespace {
 
-double handleRadius() { return scaled(9); }
 int numberWidth() { return scaled(38); }
 
 }  // namespace
@@ -28,40 +27,57 @@ ColourSlider::ColourSlider(Slider& model, QWidget* parent) : QSlider(Qt::Horizon
   full_ = qcolor(rgbOf(model.foreColour()));
 }
 
+QStyleOptionSlider ColourSlider::sliderOption() const {
+  QStyleOptionSlider option;
+  initStyleOption(&option);
+  option.rect.setWidth(width() - numberWidth());
+  option.palette.setColor(QPalette::Highlight, full_);
+  return option;
+}
+
+QRect ColourSlider::part(QStyle::SubControl part) const {
+  const QStyleOptionSlider option = sliderOption();
+  return style()->subControlRect(QStyle::CC_Slider, &option, part, this);
+}
+
+int ColourSlider::valueAt(int x) const {
+  const QRect groove = part(QStyle::SC_SliderGroove);
+  return QStyle::sliderValueFromPosition(minimum(), maximum(), x - groove.left(), groove.width());
+}
+
 void ColourSlider::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const QRectF line = track();
-  QLinearGradient gradient(line.topLeft(), line.topRight());
+  const int thicker = scaled(2);
+  const QRectF groove = QRectF(part(QStyle::SC_SliderGroove)).adjusted(0, -thicker, 0, thicker);
+  QLinearGradient gradient(groove.topLeft(), groove.topRight());
   gradient.setColorAt(0, Qt::black);
   gradient.setColorAt(1, full_);
   painter.setPen(QPen(theme().border, 1));
   painter.setBrush(gradient);
-  painter.drawRoundedRect(line, line.height() / 2, line.height() / 2);
-  const QPointF centre(xOf(value()), line.center().y());
-  painter.setPen(QPen(theme().quiet, 1));
-  painter.setBrush(theme().button);
-  painter.drawEllipse(centre, handleRadius(), handleRadius());
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(full_);
-  painter.drawEllipse(centre, handleRadius() * 0.55, handleRadius() * 0.55);
+  painter.drawRoundedRect(groove, groove.height() / 2, groove.height() / 2);
   painter.setPen(theme().text);
   painter.drawText(rect().adjusted(width() - numberWidth(), 0, -4, 0), Qt::AlignRight | Qt::AlignVCenter,
                    QString::number(value()));
-  if (hasFocus()) paintFocusRing(painter, rect(), 4);
+  QStyleOptionSlider option = sliderOption();
+  option.subControls = QStyle::SC_SliderHandle;
+  style()->drawComplexControl(QStyle::CC_Slider, &option, &painter, this);
 }
 
 void ColourSlider::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   held_ = true;
-  const double offset = event->position().x() - xOf(value());
-  grip_ = std::abs(offset) <= handleRadius() ? offset : 0;
-  if (std::abs(offset) > handleRadius()) model_.userClickAt(valueAt(event->position().x()));
+  const QRect handle = part(QStyle::SC_SliderHandle);
+  const int x = event->position().toPoint().x();
+  const int offset = x - handle.center().x();
+  const bool onHandle = std::abs(offset) <= handle.width() / 2;
+  grip_ = onHandle ? offset : 0;
+  if (!onHandle) model_.userClickAt(valueAt(x));
 }
 
 void ColourSlider::mouseMoveEvent(QMouseEvent* event) {
   if (!held_) return;
-  const int wanted = valueAt(event->position().x() - grip_);
+  const int wanted = valueAt(event->position().toPoint().x() - grip_);
   if (wanted != model_.value()) model_.userDrag(wanted);
 }
 
@@ -101,19 +117,6 @@ void ColourSlider::keyPressEvent(QKeyEvent* event) {
       return;
   }
   model_.userKey(std::clamp(wanted, Slider::minimum, Slider::maximum));
-}
-
-QRectF ColourSlider::track() const {
-  const double thickness = scaled(8);
-  const double end = handleRadius() + 3;
-  return {end, (height() - thickness) / 2.0, std::max(1.0, width() - numberWidth() - 2 * end), thickness};
-}
-
-double ColourSlider::xOf(int value) const { return track().left() + track().width() * value / Slider::maximum; }
-
-int ColourSlider::valueAt(double x) const {
-  const double part = (x - track().left()) / track().width();
-  return static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * Slider::maximum));
 }
 
 }  // namespace plimo

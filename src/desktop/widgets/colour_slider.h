@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QSlider>
+#include <QStyleOptionSlider>
 
 #include "controls/simple_controls.h"
 
@@ -22,14 +23,14 @@ class ColourSlider : public QSlider {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  QRectF track() const;
-  double xOf(int value) const;
-  int valueAt(double x) const;
+  QStyleOptionSlider sliderOption() const;  // without the area of the figures
+  QRect part(QStyle::SubControl part) const;
+  int valueAt(int x) const;
 
   Slider& model_;
   QColor full_;  // the component at its maximum
   bool held_ = false;
-  double grip_ = 0;  // pixels from the handle's centre to where it was pressed
+  int grip_ = 0;  // pixels from the handle's centre to where it was pressed
 };
 
 }  // namespace plimo

@@ -2,11 +2,8 @@
 
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QSlider>
-#include <QStyle>
-#include <QStyleOptionSlider>
 #include <QToolButton>
 #include <algorithm>
 #include <cmath>
@@ -40,61 +37,11 @@ class ElidedLabel : public QLabel {
   }
 };
 
-// A slider that goes where it is clicked.
-class JumpSlider : public QSlider {
- public:
-  using QSlider::QSlider;
-
- protected:
-  void mousePressEvent(QMouseEvent* event) override {
-    if (event->button() != Qt::LeftButton) return;
-    setSliderDown(true);
-    moveTo(event->position().x());
-  }
-  void mouseMoveEvent(QMouseEvent* event) override {
-    if (isSliderDown()) moveTo(event->position().x());
-  }
-  void mouseReleaseEvent(QMouseEvent*) override { setSliderDown(false); }
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const double middle = height() / 2.0;
-    const double half = scaled(4) / 2.0;
-    const double end = margin();
-    const double x = end + (width() - 2 * end) * (value() - minimum()) / std::max(1, maximum() - minimum());
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(theme().border);
-    painter.drawRoundedRect(QRectF(end, middle - half, width() - 2 * end, 2 * half), half, half);
-    painter.setBrush(isEnabled() ? theme().accent : theme().border);
-    painter.drawRoundedRect(QRectF(end, middle - half, x - end, 2 * half), half, half);
-    if (isEnabled()) painter.drawEllipse(QPointF(x, middle), 3 * half, 3 * half);
-    if (hasFocus()) paintFocusRing(painter, rect(), 4);
-  }
-
- private:
-  static double margin() { return scaled(8); }
-
-  void moveTo(double x) {
-    const double end = margin();
-    const double part = (x - end) / std::max(1.0, width() - 2 * end);
-    setSliderPosition(minimum() + static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * (maximum() - minimum()))));
-  }
-};
-
 QString themed(const char* art) {
   return QLatin1String(art) + (theme().dark ? QLatin1String("-light") : QLatin1String("-dark"));
 }
 
 }  // namespace
-
-QString clockText(double seconds) {
-  const auto whole = static_cast<long long>(std::max(0.0, seconds));
-  const auto two = [](long long number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
-  const long long hours = whole / 3600;
-  const long long minutes = whole / 60 % 60;
-  const QString start = hours > 0 ? QString::number(hours) + QLatin1Char(':') + two(minutes) : QString::number(minutes);
-  return start + QLatin1Char(':') + two(whole % 60);
-}
 
 PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
     : QWidget(parent),
@@ -161,7 +108,7 @@ QToolButton* PlayerStrip::addButton(const QString& name, const char* art, const 
 }
 
 QSlider* PlayerStrip::addSlider(const QString& name, const QString& meaning) {
-  auto* slider = new JumpSlider(Qt::Horizontal, this);
+  auto* slider = new QSlider(Qt::Horizontal, this);
   slider->setObjectName(name);
   slider->setToolTip(meaning);
   slider->setAccessibleName(meaning);
@@ -188,9 +135,7 @@ void PlayerStrip::changeEvent(QEvent* event) {
 }
 
 // What follows the window's scale.
-void PlayerStrip::applyStyle() {
-  note_->setFont(smallFont());
-}
+void PlayerStrip::applyStyle() { note_->setFont(smallFont()); }
 
 void PlayerStrip::layOut() {
   constexpr int tallest = 100;  // what stands in it stays together in a large window

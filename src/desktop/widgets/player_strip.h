@@ -51,7 +51,4 @@ class PlayerStrip : public QWidget {
   QString shownMuteArt_;
 };
 
-// "3:05"; hours only where there are some.
-QString clockText(double seconds);
-
 }  // namespace plimo
