@@ -1,5 +1,6 @@
 #include "desktop/widgets/player_strip.h"
 
+#include <QBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -12,7 +13,9 @@
 #include "desktop/theme/painting.h"
 #include "desktop/theme/scaling.h"
 #include "desktop/theme/strings.h"
+#include "desktop/theme/style_parts.h"
 #include "desktop/theme/theme.h"
+#include "desktop/widgets/elided_label.h"
 #include "platform/mpv/mpv_player.h"
 
 namespace plimo {
@@ -23,20 +26,6 @@ constexpr int seekSteps = 1000;  // of a song, on its slider
 constexpr int seekStep = 5;      // seconds, by arrow key
 constexpr int volumeStep = 5;    // percent
 
-// Shortens its text where it does not fit, and gives the whole as tooltip.
-class ElidedLabel : public QLabel {
- public:
-  using QLabel::QLabel;
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.setPen(palette().color(foregroundRole()));
-    painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text(), Qt::ElideRight, width()));
-  }
-};
-
 QString themed(const char* art) {
   return QLatin1String(art) + (theme().dark ? QLatin1String("-light") : QLatin1String("-dark"));
 }
@@ -46,8 +35,8 @@ QString themed(const char* art) {
 PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
     : QWidget(parent),
       player_(player),
-      song_(new ElidedLabel(this)),
-      note_(new ElidedLabel(this)),
+      song_(new ElidedLabel(Qt::ElideRight, this)),
+      note_(new ElidedLabel(Qt::ElideRight, this)),
       times_(new QLabel(this)) {
   song_->setObjectName(QStringLiteral("playerSong"));
   note_->setObjectName(QStringLiteral("playerNote"));
@@ -55,8 +44,6 @@ PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
   QFont bold;
   bold.setBold(true);
   song_->setFont(bold);
-  song_->setTextFormat(Qt::PlainText);
-  note_->setTextFormat(Qt::PlainText);
   note_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   for (QLabel* quiet : {note_, times_}) {
     QPalette faded = quiet->palette();
@@ -89,7 +76,8 @@ PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
     if (!updating_) player_.seek(player_.state().duration * value / seekSteps);
   });
   setFocusProxy(play_);
-  applyStyle();
+  buildLayout();
+  applySizes();
   player_.changed = [this] { showState(); };
   showState();
 }
@@ -116,57 +104,55 @@ QSlider* PlayerStrip::addSlider(const QString& name, const QString& meaning) {
   return slider;
 }
 
-void PlayerStrip::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(theme().border, 1));
-  painter.setBrush(theme().card);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius(), radius());
+void PlayerStrip::buildLayout() {
+  auto* texts = new QHBoxLayout;
+  texts->addWidget(song_, 1);
+  texts->addWidget(note_);
+  auto* controlRow = new QHBoxLayout;
+  controlRow->setSpacing(2);
+  for (QToolButton* button : {previous_, play_, stop_, next_}) controlRow->addWidget(button);
+  controlRow->addSpacing(spacing());
+  controlRow->addWidget(seek_, 4);
+  controlRow->addWidget(times_);
+  controlRow->addSpacing(spacing());
+  controlRow->addWidget(mute_);
+  controlRow->addWidget(volume_, 1);
+  auto* rows = new QVBoxLayout(this);
+  rows->setSpacing(2);
+  rows->addLayout(texts, 1);
+  rows->addLayout(controlRow);
 }
 
-void PlayerStrip::resizeEvent(QResizeEvent*) { layOut(); }
+void PlayerStrip::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  paintCard(painter, rect());
+}
+
+void PlayerStrip::resizeEvent(QResizeEvent*) { applySizes(); }
 
 void PlayerStrip::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::FontChange && next_ != nullptr) {
-    applyStyle();
-    layOut();
-  }
+  if (event->type() == QEvent::FontChange && layout() != nullptr) applySizes();
   QWidget::changeEvent(event);
 }
 
-// What follows the window's scale.
-void PlayerStrip::applyStyle() { note_->setFont(smallFont()); }
-
-void PlayerStrip::layOut() {
-  constexpr int tallest = 100;  // what stands in it stays together in a large window
-  const int border = std::max(scaled(6), (height() - tallest) / 2);
-  const QRect inner = rect().adjusted(spacing() + scaled(4), border, -spacing() - scaled(4), -border);
-  const int lineHeight = std::max(fontMetrics().height() + 2, inner.height() * 2 / 5);
-  const QRect top(inner.left(), inner.top(), inner.width(), lineHeight);
-  const int noteWidth =
-      note_->text().isEmpty() ? 0 : std::min(inner.width() / 2, note_->sizeHint().width() + spacing());
-  song_->setGeometry(top.adjusted(0, 0, -noteWidth, 0));
-  note_->setGeometry(top.adjusted(top.width() - noteWidth, 0, 0, 0));
-  const int side = std::clamp(inner.height() - lineHeight - 2, scaled(20), 44);
-  const int y = inner.bottom() - side + 1;
-  int x = inner.left();
-  for (QToolButton* button : {previous_, play_, stop_, next_}) {
-    if (button->isHidden()) continue;
-    button->setIconSize(QSize(side - scaled(10), side - scaled(10)));
-    button->setGeometry(x, y, side, side);
-    x += side + 2;
+void PlayerStrip::applySizes() {
+  constexpr int tallest = 100;  // pixels that the contents take; they stay together in a taller strip
+  const int top = std::max(scaled(6), (height() - tallest) / 2);
+  const int side = spacing() + scaled(4);
+  layout()->setContentsMargins(side, top, side, top);
+  const int inner = height() - 2 * top;
+  const int textHeight = std::max(fontMetrics().height() + 2, inner * 2 / 5);
+  const int button = std::clamp(inner - textHeight - 2, scaled(20), 44);
+  for (QToolButton* each : {previous_, play_, stop_, next_, mute_}) {
+    each->setFixedSize(button, button);
+    each->setIconSize(QSize(button - scaled(10), button - scaled(10)));
   }
-  const int timesWidth = times_->fontMetrics().horizontalAdvance(QStringLiteral("0:00:00 / 0:00:00"));
-  const int volumeWidth = std::clamp(inner.width() / 7, scaled(48), 120);
-  int right = inner.right() + 1;
-  volume_->setGeometry(right - volumeWidth, y, volumeWidth, side);
-  right -= volumeWidth + 2;
-  mute_->setIconSize(QSize(side - scaled(10), side - scaled(10)));
-  mute_->setGeometry(right - side, y, side, side);
-  right -= side + spacing();
-  times_->setGeometry(right - timesWidth, y, timesWidth, side);
-  right -= timesWidth + spacing();
-  seek_->setGeometry(x + spacing(), y, std::max(20, right - x - spacing()), side);
+  note_->setFont(smallFont());
+  note_->setMaximumWidth(width() / 2);
+  seek_->setMinimumWidth(scaled(20));
+  volume_->setMinimumWidth(scaled(48));
+  volume_->setMaximumWidth(120);
+  times_->setMinimumWidth(times_->fontMetrics().horizontalAdvance(QStringLiteral("0:00:00 / 0:00:00")) + spacing());
 }
 
 void PlayerStrip::showState() {
@@ -174,12 +160,8 @@ void PlayerStrip::showState() {
   updating_ = true;
   const bool usable = state.enabled;
   const bool buttonsShown = state.showControls;
-  bool changedButtons = false;
   for (QToolButton* button : {previous_, play_, stop_, next_}) {
-    if (button->isHidden() == buttonsShown) {
-      button->setVisible(buttonsShown);
-      changedButtons = true;
-    }
+    if (button->isHidden() == buttonsShown) button->setVisible(buttonsShown);
   }
   previous_->setEnabled(usable && state.count > 0);
   play_->setEnabled(usable && state.count > 0);
@@ -209,7 +191,6 @@ void PlayerStrip::showState() {
     mute_->setIcon(artIcon(art));
   }
   showTexts();
-  if (changedButtons) layOut();
 }
 
 void PlayerStrip::showTexts() {
@@ -230,7 +211,6 @@ void PlayerStrip::showTexts() {
   if (note != note_->text()) {
     note_->setText(note);
     note_->setToolTip(plainTip(note));
-    layOut();
   }
 }
 

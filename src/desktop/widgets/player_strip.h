@@ -30,8 +30,9 @@ class PlayerStrip : public QWidget {
  private:
   QToolButton* addButton(const QString& name, const char* art, const QString& tip);
   QSlider* addSlider(const QString& name, const QString& meaning);
-  void applyStyle();
-  void layOut();
+  void buildLayout();
+  // Sizes that follow the strip's height and the window's scale.
+  void applySizes();
   void showState();
   void showTexts();
 
