@@ -62,7 +62,8 @@ int Desktop::run() {
     QMetaObject::invokeMethod(
         qApp, [status] { QCoreApplication::exit(status); }, Qt::QueuedConnection);
   };
-  QTimer::singleShot(0, qApp, [this] { program_.start(); });
+  // A timer of its own, because an event posted now is not delivered in a nested event loop that an earlier one runs.
+  QTimer::singleShot(std::chrono::milliseconds(1), qApp, [this] { program_.start(); });
   return QCoreApplication::exec();
 }
 

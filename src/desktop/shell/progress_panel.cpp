@@ -1,111 +1,93 @@
 #include "desktop/shell/progress_panel.h"
 
+#include <QBoxLayout>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QProgressBar>
 #include <QPushButton>
 #include <algorithm>
 
 #include "desktop/theme/scaling.h"
+#include "desktop/theme/style_parts.h"
 #include "desktop/theme/theme.h"
+#include "desktop/widgets/elided_label.h"
 
 namespace plimo {
 
-ProgressPanel::ProgressPanel(QWidget* window) : QWidget(window), cancel_(new QPushButton(this)) {
+namespace {
+
+constexpr int barSteps = 1000;
+
+void setTextColour(QWidget& widget, const QColor& colour) {
+  QPalette palette = widget.palette();
+  palette.setColor(QPalette::WindowText, colour);
+  widget.setPalette(palette);
+}
+
+}  // namespace
+
+ProgressPanel::ProgressPanel(QWidget* window)
+    : QWidget(window),
+      cancel_(new QPushButton(QStringLiteral("Cancel"), this)),
+      title_(new QLabel(this)),
+      item_(new ElidedLabel(Qt::ElideMiddle, this)),
+      amount_(new ElidedLabel(Qt::ElideMiddle, this)),
+      bar_(new QProgressBar(this)),
+      rows_(new QVBoxLayout) {
   setObjectName(QStringLiteral("progressPanel"));
   cancel_->setObjectName(QStringLiteral("progressCancel"));
-  cancel_->setText(QStringLiteral("Cancel"));
   connect(cancel_, &QPushButton::clicked, this, [this] {
     cancelled_ = true;
     cancel_->setEnabled(false);
   });
+  title_->setFont(titleFont());
+  setTextColour(*title_, theme().accent);
+  setTextColour(*item_, theme().quiet);
+  bar_->setTextVisible(false);
+  bar_->setFixedHeight(scaled(6));
+
+  const int edge = 2 * spacing();
+  rows_->setContentsMargins(edge, edge, edge, edge);
+  rows_->setSpacing(spacing() / 2);
+  rows_->addWidget(title_);
+  rows_->addSpacing(spacing() / 2);
+  rows_->addWidget(item_);
+  rows_->addWidget(amount_);
+  rows_->addWidget(bar_);
+  rows_->addSpacing(spacing());
+  rows_->addWidget(cancel_, 0, Qt::AlignRight);
+  auto* centred = new QGridLayout(this);
+  centred->addLayout(rows_, 0, 0, Qt::AlignCenter);
   hide();
 }
 
-int ProgressPanel::textHeight() const {
-  return QFontMetrics(titleFont()).height() + spacing() + 2 * (QFontMetrics(font()).height() + spacing() / 2) + 2 +
-         scaled(6);
-}
-
-QRect ProgressPanel::card() const {
-  const int wanted = scaled(460);
-  const int button = cancel_->isHidden() ? 0 : 2 * spacing() + cancel_->sizeHint().height();
-  const int height = textHeight() + button + 4 * spacing();
-  QRect place(0, 0, std::min(wanted, width() - 2 * spacing()), std::min(height, this->height() - 2 * spacing()));
-  place.moveCenter(rect().center());
-  return place;
-}
-
 void ProgressPanel::begin(const QString& title, bool cancellable) {
-  title_ = title;
-  what_.clear();
-  howFar_.clear();
-  part_ = -1;
-  animationStep_ = 0;
-  cancelled_ = false;
+  title_->setText(title);
   setGeometry(parentWidget()->rect());
+  bar_->setFixedWidth(std::min(scaled(460), width() - 2 * spacing()) - 4 * spacing());
   cancel_->setVisible(cancellable);
-  cancel_->setEnabled(true);
   show();
   raise();
   if (cancellable) cancel_->setFocus();
 }
 
-void ProgressPanel::resizeEvent(QResizeEvent*) {
-  const QSize size = cancel_->sizeHint();
-  const QRect inner = card().adjusted(0, 0, -2 * spacing(), -2 * spacing());
-  cancel_->setGeometry(inner.right() - size.width(), inner.bottom() - size.height(), size.width(), size.height());
-}
-
-void ProgressPanel::tell(const QString& what, const QString& howFar, double part) {
-  what_ = what;
-  howFar_ = howFar;
-  part_ = part;
-  ++animationStep_;
+void ProgressPanel::update(const QString& item, const QString& amount, double part) {
+  item_->setText(item);
+  amount_->setText(amount);
+  bar_->setRange(0, part < 0 ? 0 : barSteps);
+  bar_->setValue(static_cast<int>(part * barSteps));
+  bar_->update();  // without a range it moves with the time
   if (geometry() != parentWidget()->rect()) setGeometry(parentWidget()->rect());
-  setAccessibleName(title_ + QStringLiteral(". ") + howFar_);
-  update();
+  setAccessibleName(title_->text() + QStringLiteral(". ") + amount);
 }
 
 void ProgressPanel::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
   QColor veil = theme().window;
   veil.setAlpha(160);
+  QPainter painter(this);
   painter.fillRect(rect(), veil);
-  const QRect place = card();
-  painter.setPen(QPen(theme().border, 1));
-  painter.setBrush(theme().card);
-  painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 2 * radius(), 2 * radius());
-  const QRect inner = place.adjusted(2 * spacing(), 2 * spacing(), -2 * spacing(), -2 * spacing());
-  painter.setFont(titleFont());
-  painter.setPen(theme().accent);
-  painter.drawText(inner, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, title_);
-  int y = inner.top() + painter.fontMetrics().height() + spacing();
-  const auto line = [&](const QString& text, const QColor& ink) {
-    painter.setPen(ink);
-    const int height = painter.fontMetrics().height();
-    painter.drawText(QRect(inner.left(), y, inner.width(), height), Qt::AlignLeft | Qt::TextSingleLine,
-                     painter.fontMetrics().elidedText(text, Qt::ElideMiddle, inner.width()));
-    y += height + spacing() / 2;
-  };
-  painter.setFont(font());
-  line(what_, theme().quiet);
-  line(howFar_, theme().text);
-  const QRectF bar(inner.left(), y + 2, inner.width(), scaled(6));
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(theme().border);
-  painter.drawRoundedRect(bar, 3, 3);
-  painter.setBrush(theme().accent);
-  QRectF filled = bar;
-  if (part_ >= 0) {
-    filled.setWidth(bar.width() * std::min(1.0, part_));
-  } else {
-    constexpr int beats = 24;
-    const double at = animationStep_ % (2 * beats) < beats ? animationStep_ % beats : beats - animationStep_ % beats;
-    filled.setWidth(bar.width() / 4);
-    filled.moveLeft(bar.left() + (bar.width() - filled.width()) * at / beats);
-  }
-  painter.drawRoundedRect(filled, 3, 3);
+  paintCard(painter, rows_->geometry());
 }
 
 void ProgressPanel::keyPressEvent(QKeyEvent* event) {

@@ -1,40 +1,41 @@
-// What is shown over the window while a scan, a copy or a deletion is at work.
+// The panel over the window that shows how far a scan, a copy or a deletion is.
 #pragma once
 
-#include <QString>
 #include <QWidget>
 
+class QLabel;
+class QProgressBar;
 class QPushButton;
+class QVBoxLayout;
 
 namespace plimo {
+
+class ElidedLabel;
 
 class ProgressPanel : public QWidget {
   Q_OBJECT
 
  public:
+  // Hidden at first.
   explicit ProgressPanel(QWidget* window);
 
-  // Appears, over the whole window. `cancellable` gives it a Cancel button.
+  // Shows the panel over the whole window. `cancellable` gives it a Cancel button, which the Escape key presses.
   void begin(const QString& title, bool cancellable);
-  // One line for what is being done, one for how far it is. `part` from 0 to 1; less than 0 where it cannot be told.
-  void tell(const QString& what, const QString& howFar, double part);
+  // `item` is what is worked on, `amount` how far the work is. `part` from 0 to 1; less than 0 if it is unknown.
+  void update(const QString& item, const QString& amount, double part);
   bool cancelled() const { return cancelled_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  QRect card() const;
-  int textHeight() const;  // title, two lines and the bar
-
-  QPushButton* cancel_;
-  QString title_;
-  QString what_;
-  QString howFar_;
-  double part_ = -1;
-  int animationStep_ = 0;  // moves the bar where the part cannot be told
+  QPushButton* cancel_;  // the first child: assistive tools come to it first
+  QLabel* title_;
+  ElidedLabel* item_;
+  ElidedLabel* amount_;
+  QProgressBar* bar_;
+  QVBoxLayout* rows_;  // its area is painted as a card
   bool cancelled_ = false;
 };
 

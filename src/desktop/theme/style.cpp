@@ -152,10 +152,13 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
                         const QWidget* widget) const {
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
   const auto* menuItem = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+  const auto* progress = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
   if (element == CE_PushButton && button != nullptr) {
     paintPushButton(*painter, *button, widget);
   } else if ((element == CE_CheckBox || element == CE_RadioButton) && button != nullptr) {
     paintChoice(*painter, *button, element == CE_RadioButton);
+  } else if (element == CE_ProgressBar && progress != nullptr) {
+    paintProgressBar(*painter, *progress);
   } else if (element == CE_MenuBarItem && menuItem != nullptr) {
     paintMenuBarItem(*painter, *menuItem, widget);
   } else if (element == CE_MenuBarEmptyArea) {

@@ -112,7 +112,7 @@ void PlayerStrip::buildLayout() {
   controlRow->setSpacing(2);
   for (QToolButton* button : {previous_, play_, stop_, next_}) controlRow->addWidget(button);
   controlRow->addSpacing(spacing());
-  controlRow->addWidget(seek_, 4);
+  controlRow->addWidget(seek_, 2);
   controlRow->addWidget(times_);
   controlRow->addSpacing(spacing());
   controlRow->addWidget(mute_);
