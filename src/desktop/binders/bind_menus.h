@@ -24,11 +24,11 @@ class BoundMenus {
   BoundMenus(const BoundMenus&) = delete;
   BoundMenus& operator=(const BoundMenus&) = delete;
 
-  QMenuBar* bar() const { return bar_; }  // null where the form has no menus
-  // The bar keeps its height while all its menus are hidden, so that the controls under it stay where they are.
+  QMenuBar* bar() const { return bar_; }  // null if the form has no menus
+  // Pixels. The bar keeps its height while all its menus are hidden, so that the controls below it do not move.
   int barHeight() const;
   QMenu* popUpOf(const Menu& menu) const;
-  // Shows and hides what has changed.
+  // Applies the visibility of the menus and items.
   void refresh();
 
  private:

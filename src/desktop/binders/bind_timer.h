@@ -1,4 +1,4 @@
-// A control's timer, by the clock.
+// Runs a timer control by a real timer.
 #pragma once
 
 #include <QTimer>

@@ -14,7 +14,7 @@ namespace plimo {
 namespace {
 
 MpvHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting) {
-  // One of the sound outputs that the player tries would take over the signals that ask the program to end.
+  // One of the player's audio outputs would otherwise replace the handlers of the signals that end the program.
   qputenv("SDL_NO_SIGNAL_HANDLERS", "1");
   auto library = std::make_shared<MpvLoader>(blocker, std::move(beforeWaiting));
   return {
@@ -38,6 +38,7 @@ Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
   blocker_.unblocked = [this] { player_.wake(); };
   installListAccessible();
   installWidgetAccessible();
+  FormWindow::installAccessible();
   bindWindows();
 }
 
@@ -82,11 +83,11 @@ void Desktop::unload(Form& form) { windowOf(form)->hide(); }
 
 void Desktop::captionChanged(Form& form) { windowOf(form)->setWindowTitle(qstring(form.caption())); }
 
-void Desktop::stateChanged(Form& form) { windowOf(form)->followState(); }
+void Desktop::stateChanged(Form& form) { windowOf(form)->applyState(); }
 
 void Desktop::resizeTo(Form& form, double width, double height) { windowOf(form)->resizeOuter(width, height); }
 
-// The keyboard follows when the window is brought up to date, after what it may have to be shown first.
+// During a handler the focus is moved by the next refresh, since the control may not be visible yet.
 void Desktop::focusChanged(Form& form) {
   if (!form.dispatcher().busy()) windowOf(form)->refresh();
 }

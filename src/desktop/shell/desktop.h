@@ -1,4 +1,4 @@
-// The program on the desktop: its windows, boxes, player and progress panel, around the toolkit-free models.
+// The desktop program: windows, dialogs, player and progress panel around the toolkit-free models.
 #pragma once
 
 #include <memory>
@@ -14,11 +14,11 @@ namespace plimo {
 
 class Desktop : public FormHost {
  public:
-  // Needs the application object; what it is given must outlive it.
+  // Needs the application object. The arguments must outlive it.
   Desktop(FileSystemObject& files, Launcher& launcher);
   ~Desktop() override;
 
-  // Starts the program and lives until it has ended; its exit status.
+  // Starts the program and runs the event loop until it has ended; returns its exit status.
   int run();
 
   void show(Form& form) override;

@@ -16,14 +16,14 @@ namespace plimo {
 
 namespace {
 
-// Pixels, on a screen that has room for the designed window.
+// Pixels as designed.
 constexpr int widestText = 640;
 constexpr int inputWidth = 480;
-constexpr int margin = 20;  // between a box's edges and what is in it
+constexpr int margin = 20;  // between a box's edges and its contents
 
 QString title() { return QString::fromUtf8(programName); }
 
-// A box with its text in plain words: a file's name in it must not be taken for markup.
+// A message box with plain text: a file's name in it must not be taken for markup.
 class Box : public QMessageBox {
  public:
   Box(QWidget* owner, Icon icon, const std::string& text, StandardButtons buttons)
@@ -47,7 +47,7 @@ class Box : public QMessageBox {
     const int edge = scaledForBoxes(margin);
     grid->setContentsMargins(edge, edge, edge, edge);
     grid->setVerticalSpacing(edge / 2);
-    // The toolkit indents a text that has no picture beside it; it is to stand in line with the rest.
+    // The toolkit indents a text without an icon; it is aligned with the buttons instead.
     QLayoutItem* first = grid->itemAtPosition(0, 0);
     if (icon() == NoIcon && first != nullptr && first->spacerItem() != nullptr) {
       first->spacerItem()->changeSize(0, 0);
@@ -63,7 +63,7 @@ std::string nativeBytes(const QString& name) { return QFile::encodeName(name).to
 
 bool namesPattern(const std::string& name) { return name.find('*') != std::string::npos; }
 
-// A dialog set up as asked; the pattern ("*.m3u") is its filter, and its file name where it takes one.
+// Sets up a dialog. A pattern ("*.m3u") as the name is its filter, and the initial text of its name field.
 void prepareFileDialog(QFileDialog& dialog, const FileDialog& asked) {
   const QString pattern = nativeName(asked.name);
   if (!asked.folder.empty()) dialog.setDirectory(nativeName(asked.folder));
@@ -104,13 +104,13 @@ std::string DesktopDialogs::input(const std::string& boxTitle, const std::string
   box.setLabelText(qstring(prompt));
   const QString shown = nativeName(proposed);
   box.setTextValue(shown);
-  static_cast<void>(box.sizeHint());  // the toolkit lays it out when it is asked for its size
+  static_cast<void>(box.sizeHint());  // creates the layout
   const int edge = scaledForBoxes(margin);
   box.layout()->setContentsMargins(edge, edge, edge, edge);
   box.layout()->setSpacing(edge / 2);
   box.setFixedSize(scaledForBoxes(inputWidth), box.sizeHint().height());
   if (box.exec() != QDialog::Accepted) return {};
-  // A name left as it was keeps its bytes, whatever could be shown of them.
+  // An unchanged name keeps its bytes, even if they are not valid text.
   return box.textValue() == shown ? proposed : nativeBytes(box.textValue());
 }
 
@@ -131,9 +131,9 @@ std::optional<std::string> DesktopDialogs::saveFile(const FileDialog& asked) {
   prepareFileDialog(dialog, asked);
   while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
     const QString name = dialog.selectedFiles().constFirst();
-    if (namesPattern(bytesOf(name.mid(name.lastIndexOf(QLatin1Char('/')) + 1)))) continue;  // no name given yet
+    if (namesPattern(bytesOf(name.mid(name.lastIndexOf(QLatin1Char('/')) + 1)))) continue;  // not a name yet
     const QString written = name + QStringLiteral(".m3u");
-    // The name itself is asked about by the program; the name that it makes of a new one, here.
+    // The program asks before it overwrites the name itself, but not before it overwrites the name with .m3u appended.
     if (QFile::exists(name) || !QFile::exists(written)) return nativeBytes(name);
     if (question(bytesOf(written) + " already exists. Overwrite it?")) return nativeBytes(name);
   }

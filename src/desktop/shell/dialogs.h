@@ -1,4 +1,4 @@
-// The boxes of the desktop.
+// The message boxes, input boxes and file dialogs of the desktop.
 #pragma once
 
 #include <QWidget>
@@ -10,9 +10,9 @@ namespace plimo {
 
 class DesktopDialogs : public Dialogs {
  public:
-  // Called before each box: what has changed so far is shown behind it. Set once, before the first box.
+  // Called before each box is shown, to paint pending changes of the windows. Set once, before the first box.
   std::function<void()> beforeBox;
-  // The window that the boxes belong to; null for none yet.
+  // Returns the parent window of the boxes; null if there is none yet.
   std::function<QWidget*()> owner;
 
   void message(const std::string& text) override;

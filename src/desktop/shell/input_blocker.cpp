@@ -39,16 +39,16 @@ bool InputBlocker::eventFilter(QObject* watched, QEvent* event) {
     default:
       return false;
   }
-  // A window hands the event on to its widgets; only there is it known whose it is.
+  // A native window passes the event on to its widgets, where the receiver is known.
   if (qobject_cast<QWindow*>(watched) != nullptr && event->type() != QEvent::Close) return false;
   const auto* widget = qobject_cast<QWidget*>(watched);
   const bool excepted = except_ != nullptr && widget != nullptr && (widget == except_ || except_->isAncestorOf(widget));
   if (excepted && event->type() != QEvent::Close) return false;
-  // The work that the blocker is closed for may have something to say or to ask: it goes on only when that is answered.
+  // The work may show a message box, and continues only when it is answered.
   const QWidget* box = QApplication::activeModalWidget();
   if (box != nullptr && (watched == box->windowHandle() || (widget != nullptr && widget->window() == box)))
     return false;
-  // Whatever has the keyboard, Escape is meant for what is shown.
+  // Escape goes to the excepted widget, whatever has the focus.
   if (event->type() == QEvent::KeyPress && except_ != nullptr && except_->isVisible() &&
       static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
     QCoreApplication::sendEvent(except_, event);

@@ -1,4 +1,5 @@
-// While closed, nothing that the user does gets through but to one widget, and to a box that comes up meanwhile.
+// Blocks the user's input while the program works. One widget can be excepted, and so are message boxes that are shown
+// meanwhile.
 #pragma once
 
 #include <QObject>
@@ -11,10 +12,11 @@ namespace plimo {
 class InputBlocker : public QObject {
  public:
   bool isBlocked() const { return depth_ > 0; }
-  // Nested calls count. The widget, if any, still hears of mouse and keyboard.
+  // Calls may be nested. The excepted widget, if any, still receives mouse and key events, and Escape whatever has the
+  // focus.
   void block(QWidget* except = nullptr);
   void unblock();
-  // Called when the blocker is open again.
+  // Called when input is no longer blocked.
   std::function<void()> unblocked;
 
  protected:

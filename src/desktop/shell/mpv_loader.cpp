@@ -18,7 +18,7 @@ void MpvLoader::load() {
   blocker_.block();
   QEventLoop loop;
   std::thread loading([this, &loop] {
-    // The versions whose functions are the same for this program, the newest first.
+    // These versions are compatible for this program; the newest is tried first.
     for (const int version : {2, 1}) {
       library_.setFileNameAndVersion(QStringLiteral("mpv"), version);
       if (library_.load()) break;

@@ -1,4 +1,4 @@
-// The player's library, loaded when the first song is to be played.
+// Loads the player's library, libmpv, when the first song is to be played.
 #pragma once
 
 #include <QLibrary>
@@ -8,14 +8,14 @@
 
 namespace plimo {
 
-// Loading takes a tenth of a second, and many times that from a slow disk: it is done aside, while the window lives and
-// nothing that the user does gets through.
+// Loading takes a tenth of a second, and much longer from a slow disk. It runs in a thread, while the window is painted
+// and input is blocked.
 class MpvLoader {
  public:
-  // `beforeWaiting` shows what has changed so far.
+  // `beforeWaiting` is called before loading, to paint pending changes.
   MpvLoader(InputBlocker& blocker, std::function<void()> beforeWaiting);
 
-  // One of its functions; null where the library or the function is missing.
+  // The address of a function; null if the library or the function is missing.
   void* function(const char* name);
 
  private:

@@ -10,11 +10,10 @@ namespace plimo {
 
 namespace {
 
-// Milliseconds. The window hears of what goes on around it (Cancel is pressed, another window was over it) more often
-// than the panel has something new to show.
-constexpr qint64 lookInterval = 40;
-constexpr qint64 paintInterval = 100;
-// Work that is over sooner shows no panel.
+// Milliseconds. Input (Cancel is pressed, the window is uncovered) is processed more often than the panel is updated.
+constexpr qint64 inputInterval = 40;
+constexpr qint64 updateInterval = 100;
+// Shorter work shows no panel.
 constexpr qint64 delayMs = 200;
 
 const QLocale& numbers() {
@@ -49,30 +48,30 @@ DesktopProgress::~DesktopProgress() = default;
 void DesktopProgress::begin(Task task) {
   task_ = task;
   since_.start();
-  lastLook_ = 0;
+  lastInput_ = 0;
   lastPaint_ = 0;
   if (beforePaint) beforePaint();
-  keyboard_ = QApplication::focusWidget();
+  focusBefore_ = QApplication::focusWidget();
   QWidget* over = window ? window() : nullptr;
   if (over != nullptr) panel_ = new ProgressPanel(over);
   blocker_.block(panel_);
 }
 
 void DesktopProgress::end() {
-  const bool hadKeyboard = panel_ != nullptr && panel_->isVisible();
+  const bool hadFocus = panel_ != nullptr && panel_->isVisible();
   delete panel_.data();
   blocker_.unblock();
-  if (hadKeyboard && keyboard_ != nullptr && keyboard_->isVisible()) keyboard_->setFocus();
+  if (hadFocus && focusBefore_ != nullptr && focusBefore_->isVisible()) focusBefore_->setFocus();
 }
 
 bool DesktopProgress::cancelled() const { return panel_ != nullptr && panel_->cancelled(); }
 
 bool DesktopProgress::due() {
   const qint64 now = since_.elapsed();
-  const bool toPaint = now >= delayMs && now - lastPaint_ >= paintInterval;
-  if (!toPaint && now - lastLook_ < lookInterval) return false;
-  lastLook_ = now;
-  if (!toPaint) {
+  const bool toUpdate = now >= delayMs && now - lastPaint_ >= updateInterval;
+  if (!toUpdate && now - lastInput_ < inputInterval) return false;
+  lastInput_ = now;
+  if (!toUpdate) {
     processInput();
     return false;
   }

@@ -19,9 +19,9 @@ class DesktopProgress : public Progress {
   explicit DesktopProgress(InputBlocker& blocker);
   ~DesktopProgress() override;
 
-  // Called before each painting: what has changed so far is to be seen. Set once.
+  // Called at the beginning, to paint pending changes of the windows. Set once.
   std::function<void()> beforePaint;
-  // The window over which the panel stands; null for none yet.
+  // Returns the window that the panel covers; null if there is none yet.
   std::function<QWidget*()> window;
 
   void begin(Task task) override;
@@ -30,15 +30,15 @@ class DesktopProgress : public Progress {
   bool cancelled() const override;
 
  private:
-  // True at most ten times a second: the panel is to tell how far it is. Looks at what goes on meanwhile.
+  // True at most ten times a second, if the panel is to be updated. Also processes input, more often than that.
   bool due();
   void processInput();
 
   InputBlocker& blocker_;
   QPointer<ProgressPanel> panel_;
-  QPointer<QWidget> keyboard_;  // had it before the panel came
+  QPointer<QWidget> focusBefore_;  // had it before the panel was shown
   QElapsedTimer since_;
-  qint64 lastLook_ = 0;
+  qint64 lastInput_ = 0;
   qint64 lastPaint_ = 0;
   Task task_ = Task::scan;
 };

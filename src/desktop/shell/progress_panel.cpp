@@ -58,7 +58,11 @@ ProgressPanel::ProgressPanel(QWidget* window)
   rows_->addSpacing(spacing());
   rows_->addWidget(cancel_, 0, Qt::AlignRight);
   auto* centred = new QGridLayout(this);
-  centred->addLayout(rows_, 0, 0, Qt::AlignCenter);
+  centred->addLayout(rows_, 1, 1);
+  for (const int side : {0, 2}) {
+    centred->setRowStretch(side, 1);
+    centred->setColumnStretch(side, 1);
+  }
   hide();
 }
 

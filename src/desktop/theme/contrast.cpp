@@ -7,7 +7,7 @@ namespace plimo {
 
 namespace {
 
-// Readable text, and shapes that only have to be seen.
+// Minimum contrast of text, and of shapes.
 constexpr double textContrast = 4.5;
 constexpr double shapeContrast = 3.0;
 

@@ -1,4 +1,4 @@
-// Colours that can be told apart, by the relative luminance of their light.
+// Contrast between colours, by their relative luminance.
 #pragma once
 
 #include <QColor>
@@ -30,23 +30,23 @@ double contrast(Rgb one, Rgb other);
 // `share` of the second colour, 0 to 1.
 Rgb mix(Rgb first, Rgb second, double share);
 
-// Black or white, whichever reads better on the background.
+// Black or white, whichever has the higher contrast on the background.
 Rgb readableOn(Rgb background);
 
-// The wanted colour where it has the contrast on the background, else the nearest mix of it with black or white that
-// has it, else that black or white itself.
+// The wanted colour if it has the contrast on the background, else the nearest mix with black or white that has it,
+// else black or white.
 Rgb readable(Rgb wanted, Rgb background, double wantedContrast);
 
-// What a list paints, all of it from the two colours that the user can choose. Text and background are his, whatever
-// their contrast; everything else can be told from them.
+// The colours of a list, derived from the two that the user chooses. Text and background are used as chosen, whatever
+// their contrast; all others contrast with the background.
 struct ListColours {
   Rgb text;
   Rgb background;
-  Rgb quiet;  // outlines of boxes and of the current row without the keyboard
-  Rgb mark;   // ticks, and the current row with the keyboard
+  Rgb quiet;  // outlines of boxes, and of the current row without the focus
+  Rgb mark;   // ticks, and the outline of the current row with the focus
   Rgb selectedText;
   Rgb selectedBackground;
-  Rgb currentBackground;  // of the current row where it is not selected
+  Rgb currentBackground;  // of the current row if it is not selected
 };
 
 ListColours listColours(Colour text, Colour background);

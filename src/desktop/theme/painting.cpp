@@ -32,7 +32,7 @@ void paintCaption(QPainter& painter, const QRect& area, const QString& caption, 
   const QFont usual = painter.font();
   const int flags = static_cast<int>(alignment) | Qt::TextWordWrap | Qt::TextShowMnemonic;
   constexpr double smallest = 0.75;
-  // Narrower letters before much smaller ones.
+  // A narrower font is tried before a much smaller one.
   constexpr std::pair<double, int> attempts[] = {{1, 100},  {0.95, 100}, {0.9, 100}, {0.95, 90},
                                                  {0.9, 85}, {0.85, 85},  {0.8, 85},  {smallest, 80}};
   for (const auto& [size, stretch] : attempts) {

@@ -12,9 +12,9 @@ namespace {
 // Factors from the designed sizes to those painted.
 struct Scales {
   QFont usual;         // the desktop's own
-  double screen = 1;   // menus and boxes
-  double window = 1;   // what stands on the window
-  double reading = 1;  // titles and texts on it
+  double screen = 1;   // menus and dialogs
+  double window = 1;   // the contents of the main window
+  double reading = 1;  // titles and long texts in it
 };
 
 Scales& scales() {
@@ -32,7 +32,8 @@ QFont usualFont(double scale) {
   return font;
 }
 
-// How many times what is designed for a screen of 1024 x 768 fits into the size; a title bar is taken off its height.
+// The scale at which what is designed for a screen of 1024 x 768 fits into the size. The designed height is that of the
+// screen without a title bar.
 double roomIn(QSize size, double largest) {
   constexpr double designedWidth = 1024;
   constexpr double designedHeight = 740;
@@ -52,7 +53,7 @@ void scaleToScreen() {
 }
 
 void setWindowSize(QSize size) {
-  // In steps, so that a window drawn smaller by hand is not dressed anew with every pixel.
+  // In steps, so that a window that is being resized does not change its fonts with every pixel.
   constexpr double steps = 32;
   scales().window = std::floor(roomIn(size, 1) * steps) / steps;
   constexpr double largest = 1.5;

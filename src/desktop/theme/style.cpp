@@ -100,6 +100,9 @@ QRect Style::subElementRect(SubElement element, const QStyleOption* option, cons
     case SE_CheckBoxClickRect:
     case SE_RadioButtonClickRect:
       return option->rect;
+    case SE_ProgressBarGroove:
+    case SE_ProgressBarContents:
+      return option->rect;
     case SE_LineEditContents: {
       const int padding = scaledFor(widget, 8);
       return option->rect.adjusted(padding, 0, -padding, 0);
@@ -157,10 +160,12 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
     paintPushButton(*painter, *button, widget);
   } else if ((element == CE_CheckBox || element == CE_RadioButton) && button != nullptr) {
     paintChoice(*painter, *button, element == CE_RadioButton);
-  } else if (element == CE_ProgressBar && progress != nullptr) {
+  } else if (element == CE_ProgressBarContents && progress != nullptr) {
     paintProgressBar(*painter, *progress);
   } else if (element == CE_MenuBarItem && menuItem != nullptr) {
     paintMenuBarItem(*painter, *menuItem, widget);
+  } else if (element == CE_ProgressBarGroove) {
+    return;  // painted with the contents
   } else if (element == CE_MenuBarEmptyArea) {
     paintMenuBarBackground(*painter, option->rect);
   } else {

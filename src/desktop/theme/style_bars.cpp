@@ -31,10 +31,10 @@ QRect sliderPart(const QStyleOptionSlider& option, QStyle::SubControl part) {
   if (part == QStyle::SC_SliderHandle) {
     const int at = QStyle::sliderPositionFromValue(option.minimum, option.maximum, option.sliderPosition, length,
                                                    option.upsideDown);
-    return {rect.left() + at, rect.center().y() - handle / 2, handle, handle};
+    return {rect.left() + at, rect.top() + (rect.height() - handle) / 2, handle, handle};
   }
   const int thickness = scaled(4);
-  return {rect.left() + handle / 2, rect.center().y() - thickness / 2, length, thickness};
+  return {rect.left() + handle / 2, rect.top() + (rect.height() - thickness) / 2, length, thickness};
 }
 
 void paintSlider(QPainter& painter, const QStyleOptionSlider& option) {

@@ -1,4 +1,4 @@
-// From the form's twips to the window's logical pixels and back.
+// Conversion between the form's twips and the window's logical pixels.
 #pragma once
 
 #include <QRect>
@@ -13,7 +13,7 @@ inline constexpr double twipsPerPixel = 15;
 inline int pixels(double twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
 inline double twips(int pixelCount) { return pixelCount * twipsPerPixel; }
 
-// Edges are rounded, not sizes, so that what touches in twips touches in pixels.
+// Edges are rounded, not sizes, so that controls that touch in twips touch in pixels.
 inline QRect pixelRect(const Geometry& geometry) {
   const int left = pixels(geometry.left);
   const int top = pixels(geometry.top);

@@ -1,9 +1,9 @@
-// Lists for those who hear the window: each row is an element of its own, made when it is asked for.
+// Lists for assistive tools: each row is an element of its own, made on demand.
 #pragma once
 
 namespace plimo {
 
-// Makes assistive tools see lists row by row. Once, before the first list is shown.
+// To be called once, before the first list is shown.
 void installListAccessible();
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-// What the user does to a list: each act goes to one of the model's doors.
+// The user's input to a list, each passed to one function of the model's user-input API.
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -85,7 +85,7 @@ void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
   if (!row) return;
   const QRect box = boxRect(rowRect(*row));
   if (box.isValid() && event->position().x() <= box.right() + box.left()) {
-    mousePressEvent(event);  // two quick ticks of the box are two ticks
+    mousePressEvent(event);  // a double click on the box ticks it twice
     return;
   }
   dragged_.reset();
@@ -104,9 +104,9 @@ void ListView::wheelEvent(QWheelEvent* event) {
 
 void ListView::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
-  if (event->reason() != QContextMenuEvent::Keyboard) return;  // the press of the button has asked already
+  if (event->reason() != QContextMenuEvent::Keyboard) return;  // the button press has opened the menu already
   if (model_.current()) reveal(*model_.current());
-  Q_EMIT menuAsked(menuPlace(), true);
+  Q_EMIT menuAsked(menuPosition(), true);
   model_.userRightDown();
 }
 
@@ -134,12 +134,12 @@ void ListView::keyPressEvent(QKeyEvent* event) {
       if (text.size() == 1 && text[0].unicode() >= ' ' && text[0].unicode() < 127) key = text[0].toLatin1();
     }
   }
-  // A list that has no keys of its own leaves Escape to the panel that it stands in.
+  // A list without a key handler leaves Escape to its panel.
   if (key == 0 || (event->key() == Qt::Key_Escape && !model_.keyPress)) {
     event->ignore();
     return;
   }
-  Q_EMIT menuAsked(menuPlace(), true);  // a key may bring a menu up
+  Q_EMIT menuAsked(menuPosition(), true);  // the key may open a menu
   model_.userKey(key);
 }
 

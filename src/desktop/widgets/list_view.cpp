@@ -16,7 +16,7 @@ namespace plimo {
 
 namespace {
 
-constexpr int outline = 3;  // the list's own frame, which a Shape may cover
+constexpr int outline = 3;  // pixels, of the frame, which a Shape may cover
 
 int margin() { return scaled(4); }      // between the frame and the rows' texts
 int rowPadding() { return scaled(6); }  // above and below a row's text together
@@ -36,7 +36,7 @@ ListView::ListView(ListBox& model, QWidget* parent) : QAbstractScrollArea(parent
   dragTimer_.setInterval(dragInterval);
   connect(&dragTimer_, &QTimer::timeout, this, [this] { extendToPointer(viewport()->mapFromGlobal(QCursor::pos())); });
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
-    if (!programMoves_) model_.userScroll();
+    if (!programScrolls_) model_.userScroll();
   });
 }
 
@@ -51,10 +51,10 @@ std::size_t ListView::pageRows() const {
 void ListView::updateRange() {
   const int rows = static_cast<int>(std::min<std::size_t>(model_.count(), 1U << 30));
   const int page = static_cast<int>(pageRows());
-  programMoves_ = true;
+  programScrolls_ = true;
   verticalScrollBar()->setPageStep(page);
   verticalScrollBar()->setRange(0, std::max(0, rows - page));
-  programMoves_ = false;
+  programScrolls_ = false;
 }
 
 void ListView::rowsChanged() {
@@ -79,9 +79,9 @@ void ListView::currentChanged() {
 }
 
 void ListView::topChanged() {
-  programMoves_ = true;
+  programScrolls_ = true;
   verticalScrollBar()->setValue(static_cast<int>(std::clamp<long>(model_.top(), 0, 1L << 30)));
-  programMoves_ = false;
+  programScrolls_ = false;
 }
 
 void ListView::setColours(const ListColours& colours) {
@@ -99,9 +99,9 @@ void ListView::reveal(std::size_t row) {
   std::size_t wanted = top();
   if (row < wanted) wanted = row;
   if (row >= wanted + page) wanted = row - page + 1;
-  programMoves_ = true;
+  programScrolls_ = true;
   verticalScrollBar()->setValue(static_cast<int>(wanted));
-  programMoves_ = false;
+  programScrolls_ = false;
 }
 
 QRect ListView::rowRect(std::size_t row) const {
@@ -117,7 +117,7 @@ std::optional<std::size_t> ListView::rowAt(const QPoint& point) const {
   return row;
 }
 
-QPoint ListView::menuPlace() const {
+QPoint ListView::menuPosition() const {
   if (!model_.current()) return viewport()->mapToGlobal(QPoint(rowHeight_, 0));
   const QRect row = rowRect(*model_.current()).intersected(viewport()->rect());
   return viewport()->mapToGlobal(QPoint(rowHeight_, row.bottom()));
@@ -125,7 +125,7 @@ QPoint ListView::menuPlace() const {
 
 QString ListView::rowText(std::size_t row) const {
   QString text = qstring(model_.text(row));
-  // A line break or another control character in a file's name is shown by its picture.
+  // Control characters in a file's name are shown by their Unicode pictures.
   constexpr char16_t firstPicture = 0x2400;
   for (QChar& c : text) {
     if (c.unicode() < ' ') c = QChar(static_cast<char16_t>(firstPicture + c.unicode()));
@@ -170,7 +170,7 @@ void ListView::paintRow(QPainter& painter, std::size_t row, const QRect& rect) c
   painter.setPen(isEnabled() ? textColour : qcolor(colours_.quiet));
   const QString whole = rowText(row);
   const QString text = painter.fontMetrics().elidedText(whole, Qt::ElideRight, textPlace.width());
-  // What is cut off of a text that runs from right to left is its left end; all begin at the same edge all the same.
+  // Right-to-left text is elided at its left end, but is aligned left like all other rows.
   painter.setLayoutDirection(whole.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
   painter.drawText(textPlace, Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
   if (secondaryText) {
@@ -229,7 +229,7 @@ bool ListView::viewportEvent(QEvent* event) {
   return QAbstractScrollArea::viewportEvent(event);
 }
 
-// The list's own frame shows where the keyboard is; it belongs to the area, not to the viewport.
+// The frame, which shows the focus, belongs to the area and not to the viewport.
 bool ListView::event(QEvent* event) {
   const bool done = QAbstractScrollArea::event(event);
   if (event->type() == QEvent::Paint) {

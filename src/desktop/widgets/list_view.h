@@ -1,5 +1,5 @@
-// A list on the screen: paints the rows in view straight from the model, a million of them as fast as ten, and hands
-// what the user does to the model's doors.
+// A list: it paints the visible rows directly from the model, so that a million rows are as fast as ten, and passes the
+// user's input to the model's user-input API.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -21,7 +21,7 @@ class ListView : public QAbstractScrollArea {
 
   ListBox& model() const { return model_; }
 
-  // --- What the binder hears ---
+  // --- Notifications from the binder ---
   void rowsChanged();
   void rowsAppended(std::size_t first);
   void selectionChanged();
@@ -29,24 +29,24 @@ class ListView : public QAbstractScrollArea {
   void topChanged();
   void setColours(const ListColours& colours);
 
-  // --- Places ---
+  // --- Geometry ---
   int rowHeight() const { return rowHeight_; }
-  // The row's place in the viewport, whether in view or not.
+  // The row's rectangle in the viewport's coordinates, visible or not.
   QRect rowRect(std::size_t row) const;
-  // The row at a point of the viewport.
+  // The row at a point of the viewport; nullopt if there is none.
   std::optional<std::size_t> rowAt(const QPoint& point) const;
-  // Where a menu asked for by key appears: at the current row, else at the top; in global coordinates.
-  QPoint menuPlace() const;
+  // Where a menu opened by key appears: at the current row, else at the top; in global coordinates.
+  QPoint menuPosition() const;
   QString rowText(std::size_t row) const;
-  // Brings the row into view.
+  // Scrolls the row into view.
   void reveal(std::size_t row);
 
-  // What is shown behind a row's text, in a quieter colour, and as its tooltip; empty for nothing.
+  // What is shown after a row's text, in the secondary colour, and as its tooltip; unset for nothing.
   std::function<QString(std::size_t row)> secondaryText;
 
  Q_SIGNALS:
-  // The user asks for a pop-up menu here (global coordinates), with the mouse or by key.
-  void menuAsked(const QPoint& place, bool byKey);
+  // The user asks for a pop-up menu at a position in global coordinates, with the mouse or by key.
+  void menuAsked(const QPoint& position, bool byKey);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -69,7 +69,7 @@ class ListView : public QAbstractScrollArea {
   void measure();
   void updateRange();
   std::size_t top() const;
-  std::size_t pageRows() const;  // whole rows in view, at least one
+  std::size_t pageRows() const;  // whole visible rows, at least 1
   QRect boxRect(const QRect& row) const;
   void paintRow(QPainter& painter, std::size_t row, const QRect& place) const;
   void paintBox(QPainter& painter, const QRect& box, bool ticked, const QColor& ink) const;
@@ -83,9 +83,9 @@ class ListView : public QAbstractScrollArea {
   int rowHeight_ = 20;
   int wheelRest_ = 0;  // eighths of a degree not yet scrolled
   std::optional<std::size_t> shownCurrent_;
-  std::optional<std::size_t> dragged_;  // the row that the pressed left button was last over
-  QTimer dragTimer_;                    // scrolls while the pointer is held beyond an edge
-  bool programMoves_ = false;           // the scroll bar moves because the program said so
+  std::optional<std::size_t> dragged_;  // the row last under the pointer while the left button is held
+  QTimer dragTimer_;                    // scrolls while the pointer is beyond an edge
+  bool programScrolls_ = false;         // the scroll bar is moved by the program, not by the user
 };
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-// The player as the user sees it: what plays, the transport buttons, the way through the song, and how loud it is.
+// The player's controls: the song, the transport buttons, the position in the song and the volume.
 #pragma once
 
 #include <QTimer>
@@ -47,7 +47,7 @@ class PlayerStrip : public QWidget {
   QToolButton* mute_ = nullptr;
   QSlider* seek_;
   QSlider* volume_;
-  bool updating_ = false;  // the sliders move because the player says so
+  bool updating_ = false;  // the sliders are moved by the player, not by the user
   QString shownPlayArt_;
   QString shownMuteArt_;
 };

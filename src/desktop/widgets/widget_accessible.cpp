@@ -6,14 +6,12 @@
 #include <QRadioButton>
 #include <QScrollArea>
 
-#include "desktop/window/form_window.h"
-
 namespace plimo {
 
 namespace {
 
-// The toolkit would take an option button that excludes no other by itself for a check box, and would turn its mark
-// without a click, past the model.
+// The toolkit reports an option button that is not auto-exclusive as a check box, and toggles it without a click, so
+// that the model would not be changed.
 class ChoiceAccessible : public QAccessibleWidget {
  public:
   ChoiceAccessible(QAbstractButton& button, QAccessible::Role role)
@@ -44,8 +42,8 @@ class ChoiceAccessible : public QAccessibleWidget {
   QAbstractButton& button_;
 };
 
-// A text that may scroll is one text. (The toolkit tells of its scroll bars by index too, and takes no care of an index
-// that was right before a bar went.)
+// A text that may scroll is a single text without children. (The toolkit also reports its scroll bars as children, by
+// an index that is out of range once a bar is hidden.)
 class TextAccessible : public QAccessibleWidget {
  public:
   explicit TextAccessible(QScrollArea& area) : QAccessibleWidget(&area, QAccessible::StaticText) {}
@@ -61,7 +59,6 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
     return new ChoiceAccessible(*option, QAccessible::RadioButton);
   if (auto* box = qobject_cast<QCheckBox*>(object)) return new ChoiceAccessible(*box, QAccessible::CheckBox);
   if (auto* text = qobject_cast<QScrollArea*>(object)) return new TextAccessible(*text);
-  if (auto* window = qobject_cast<FormWindow*>(object)) return new QAccessibleWidget(window, QAccessible::Window);
   return nullptr;
 }
 

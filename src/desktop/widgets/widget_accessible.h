@@ -1,4 +1,4 @@
-// What the window, its texts, check boxes and option buttons tell assistive tools.
+// Texts, check boxes and option buttons for assistive tools.
 #pragma once
 
 namespace plimo {

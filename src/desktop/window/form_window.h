@@ -1,4 +1,4 @@
-// The window of one form: its menu bar, and the ground on which its controls stand.
+// The window of one form: its menu bar, and the canvas with the widgets of its controls.
 #pragma once
 
 #include <QPointer>
@@ -29,23 +29,28 @@ class FormWindow : public QWidget {
   Q_OBJECT
 
  public:
-  // `compact` tells whether only the player is to be painted. All of them must outlive the window.
+  // `controls` are those of the main window; null for another one. `compact` returns whether only the player is
+  // visible. All of them must outlive the window.
   FormWindow(Form& form, const Form1Controls* controls, MpvPlayer& player, std::function<bool()> compact);
   ~FormWindow() override;
 
+  // Reports form windows to assistive tools as windows. To be called once, before the first window is made.
+  static void installAccessible();
+
   Form& form() const { return form_; }
 
-  // Shows the window in the form's state; the splash window stands in the middle of the screen, without a frame.
+  // Shows the window in the form's state; the splash window is centred on the screen and has no frame.
   void present();
-  void followState();
-  // Outer size in twips; kept until the window manager has done what was asked of it before.
+  // Applies the form's state: normal, minimised or maximised.
+  void applyState();
+  // Outer size in twips; applied as soon as the window manager has carried out earlier requests.
   void resizeOuter(double width, double height);
   void popUp(Menu& menu);
-  // Brings visibility and focus up to the models; called before the window is painted. Where panels have been opened or
-  // closed, the focusTarget follows them, and the model hears of it.
+  // Applies the visibility of the controls and the focus; called before the window is painted. If panels have been
+  // opened or closed, the focus moves with them, and the form is notified.
   void refresh();
 
-  // What the user does to the window itself is let through only while this is true.
+  // The window's own input (closing it, moving the pointer, Escape) is ignored while this returns false.
   std::function<bool()> acceptsInput = [] { return true; };
 
  protected:
@@ -57,27 +62,35 @@ class FormWindow : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  // --- form_window.cpp ---
   void bind(Control& control);
-  void setTabOrders();
-  void fitFonts();
-  void layOut();
-  void reportSize();
-  // The first list that shows, where the focusTarget begins; null where none does.
-  Control* firstList() const;
-  // What stands in a panel, in the order of the Tab key; nothing for no panel.
-  std::span<Binder* const> bindersIn(const Control* panel) const;
-  // The control in a panel that the Tab key comes to first; null where it comes to none.
-  Control* firstFocusableIn(const Control& panel) const;
-  bool focusable(const Control* control) const;
-  // Where the focusTarget is to go because of the panels opened and closed since the last time; null where it stays.
-  Control* focusAfterPanelChange();
-  // The button that closes the panel which has the focusTarget; null where none has.
-  CommandButton* cancelButton() const;
-  void applyOuterSize();
-  void reportFocus(QWidget* now);
+  std::unique_ptr<Binder> makeBinderFor(Control& control, QWidget* parent);
+  void applyVisibility(bool compactView);
   void reportHover(Control* control);
   Control* controlOf(const QWidget* widget) const;
   Binder* binderOf(const Control* control) const;
+
+  // --- The window's size and state: form_window_size.cpp ---
+  void applyOuterSize();
+  void fitFonts();
+  void layOut();
+  void reportSize();
+
+  // --- The keyboard focus: form_window_focus.cpp ---
+  void setTabOrders();
+  void applyFocus(bool compactView);
+  void reportFocus(QWidget* now);
+  // The first visible list, which has the focus at first; null for none.
+  Control* firstList() const;
+  // The controls in a panel, in the order of the Tab key; empty for no panel.
+  std::span<Binder* const> bindersIn(const Control* panel) const;
+  // The first control in a panel that the Tab key reaches; null for none.
+  Control* firstFocusableIn(const Control& panel) const;
+  bool focusable(const Control* control) const;
+  // The control that gets the focus because panels have been opened or closed since the last call; null for no change.
+  Control* focusAfterPanelChange();
+  // The button that closes the panel with the focus; null if there is none.
+  CommandButton* cancelButton() const;
 
   Form& form_;
   MpvPlayer& player_;
@@ -91,12 +104,12 @@ class FormWindow : public QWidget {
   std::map<const Control*, std::vector<Binder*>> panelOrder_;
   std::vector<std::unique_ptr<TimerBinder>> timers_;
   std::unique_ptr<BoundMenus> menus_;
-  const Control* hovered_ = nullptr;  // what the pointer is over; null: the bare form
+  const Control* hovered_ = nullptr;  // under the pointer; null: the form itself
   bool hoverKnown_ = false;
   bool movingFocus_ = false;  // the program moves the focus, not the user
-  QSize wantedOuter_;         // asked for and not yet there
+  QSize wantedOuter_;         // requested and not yet reached
   bool menuByKey_ = false;
-  QPoint menuPosition_;  // where the user last asked for a menu
+  QPoint menuPosition_;  // where the user last asked for a menu, in global coordinates
   bool presented_ = false;
   bool wasCompact_ = false;
 };

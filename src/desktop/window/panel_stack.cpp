@@ -56,7 +56,7 @@ void PanelStack::visibilityChanged(const Control& frame) {
   changed_ = true;
 }
 
-// Another panel may have been opened from it: that one's way back goes on to where this one's leads.
+// A panel that was opened from the closed one returns the focus to where the closed one would have.
 void PanelStack::closed(std::vector<Open>::iterator panel) {
   const Open gone = *panel;
   open_.erase(panel);

@@ -1,4 +1,4 @@
-// The panels of a form that are open, one over the other.
+// The open panels of a form, from the bottom to the top.
 #pragma once
 
 #include <memory>
@@ -10,27 +10,27 @@ namespace plimo {
 
 class PanelStack {
  public:
-  // Watches the form's frames; the form must outlive it.
+  // Observes the form's frames; the form must outlive it.
   explicit PanelStack(Form& form);
   ~PanelStack();
 
-  // The panel that was opened last, or asked for again; null where none is open.
+  // The panel that was opened, or requested again, last; null if none is open.
   const Control* top() const { return open_.empty() ? nullptr : open_.back().frame; }
-  // True for a panel over which another one has been opened: it waits until that one is closed. The first run's two
-  // panels stand side by side.
+  // True for a panel that a panel opened later overlaps: it is hidden until that one is closed. The two panels of the
+  // first run are side by side.
   bool covered(const Control& frame) const;
 
-  // True where panels have been opened or closed since the keyboard was told of it last.
+  // True if panels have been opened or closed since the last clearChanged().
   bool changed() const { return changed_; }
   void clearChanged() { changed_ = false; }
-  // What had the keyboard before the panel was opened that has been closed last; null where none has since.
+  // The control that had the focus before the panel closed last was opened; null if a panel has been opened since.
   Control* focusBefore() const { return focusBefore_; }
 
  private:
   class FrameObserver;
   struct Open {
     const Control* frame;
-    Control* focusBefore;  // had the keyboard
+    Control* focusBefore;  // had the focus when the panel was opened
   };
   void visibilityChanged(const Control& frame);
   void closed(std::vector<Open>::iterator panel);
