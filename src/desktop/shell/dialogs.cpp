@@ -64,17 +64,17 @@ std::string nativeBytes(const QString& name) { return QFile::encodeName(name).to
 bool namesPattern(const std::string& name) { return name.find('*') != std::string::npos; }
 
 // Sets up a dialog. A pattern ("*.m3u") as the name is its filter, and the initial text of its name field.
-void prepareFileDialog(QFileDialog& dialog, const FileDialog& asked) {
-  const QString pattern = nativeName(asked.name);
-  if (!asked.folder.empty()) dialog.setDirectory(nativeName(asked.folder));
+void prepareFileDialog(QFileDialog& dialog, const FileDialog& request) {
+  const QString pattern = nativeName(request.name);
+  if (!request.folder.empty()) dialog.setDirectory(nativeName(request.folder));
   QStringList filters;
-  if (namesPattern(asked.name)) filters << QStringLiteral("Playlists (%1)").arg(pattern);
+  if (namesPattern(request.name)) filters << QStringLiteral("Playlists (%1)").arg(pattern);
   filters << QStringLiteral("All files (*)");
   dialog.setNameFilters(filters);
   if (auto* field = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
     field->setText(pattern);
     field->selectAll();
-  } else if (!namesPattern(asked.name)) {
+  } else if (!namesPattern(request.name)) {
     dialog.selectFile(pattern);
   }
 }
@@ -114,21 +114,21 @@ std::string DesktopDialogs::input(const std::string& boxTitle, const std::string
   return box.textValue() == shown ? proposed : nativeBytes(box.textValue());
 }
 
-std::optional<std::string> DesktopDialogs::openFile(const FileDialog& asked) {
-  QFileDialog dialog(prepare(), asked.title.empty() ? QStringLiteral("Open") : qstring(asked.title));
+std::optional<std::string> DesktopDialogs::openFile(const FileDialog& request) {
+  QFileDialog dialog(prepare(), request.title.empty() ? QStringLiteral("Open") : qstring(request.title));
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   dialog.setFileMode(QFileDialog::ExistingFile);
-  prepareFileDialog(dialog, asked);
+  prepareFileDialog(dialog, request);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return nativeBytes(dialog.selectedFiles().constFirst());
 }
 
-std::optional<std::string> DesktopDialogs::saveFile(const FileDialog& asked) {
-  QFileDialog dialog(prepare(), asked.title.empty() ? QStringLiteral("Save") : qstring(asked.title));
+std::optional<std::string> DesktopDialogs::saveFile(const FileDialog& request) {
+  QFileDialog dialog(prepare(), request.title.empty() ? QStringLiteral("Save") : qstring(request.title));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
-  prepareFileDialog(dialog, asked);
+  prepareFileDialog(dialog, request);
   while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
     const QString name = dialog.selectedFiles().constFirst();
     if (namesPattern(bytesOf(name.mid(name.lastIndexOf(QLatin1Char('/')) + 1)))) continue;  // not a name yet

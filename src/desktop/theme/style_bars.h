@@ -14,7 +14,7 @@ int sliderHandleSize();  // pixels, width and height
 
 // Parts of a horizontal slider: the groove runs from the handle's centre at the minimum to that at the maximum.
 QRect sliderPart(const QStyleOptionSlider& option, QStyle::SubControl part);
-// Paints those of the option's parts that are asked for there: groove and handle, in the palette's highlight colour.
+// Paints those of the option's parts listed in its subControls: groove and handle, in the palette's highlight colour.
 void paintSlider(QPainter& painter, const QStyleOptionSlider& option);
 
 // Parts of a scroll bar, which has no arrow buttons.

@@ -32,8 +32,8 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
 
   QRect rect() const override {
     if (!isValid()) return {};
-    const QRect place = view_->rowRect(row());
-    return {view_->viewport()->mapToGlobal(place.topLeft()), place.size()};
+    const QRect area = view_->rowRect(row());
+    return {view_->viewport()->mapToGlobal(area.topLeft()), area.size()};
   }
 
   QAccessible::Role role() const override { return QAccessible::ListItem; }

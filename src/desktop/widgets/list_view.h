@@ -71,7 +71,7 @@ class ListView : public QAbstractScrollArea {
   std::size_t top() const;
   std::size_t pageRows() const;  // whole visible rows, at least 1
   QRect boxRect(const QRect& row) const;
-  void paintRow(QPainter& painter, std::size_t row, const QRect& place) const;
+  void paintRow(QPainter& painter, std::size_t row, const QRect& rect) const;
   void paintBox(QPainter& painter, const QRect& box, bool ticked, const QColor& ink) const;
   bool moveKey(const QKeyEvent& event);
   void extendToPointer(const QPoint& point);

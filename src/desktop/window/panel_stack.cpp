@@ -58,12 +58,13 @@ void PanelStack::visibilityChanged(const Control& frame) {
 
 // A panel that was opened from the closed one returns the focus to where the closed one would have.
 void PanelStack::closed(std::vector<Open>::iterator panel) {
-  const Open gone = *panel;
+  const Open closedPanel = *panel;
   open_.erase(panel);
   for (Open& open : open_) {
-    if (open.focusBefore != nullptr && open.focusBefore->container() == gone.frame) open.focusBefore = gone.focusBefore;
+    if (open.focusBefore != nullptr && open.focusBefore->container() == closedPanel.frame)
+      open.focusBefore = closedPanel.focusBefore;
   }
-  focusBefore_ = gone.focusBefore;
+  focusBefore_ = closedPanel.focusBefore;
   changed_ = true;
 }
 
