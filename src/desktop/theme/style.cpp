@@ -97,9 +97,6 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
 
 QRect Style::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
   switch (element) {
-    case SE_CheckBoxClickRect:
-    case SE_RadioButtonClickRect:
-      return option->rect;
     case SE_ProgressBarGroove:
     case SE_ProgressBarContents:
       return option->rect;

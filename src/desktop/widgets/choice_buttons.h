@@ -14,6 +14,7 @@ class CheckBoxWidget : public QCheckBox {
 
  protected:
   void nextCheckState() override {}
+  bool hitButton(const QPoint& point) const override { return rect().contains(point); }
 };
 
 class OptionButtonWidget : public QRadioButton {
@@ -22,6 +23,7 @@ class OptionButtonWidget : public QRadioButton {
 
  protected:
   void nextCheckState() override {}
+  bool hitButton(const QPoint& point) const override { return rect().contains(point); }
   // The arrow keys choose the neighbour in the model's group.
   void keyPressEvent(QKeyEvent* event) override;
 

@@ -101,6 +101,7 @@ QSlider* PlayerStrip::addSlider(const QString& name, const QString& meaning) {
   slider->setToolTip(meaning);
   slider->setAccessibleName(meaning);
   slider->setFocusPolicy(Qt::TabFocus);
+  slider->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);  // as high as the buttons
   return slider;
 }
 
