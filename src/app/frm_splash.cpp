@@ -25,6 +25,8 @@ FrmSplash::FrmSplash(Dispatcher& dispatcher, Platform platform, std::function<vo
   designSize(splashWidth, splashHeight);
   setCaption("Plimo!");
   Image1.setPicture("splash");
+  Image1.setStretched();
+  Image1.setAccessibleName("Plimo!");
   load = [this] { Form_Load(); };
   Timer1.timer = [this] { Timer1_Timer(); };
 }

@@ -27,6 +27,9 @@ void Control::setVisible(bool visible) {
 void Control::setEnabled(bool enabled) { change(enabled_, enabled, Property::enabled); }
 void Control::setCaption(std::string_view caption) { change(caption_, std::string(caption), Property::caption); }
 void Control::setTooltip(std::string_view tooltip) { change(tooltip_, std::string(tooltip), Property::tooltip); }
+void Control::setAccessibleName(std::string_view name) {
+  change(accessibleName_, std::string(name), Property::accessibleName);
+}
 void Control::setGeometry(const Geometry& geometry) { change(geometry_, geometry, Property::geometry); }
 void Control::setForeColour(Colour colour) { change(foreColour_, colour, Property::colours); }
 void Control::setBackColour(Colour colour) { change(backColour_, colour, Property::colours); }
@@ -45,8 +48,8 @@ void Control::notify(Property property) {
 }
 
 void Control::replay(ControlObserver& observer) {
-  for (const Property property : {Property::geometry, Property::caption, Property::tooltip, Property::colours,
-                                  Property::enabled, Property::visible}) {
+  for (const Property property : {Property::geometry, Property::accessibleName, Property::caption, Property::tooltip,
+                                  Property::colours, Property::enabled, Property::visible}) {
     observer.propertyChanged(property);
   }
 }

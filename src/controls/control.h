@@ -24,7 +24,19 @@ struct Geometry {
   friend bool operator==(const Geometry&, const Geometry&) = default;
 };
 
-enum class Property { visible, enabled, caption, tooltip, geometry, colours, picture, value, contents, interval };
+enum class Property {
+  visible,
+  enabled,
+  caption,
+  tooltip,
+  accessibleName,
+  geometry,
+  colours,
+  picture,
+  value,
+  contents,
+  interval
+};
 
 class ControlObserver {
  public:
@@ -74,6 +86,9 @@ class Control {
   void setCaption(std::string_view caption);
   const std::string& tooltip() const { return tooltip_; }
   void setTooltip(std::string_view tooltip);
+  // What assistive tools call a control that has no caption; empty if the caption is enough.
+  const std::string& accessibleName() const { return accessibleName_; }
+  void setAccessibleName(std::string_view name);
   const Geometry& geometry() const { return geometry_; }
   void setGeometry(const Geometry& geometry);
   Colour foreColour() const { return foreColour_; }
@@ -118,6 +133,7 @@ class Control {
   bool enabled_ = true;
   std::string caption_;
   std::string tooltip_;
+  std::string accessibleName_;
   Geometry geometry_;
   Colour foreColour_ = 0;
   Colour backColour_ = 0xFFFFFF;

@@ -89,6 +89,10 @@ class ListBox : public Control {
   long top() const { return top_; }
   void setTop(long row);
 
+  // What is shown after the text of a row, for example a drive's root folder; unset for nothing. Set once, at the
+  // design.
+  std::function<std::string(std::string_view text)> secondaryText;
+
   // --- Events ---
   std::function<void(std::size_t row)> tick;
   std::function<void(char key)> keyPress;

@@ -64,12 +64,16 @@ class Picture : public Control {
       : Control(form, ControlKind::picture, name, container) {}
   const std::string& picture() const { return picture_; }
   void setPicture(std::string_view picture);
+  // Stretched over the whole control, regardless of its aspect ratio. Set once, at the design.
+  bool stretched() const { return stretched_; }
+  void setStretched() { stretched_ = true; }
 
  protected:
   void replay(ControlObserver& observer) override;
 
  private:
   std::string picture_;
+  bool stretched_ = false;
 };
 
 class Label : public Control {

@@ -1,5 +1,6 @@
 // The desktop program.
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QMessageBox>
 #include <clocale>
 #include <cstdio>
@@ -11,45 +12,36 @@
 #include <vector>
 
 #include "app/program.h"
-#include "desktop/desktop.h"
-#include "desktop/look.h"
+#include "desktop/shell/desktop.h"
+#include "desktop/theme/strings.h"
+#include "desktop/theme/theme.h"
 #include "main/native.h"
 #include "platform/mpv/m3u_entries.h"
 
 namespace {
-
-constexpr const char* helpText =
-    "Usage: plimo [OPTION...]\n"
-    "Sort MP3 files by artist, build playlists and play them.\n"
-    "\n"
-    "  --folder DIR                   keep the program's files in DIR (made if missing), not in the current folder\n"
-    "  --drive LETTER=FOLDER[:KIND]   have exactly the drives named; KIND is fixed (the default), cdrom, removable,\n"
-    "                                 network or ramdisk; may be given again and again\n"
-    "  --help                         show this text and exit\n"
-    "  --version                      show the version and exit\n";
 
 struct Options {
   std::filesystem::path folder;
   std::vector<plimo::NamedDrive> drives;
 };
 
-std::optional<plimo::DriveType> kindOf(std::string_view word) {
-  if (word == "fixed") return plimo::DriveType::fixed;
-  if (word == "cdrom") return plimo::DriveType::cdrom;
-  if (word == "removable") return plimo::DriveType::removable;
-  if (word == "network") return plimo::DriveType::network;
-  if (word == "ramdisk") return plimo::DriveType::ramdisk;
+std::optional<plimo::DriveType> kindOf(std::string_view name) {
+  if (name == "fixed") return plimo::DriveType::fixed;
+  if (name == "cdrom") return plimo::DriveType::cdrom;
+  if (name == "removable") return plimo::DriveType::removable;
+  if (name == "network") return plimo::DriveType::network;
+  if (name == "ramdisk") return plimo::DriveType::ramdisk;
   return std::nullopt;
 }
 
-// "D=/mnt/music:removable". Nothing where it is not to be understood.
-std::optional<plimo::NamedDrive> driveOf(std::string_view text) {
+// Reads "D=/mnt/music:removable"; nullopt if it is not of this form.
+std::optional<plimo::NamedDrive> driveOf(const std::string& text) {
   if (text.size() < 3 || text[1] != '=') return std::nullopt;
   plimo::NamedDrive drive;
   drive.letter = text[0];
   if (drive.letter >= 'a' && drive.letter <= 'z') drive.letter = static_cast<char>(drive.letter - 'a' + 'A');
   if (drive.letter < 'A' || drive.letter > 'Z') return std::nullopt;
-  std::string_view root = text.substr(2);
+  std::string_view root = std::string_view(text).substr(2);
   if (const std::size_t colon = root.rfind(':'); colon != std::string_view::npos) {
     if (const auto kind = kindOf(root.substr(colon + 1))) {
       drive.type = *kind;
@@ -63,39 +55,62 @@ std::optional<plimo::NamedDrive> driveOf(std::string_view text) {
   return drive;
 }
 
-// An exit status where the program is not to run: after --help and --version, or for a mistake.
+// The parser takes characters, but names in the file system are bytes: Latin-1 keeps every one of them.
+QString argumentOf(const char* bytes) { return QString::fromLatin1(bytes); }
+std::string bytesOf(const QString& argument) { return argument.toLatin1().toStdString(); }
+
+int fail(const QString& message) {
+  std::fprintf(stderr, "plimo: %s\nTry 'plimo --help'.\n", bytesOf(message).c_str());
+  return 2;
+}
+
+// Returns an exit status if the program is not to run: after --help and --version, or if an argument is wrong.
 std::optional<int> readOptions(int count, char** words, Options& options) {
-  for (int i = 1; i < count; ++i) {
-    const std::string_view word = words[i];
-    const bool hasValue = i + 1 < count;
-    if (word == "--help") {
-      std::fputs(helpText, stdout);
-      return 0;
-    }
-    if (word == "--version") {
-      std::puts("plimo " PLIMO_VERSION);
-      return 0;
-    }
-    if (word == "--folder" && hasValue) {
-      options.folder = plimo::nativePath(words[++i]);
-      continue;
-    }
-    if (word == "--drive" && hasValue) {
-      const auto drive = driveOf(words[++i]);
-      if (drive) {
-        options.drives.push_back(*drive);
-        continue;
-      }
-      std::fprintf(stderr, "plimo: not a drive: %s\n", words[i]);
-      return 2;
-    }
-    std::fprintf(stderr, "plimo: not understood: %s\n\n%s", words[i], helpText);
-    return 2;
+  const QCommandLineOption folder(QStringLiteral("folder"),
+                                  QStringLiteral("Keep the program's files in DIR (made if missing), not in the "
+                                                 "current folder."),
+                                  QStringLiteral("DIR"));
+  const QCommandLineOption drive(QStringLiteral("drive"),
+                                 QStringLiteral("Have exactly the drives given; may be repeated. KIND is fixed (the "
+                                                "default), cdrom, removable, network or ramdisk."),
+                                 QStringLiteral("LETTER=FOLDER[:KIND]"));
+  const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                QStringLiteral("Show this text and exit."));
+  const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                   QStringLiteral("Show the version and exit."));
+  QCommandLineParser parser;
+  parser.setApplicationDescription(QStringLiteral("Sort MP3 files by artist, build playlists and play them."));
+  parser.addOptions({folder, drive, help, version});
+
+  QStringList arguments;
+  for (int i = 0; i < count; ++i) arguments << argumentOf(words[i]);
+  if (!parser.parse(arguments)) return fail(parser.errorText());
+  if (parser.isSet(help)) {
+    // The parser takes the program's name from an application object; this one needs no display.
+    char name[] = "plimo";
+    char* named[] = {name, nullptr};
+    int one = 1;
+    const QCoreApplication application(one, named);
+    std::fputs(bytesOf(parser.helpText()).c_str(), stdout);
+    return 0;
   }
+  if (parser.isSet(version)) {
+    std::puts("plimo " PLIMO_VERSION);
+    return 0;
+  }
+  if (const QStringList others = parser.positionalArguments(); !others.isEmpty()) {
+    return fail(QStringLiteral("Unexpected argument '%1'.").arg(others.constFirst()));
+  }
+  for (const QString& value : parser.values(drive)) {
+    const auto named = driveOf(bytesOf(value));
+    if (!named) return fail(QStringLiteral("'%1' is not of the form LETTER=FOLDER[:KIND].").arg(value));
+    options.drives.push_back(*named);
+  }
+  options.folder = plimo::nativePath(bytesOf(parser.value(folder)));
   return std::nullopt;
 }
 
-// False, with the reason, where the folder cannot be entered.
+// Makes the folder and changes to it; returns false and the reason if that fails.
 bool enter(const std::filesystem::path& folder, std::string& reason) {
   std::error_code failed;
   std::filesystem::create_directories(folder, failed);
@@ -109,14 +124,14 @@ bool enter(const std::filesystem::path& folder, std::string& reason) {
 int main(int count, char** words) {
   QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   Options options;
-  // Before the application object, so that --help and --version need no display.
+  // Before the application object: --help and --version need no display.
   if (const auto status = readOptions(count, words, options)) return *status;
   QApplication application(count, words);
   std::setlocale(LC_NUMERIC, "C");  // libmpv reads and writes numbers
   QApplication::setApplicationName(QString::fromUtf8(plimo::programName));
   QApplication::setDesktopFileName(QStringLiteral("plimo"));
   QApplication::setQuitOnLastWindowClosed(false);
-  plimo::installLook(application);
+  plimo::installTheme(application);
   QIcon icon(QStringLiteral(":/art/plimo.svg"));
   icon.addFile(QStringLiteral(":/art/plimo-small.svg"), QSize(16, 16));
   QApplication::setWindowIcon(icon);

@@ -16,6 +16,10 @@ constexpr double designHeight = 768 * pixel;
 constexpr Colour green = 32768;
 constexpr Colour brown = 16512;
 constexpr Colour grey = 8421504;
+// Of the sliders: light enough to be seen on a dark window.
+constexpr Colour pureRed = 0x3030FF;
+constexpr Colour pureGreen = 0x40C020;
+constexpr Colour pureBlue = 0xFF6040;
 
 // In pixels, relative to the container.
 void put(Control& control, double left, double top, double width, double height) {
@@ -176,6 +180,9 @@ void designColours(Form1Controls& form) {
   put(form.Slider1, 332, top, 330, 30);
   put(form.Slider2, 332, top + step, 330, 30);
   put(form.Slider3, 332, top + 2 * step, 330, 30);
+  form.Slider1.setForeColour(pureRed);
+  form.Slider2.setForeColour(pureGreen);
+  form.Slider3.setForeColour(pureBlue);
   form.Slider1.setTooltip("Adds red ");
   form.Slider2.setTooltip("Adds Green");
   form.Slider3.setTooltip("Adds Blue");
@@ -287,6 +294,30 @@ void designMenus(Form1Controls& form) {
   form.des.setCaption("&Deselect All");
 }
 
+void nameForAssistiveTools(Form1Controls& form) {
+  form.List2.setAccessibleName("Artists");
+  form.List1.setAccessibleName("Scratch playlist");
+  form.List4.setAccessibleName("Final playlist");
+  form.List6.setAccessibleName("Final playlist");
+  form.List5.setAccessibleName("Drives to scan during startup");
+  form.List7.setAccessibleName("Drives to scan");
+  form.Picture1.setAccessibleName("Show the artist commands");
+  form.Picture4.setAccessibleName("Fold the artist commands");
+  form.Picture2.setAccessibleName("Show the song commands");
+  form.Picture5.setAccessibleName("Fold the song commands");
+  form.Picture3.setAccessibleName("Show the playlist commands");
+  form.Picture6.setAccessibleName("Fold the playlist commands");
+  form.Picture7.setAccessibleName("Play all songs on the final playlist");
+  form.MediaPlayer1.setAccessibleName("Player");
+  form.Slider1.setAccessibleName("Red");
+  form.Slider2.setAccessibleName("Green");
+  form.Slider3.setAccessibleName("Blue");
+  form.Drive1.setAccessibleName("Winamp's drive");
+  form.Dir1.setAccessibleName("Winamp's folder");
+  form.Drive2.setAccessibleName("Drive to copy to");
+  form.Dir2.setAccessibleName("Folder to copy to");
+}
+
 }  // namespace
 
 void Form1::ColourFollower::propertyChanged(Property property) {
@@ -305,6 +336,7 @@ void Form1::design() {
   designColours(*this);
   designPanels(*this);
   designMenus(*this);
+  nameForAssistiveTools(*this);
   List4.addObserver(colourFollower_);
 }
 

@@ -14,6 +14,14 @@ std::vector<DriveList::Entry> allDrives(FileSystemObject& files) {
   return entries;
 }
 
+// The root folder of the drive whose letter the row begins with; empty if there is none.
+std::string rootOfDrive(FileSystemObject& files, std::string_view row) {
+  for (const Drive& drive : files.drives()) {
+    if (!row.empty() && drive.letter == row.front()) return drive.root;
+  }
+  return {};
+}
+
 FolderList::Listing listFolder(FileSystemObject& files, std::string_view folder) {
   FolderList::Listing listing;
   // The folder of something in it: without a separator at its end, except for a root.
@@ -47,6 +55,9 @@ void Form1::showDrive(const DriveList& drives, FolderList& folders) {
 
 void Form1::provideDrivesAndFolders() {
   for (DriveList* list : {&Drive1, &Drive2}) list->source = [this] { return allDrives(platform.files); };
+  for (ListBox* list : {&List5, &List7}) {
+    list->secondaryText = [this](std::string_view row) { return rootOfDrive(platform.files, row); };
+  }
   for (FolderList* list : {&Dir1, &Dir2}) {
     list->source = [this](std::string_view folder) { return listFolder(platform.files, folder); };
   }

@@ -1,4 +1,4 @@
-#include "desktop/contrast.h"
+#include "desktop/theme/contrast.h"
 
 #include <gtest/gtest.h>
 

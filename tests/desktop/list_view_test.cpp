@@ -1,5 +1,5 @@
 // A list on the screen, painted into memory.
-#include "desktop/list_view.h"
+#include "desktop/widgets/list_view.h"
 
 #include <gtest/gtest.h>
 
@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "controls/form.h"
-#include "desktop/binder.h"
-#include "desktop/list_access.h"
+#include "desktop/binders/binder.h"
+#include "desktop/widgets/list_accessible.h"
 
 namespace plimo {
 namespace {
@@ -78,7 +78,7 @@ TEST_F(ListOnScreen, PaintsOnlyTheVisibleRowsOfAMillion) {
   QApplication::processEvents();
   const auto visibleRows = static_cast<std::size_t>(view.viewport()->height() / view.rowHeight() + 1);
   std::size_t painted = 0;
-  view.beside = [&painted](std::size_t) {  // called once per painted row
+  view.secondaryText = [&painted](std::size_t) {  // called once per painted row
     ++painted;
     return QString();
   };
@@ -194,7 +194,8 @@ TEST_F(ListOnScreen, ShowsControlCharactersAndBytesThatAreNoText) {
 }
 
 TEST_F(ListOnScreen, TellsAssistiveToolsOfItsRowsOneByOne) {
-  installListAccess();
+  installListAccessible();
+  artists_.setAccessibleName("Artists");
   ListView& view = show(artists_);
   fill(artists_, million);
   artists_.userTick(2, true);

@@ -1,4 +1,4 @@
-#include "desktop/panel_stack.h"
+#include "desktop/window/panel_stack.h"
 
 #include <gtest/gtest.h>
 
@@ -61,12 +61,12 @@ TEST_F(PanelStackTest, TheWayBackGoesPastAPanelThatIsClosedBefore) {
   form.userFocus(&inLeft);
   right.setVisible(true);
   left.setVisible(false);
-  EXPECT_EQ(stack.before(), &outside);
-  stack.settled();
+  EXPECT_EQ(stack.focusBefore(), &outside);
+  stack.clearChanged();
   EXPECT_FALSE(stack.changed());
   right.setVisible(false);
   EXPECT_TRUE(stack.changed());
-  EXPECT_EQ(stack.before(), &outside);
+  EXPECT_EQ(stack.focusBefore(), &outside);
 }
 
 }  // namespace

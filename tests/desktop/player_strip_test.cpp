@@ -1,5 +1,5 @@
 // The player as the user works it.
-#include "desktop/player_strip.h"
+#include "desktop/widgets/player_strip.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,6 +10,7 @@
 #include <QSlider>
 #include <QToolButton>
 
+#include "desktop/theme/strings.h"
 #include "platform/mpv/test_player.h"
 
 namespace plimo {
@@ -43,7 +44,7 @@ TEST_F(Strip, WithNothingOpenOnlyTheVolumeCanBeUsed) {
   for (const char* name : {"playerPrevious", "playerPlay", "playerStop", "playerNext"}) {
     EXPECT_FALSE(button(name)->isEnabled()) << name;
   }
-  EXPECT_FALSE(slider("playerWay")->isEnabled());
+  EXPECT_FALSE(slider("playerSeek")->isEnabled());
   EXPECT_TRUE(slider("playerVolume")->isEnabled());
   EXPECT_TRUE(button("playerMute")->isEnabled());
 }
@@ -108,7 +109,7 @@ TEST_F(Strip, PreviousBeginsTheSongAgainLaterThanThreeSecondsIntoIt) {
 
 TEST_F(Strip, TheWayGoesToAnyPlaceInTheSong) {
   openTwo();
-  QSlider* way = slider("playerWay");
+  QSlider* way = slider("playerSeek");
   EXPECT_TRUE(way->isEnabled());
   way->setValue(way->maximum() / 2);
   EXPECT_TRUE(test.until([&] { return test.player.currentPosition() > 15.3; })) << "plays on from there";
@@ -158,7 +159,7 @@ TEST_F(Strip, ShowControlsShowsAndHidesTheButtons) {
   for (const char* name : {"playerPrevious", "playerPlay", "playerStop", "playerNext"}) {
     EXPECT_TRUE(button(name)->isHidden()) << name;
   }
-  EXPECT_FALSE(slider("playerWay")->isHidden());
+  EXPECT_FALSE(slider("playerSeek")->isHidden());
   test.player.setShowControls(true);
   EXPECT_FALSE(button("playerPlay")->isHidden());
 }
@@ -170,7 +171,7 @@ TEST_F(Strip, NotEnabledNothingOfItCanBeUsed) {
   for (const char* name : {"playerPrevious", "playerPlay", "playerStop", "playerNext", "playerMute"}) {
     EXPECT_FALSE(button(name)->isEnabled()) << name;
   }
-  EXPECT_FALSE(slider("playerWay")->isEnabled());
+  EXPECT_FALSE(slider("playerSeek")->isEnabled());
   EXPECT_FALSE(slider("playerVolume")->isEnabled());
   press(Qt::Key_MediaNext);
   press(Qt::Key_MediaStop);

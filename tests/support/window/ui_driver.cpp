@@ -14,7 +14,7 @@
 #include <QWindow>
 #include <stdexcept>
 
-#include "desktop/look.h"
+#include "desktop/theme/strings.h"
 
 namespace plimo {
 

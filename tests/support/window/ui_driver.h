@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-#include "desktop/list_view.h"
+#include "desktop/widgets/list_view.h"
 
 namespace plimo {
 

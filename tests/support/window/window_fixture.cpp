@@ -4,8 +4,8 @@
 #include <QTimer>
 #include <exception>
 
-#include "desktop/desktop.h"
-#include "desktop/look.h"
+#include "desktop/shell/desktop.h"
+#include "desktop/theme/theme.h"
 #include "platform/memory/fake_launcher.h"
 
 namespace plimo {
@@ -32,7 +32,7 @@ void WindowFixture::run(const std::string& command, const std::function<void()>&
 }
 
 std::vector<CommandResult> runInWindow(FileSystemObject& files, const std::function<void(WindowFixture&)>& script) {
-  installLook(*qApp);
+  installTheme(*qApp);
   QApplication::setQuitOnLastWindowClosed(false);
   FakeLauncher launcher(files);
   Desktop desktop(files, launcher);

@@ -1,0 +1,111 @@
+#include "desktop/shell/desktop.h"
+
+#include <QApplication>
+#include <QThread>
+#include <QTimer>
+
+#include "desktop/shell/mpv_loader.h"
+#include "desktop/theme/strings.h"
+#include "desktop/widgets/list_accessible.h"
+#include "desktop/widgets/widget_accessible.h"
+
+namespace plimo {
+
+namespace {
+
+MpvHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting) {
+  // One of the player's audio outputs would otherwise replace the handlers of the signals that end the program.
+  qputenv("SDL_NO_SIGNAL_HANDLERS", "1");
+  auto library = std::make_shared<MpvLoader>(blocker, std::move(beforeWaiting));
+  return {
+      [](std::function<void()> action) { QMetaObject::invokeMethod(qApp, std::move(action), Qt::QueuedConnection); },
+      [library](const char* name) { return library->function(name); },
+      [&blocker] { return !blocker.isBlocked(); },
+  };
+}
+
+}  // namespace
+
+Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
+    : player_(hooksFor(blocker_, [this] { program_.dispatcher().flush(); })),
+      progress_(blocker_),
+      program_(Platform{files, player_, dialogs_, launcher, progress_}) {
+  const auto flush = [this] { program_.dispatcher().flush(); };
+  dialogs_.beforeBox = flush;
+  dialogs_.owner = [this] { return frontWindow(); };
+  progress_.beforePaint = flush;
+  progress_.window = [this] { return frontWindow(); };
+  blocker_.unblocked = [this] { player_.drainEvents(); };
+  installListAccessible();
+  installWidgetAccessible();
+  FormWindow::installAccessible();
+  bindWindows();
+}
+
+Desktop::~Desktop() {
+  program_.form1().setHost(nullptr);
+  program_.splash().setHost(nullptr);
+}
+
+void Desktop::bindWindows() {
+  Form1& form1 = program_.form1();
+  main_ = std::make_unique<FormWindow>(form1, &form1, player_, [&form1] { return form1.comp; });
+  splash_ = std::make_unique<FormWindow>(program_.splash(), nullptr, player_, [] { return false; });
+  for (FormWindow* window : {main_.get(), splash_.get()}) {
+    window->acceptsInput = [this] { return !blocker_.isBlocked(); };
+    window->form().setHost(this);
+    program_.dispatcher().beforePaint([window] { window->refresh(); });
+  }
+}
+
+int Desktop::run() {
+  program_.ended = [](int status) {
+    QMetaObject::invokeMethod(
+        qApp, [status] { QCoreApplication::exit(status); }, Qt::QueuedConnection);
+  };
+  // A timer of its own, because an event posted now is not delivered in a nested event loop that an earlier one runs.
+  QTimer::singleShot(std::chrono::milliseconds(1), qApp, [this] { program_.start(); });
+  return QCoreApplication::exec();
+}
+
+FormWindow* Desktop::windowOf(const Form& form) const { return &form == &main_->form() ? main_.get() : splash_.get(); }
+
+QWidget* Desktop::frontWindow() const {
+  for (FormWindow* window : {main_.get(), splash_.get()}) {
+    if (window->isVisible()) return window;
+  }
+  return nullptr;
+}
+
+void Desktop::show(Form& form) { windowOf(form)->present(); }
+
+void Desktop::unload(Form& form) { windowOf(form)->hide(); }
+
+void Desktop::captionChanged(Form& form) { windowOf(form)->setWindowTitle(qstring(form.caption())); }
+
+void Desktop::stateChanged(Form& form) { windowOf(form)->applyState(); }
+
+void Desktop::resizeTo(Form& form, double width, double height) { windowOf(form)->resizeOuter(width, height); }
+
+// During a handler the focus is moved by the next refresh, since the control may not be visible yet.
+void Desktop::focusChanged(Form& form) {
+  if (!form.dispatcher().busy()) windowOf(form)->refresh();
+}
+
+void Desktop::popUp(Form& form, Menu& menu) { windowOf(form)->popUp(menu); }
+
+void Desktop::pause(Form& form, std::chrono::milliseconds time) {
+  form.dispatcher().flush();
+  blocker_.block();
+  QElapsedTimer elapsed;
+  elapsed.start();
+  do {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    QCoreApplication::sendPostedEvents();
+    const qint64 left = time.count() - elapsed.elapsed();
+    if (left > 0) QThread::msleep(static_cast<unsigned long>(std::min<qint64>(left, 5)));
+  } while (elapsed.elapsed() < time.count());
+  blocker_.unblock();
+}
+
+}  // namespace plimo

@@ -1,0 +1,47 @@
+// The desktop program: windows, dialogs, player and progress panel around the toolkit-free models.
+#pragma once
+
+#include <memory>
+
+#include "app/program.h"
+#include "desktop/shell/dialogs.h"
+#include "desktop/shell/input_blocker.h"
+#include "desktop/shell/progress.h"
+#include "desktop/window/form_window.h"
+#include "platform/mpv/mpv_player.h"
+
+namespace plimo {
+
+class Desktop : public FormHost {
+ public:
+  // Needs the application object. The arguments must outlive it.
+  Desktop(FileSystemObject& files, Launcher& launcher);
+  ~Desktop() override;
+
+  // Starts the program and runs the event loop until it has ended; returns its exit status.
+  int run();
+
+  void show(Form& form) override;
+  void unload(Form& form) override;
+  void captionChanged(Form& form) override;
+  void stateChanged(Form& form) override;
+  void resizeTo(Form& form, double width, double height) override;
+  void focusChanged(Form& form) override;
+  void popUp(Form& form, Menu& menu) override;
+  void pause(Form& form, std::chrono::milliseconds time) override;
+
+ private:
+  FormWindow* windowOf(const Form& form) const;
+  QWidget* frontWindow() const;
+  void bindWindows();
+
+  InputBlocker blocker_;
+  MpvPlayer player_;
+  DesktopDialogs dialogs_;
+  DesktopProgress progress_;
+  Program program_;
+  std::unique_ptr<FormWindow> main_;
+  std::unique_ptr<FormWindow> splash_;
+};
+
+}  // namespace plimo

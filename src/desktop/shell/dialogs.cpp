@@ -1,0 +1,148 @@
+#include "desktop/shell/dialogs.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+
+#include "app/program.h"
+#include "desktop/theme/scaling.h"
+#include "desktop/theme/strings.h"
+
+namespace plimo {
+
+namespace {
+
+// Pixels as designed.
+constexpr int widestText = 640;
+constexpr int inputWidth = 480;
+constexpr int margin = 20;  // between a box's edges and its contents
+
+QString title() { return QString::fromUtf8(programName); }
+
+// A message box with plain text: a file's name in it must not be taken for markup.
+class Box : public QMessageBox {
+ public:
+  Box(QWidget* owner, Icon icon, const std::string& text, StandardButtons buttons)
+      : QMessageBox(icon, title(), QString(), buttons, owner) {
+    setTextFormat(Qt::PlainText);
+    setText(qstring(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+    if (auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+      label->setWordWrap(true);
+      label->setMinimumWidth(
+          std::min(scaledForBoxes(widestText),
+                   label->fontMetrics().boundingRect(QRect(0, 0, 4000, 4000), 0, this->text()).width() + spacing()));
+    }
+    setMargins();
+  }
+
+ private:
+  void setMargins() {
+    auto* grid = qobject_cast<QGridLayout*>(layout());
+    if (grid == nullptr) return;
+    const int edge = scaledForBoxes(margin);
+    grid->setContentsMargins(edge, edge, edge, edge);
+    grid->setVerticalSpacing(edge / 2);
+    // The toolkit indents a text without an icon; it is aligned with the buttons instead.
+    QLayoutItem* first = grid->itemAtPosition(0, 0);
+    if (icon() == NoIcon && first != nullptr && first->spacerItem() != nullptr) {
+      first->spacerItem()->changeSize(0, 0);
+      grid->setHorizontalSpacing(0);
+    }
+    grid->invalidate();
+  }
+};
+
+QString nativeName(const std::string& bytes) { return QFile::decodeName(QByteArray::fromStdString(bytes)); }
+
+std::string nativeBytes(const QString& name) { return QFile::encodeName(name).toStdString(); }
+
+bool namesPattern(const std::string& name) { return name.find('*') != std::string::npos; }
+
+// Sets up a dialog. A pattern ("*.m3u") as the name is its filter, and the initial text of its name field.
+void prepareFileDialog(QFileDialog& dialog, const FileDialog& request) {
+  const QString pattern = nativeName(request.name);
+  if (!request.folder.empty()) dialog.setDirectory(nativeName(request.folder));
+  QStringList filters;
+  if (namesPattern(request.name)) filters << QStringLiteral("Playlists (%1)").arg(pattern);
+  filters << QStringLiteral("All files (*)");
+  dialog.setNameFilters(filters);
+  if (auto* field = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+    field->setText(pattern);
+    field->selectAll();
+  } else if (!namesPattern(request.name)) {
+    dialog.selectFile(pattern);
+  }
+}
+
+}  // namespace
+
+QWidget* DesktopDialogs::prepare() {
+  if (beforeBox) beforeBox();
+  return owner ? owner() : nullptr;
+}
+
+void DesktopDialogs::message(const std::string& text) {
+  Box box(prepare(), QMessageBox::NoIcon, text, QMessageBox::Ok);
+  box.exec();
+}
+
+bool DesktopDialogs::question(const std::string& text) {
+  Box box(prepare(), QMessageBox::NoIcon, text, QMessageBox::Yes | QMessageBox::No);
+  box.setDefaultButton(QMessageBox::Yes);
+  box.setEscapeButton(QMessageBox::No);
+  return box.exec() == QMessageBox::Yes;
+}
+
+std::string DesktopDialogs::input(const std::string& boxTitle, const std::string& prompt, const std::string& proposed) {
+  QInputDialog box(prepare());
+  box.setWindowTitle(boxTitle.empty() ? title() : qstring(boxTitle));
+  box.setLabelText(qstring(prompt));
+  const QString shown = nativeName(proposed);
+  box.setTextValue(shown);
+  static_cast<void>(box.sizeHint());  // creates the layout
+  const int edge = scaledForBoxes(margin);
+  box.layout()->setContentsMargins(edge, edge, edge, edge);
+  box.layout()->setSpacing(edge / 2);
+  box.setFixedSize(scaledForBoxes(inputWidth), box.sizeHint().height());
+  if (box.exec() != QDialog::Accepted) return {};
+  // An unchanged name keeps its bytes, even if they are not valid text.
+  return box.textValue() == shown ? proposed : nativeBytes(box.textValue());
+}
+
+std::optional<std::string> DesktopDialogs::openFile(const FileDialog& request) {
+  QFileDialog dialog(prepare(), request.title.empty() ? QStringLiteral("Open") : qstring(request.title));
+  dialog.setAcceptMode(QFileDialog::AcceptOpen);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  prepareFileDialog(dialog, request);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return nativeBytes(dialog.selectedFiles().constFirst());
+}
+
+std::optional<std::string> DesktopDialogs::saveFile(const FileDialog& request) {
+  QFileDialog dialog(prepare(), request.title.empty() ? QStringLiteral("Save") : qstring(request.title));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  prepareFileDialog(dialog, request);
+  while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+    const QString name = dialog.selectedFiles().constFirst();
+    if (namesPattern(bytesOf(name.mid(name.lastIndexOf(QLatin1Char('/')) + 1)))) continue;  // not a name yet
+    const QString written = name + QStringLiteral(".m3u");
+    // The program asks before it overwrites the name itself, but not before it overwrites the name with .m3u appended.
+    if (QFile::exists(name) || !QFile::exists(written)) return nativeBytes(name);
+    if (question(bytesOf(written) + " already exists. Overwrite it?")) return nativeBytes(name);
+  }
+  return std::nullopt;
+}
+
+void DesktopDialogs::report(const RuntimeError& error) {
+  Box box(prepare(), QMessageBox::Critical, error.report(), QMessageBox::Ok);
+  box.exec();
+}
+
+}  // namespace plimo

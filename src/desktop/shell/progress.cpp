@@ -1,0 +1,114 @@
+#include "desktop/shell/progress.h"
+
+#include <QApplication>
+#include <QLocale>
+
+#include "desktop/shell/progress_panel.h"
+#include "desktop/theme/strings.h"
+
+namespace plimo {
+
+namespace {
+
+// Milliseconds. Input (Cancel is pressed, the window is uncovered) is processed more often than the panel is updated.
+constexpr qint64 inputInterval = 40;
+constexpr qint64 updateInterval = 100;
+// Shorter work shows no panel.
+constexpr qint64 delayMs = 200;
+
+const QLocale& numbers() {
+  static const QLocale english(QLocale::English);
+  return english;
+}
+
+QString grouped(std::uint64_t number) { return numbers().toString(static_cast<qulonglong>(number)); }
+
+QString titleOf(Task task) {
+  switch (task) {
+    case Task::scan:
+      return QStringLiteral("Looking for songs");
+    case Task::copy:
+      return QStringLiteral("Copying");
+    case Task::deletion:
+      return QStringLiteral("Deleting");
+  }
+  return {};
+}
+
+QString sizeText(std::uint64_t bytes) {
+  return numbers().formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeTraditionalFormat);
+}
+
+}  // namespace
+
+DesktopProgress::DesktopProgress(InputBlocker& blocker) : blocker_(blocker) {}
+
+DesktopProgress::~DesktopProgress() = default;
+
+void DesktopProgress::begin(Task task) {
+  task_ = task;
+  since_.start();
+  lastInput_ = 0;
+  lastPaint_ = 0;
+  if (beforePaint) beforePaint();
+  focusBefore_ = QApplication::focusWidget();
+  QWidget* over = window ? window() : nullptr;
+  if (over != nullptr) panel_ = new ProgressPanel(over);
+  blocker_.block(panel_);
+}
+
+void DesktopProgress::end() {
+  const bool hadFocus = panel_ != nullptr && panel_->isVisible();
+  delete panel_.data();
+  blocker_.unblock();
+  if (hadFocus && focusBefore_ != nullptr && focusBefore_->isVisible()) focusBefore_->setFocus();
+}
+
+bool DesktopProgress::cancelled() const { return panel_ != nullptr && panel_->cancelled(); }
+
+bool DesktopProgress::due() {
+  const qint64 now = since_.elapsed();
+  const bool toUpdate = now >= delayMs && now - lastPaint_ >= updateInterval;
+  if (!toUpdate && now - lastInput_ < inputInterval) return false;
+  lastInput_ = now;
+  if (!toUpdate) {
+    processInput();
+    return false;
+  }
+  lastPaint_ = now;
+  if (panel_ != nullptr && panel_->isHidden()) panel_->begin(titleOf(task_), task_ == Task::scan);
+  return true;
+}
+
+void DesktopProgress::processInput() { QCoreApplication::processEvents(QEventLoop::AllEvents, 5); }
+
+void DesktopProgress::update(const ProgressUpdate& update) {
+  if (!due() || panel_ == nullptr) return;
+  const double total = static_cast<double>(update.total);
+  switch (task_) {
+    case Task::scan: {
+      const QString found =
+          update.done == 1 ? QStringLiteral("1 song found") : grouped(update.done) + QStringLiteral(" songs found");
+      const QString time = clockText(static_cast<double>(since_.elapsed()) / 1000);
+      panel_->update(qstring(update.name), found + QStringLiteral("  ·  ") + time, -1);
+      break;
+    }
+    case Task::copy: {
+      const double ofFile = update.size > 0 ? static_cast<double>(update.bytes) / static_cast<double>(update.size) : 0;
+      const double done = static_cast<double>(update.done > 0 ? update.done - 1 : 0) + ofFile;
+      panel_->update(
+          qstring(update.name),
+          QStringLiteral("File %1 of %2  ·  %3 of %4")
+              .arg(grouped(update.done), grouped(update.total), sizeText(update.bytes), sizeText(update.size)),
+          update.total > 0 ? done / total : -1);
+      break;
+    }
+    case Task::deletion:
+      panel_->update(QString(), QStringLiteral("File %1 of %2").arg(grouped(update.done), grouped(update.total)),
+                     update.total > 0 ? static_cast<double>(update.done) / total : -1);
+      break;
+  }
+  processInput();
+}
+
+}  // namespace plimo

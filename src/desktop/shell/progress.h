@@ -1,0 +1,46 @@
+// Shows the progress panel over the window while a handler of the program runs.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "desktop/shell/input_blocker.h"
+#include "platform/progress.h"
+
+namespace plimo {
+
+class ProgressPanel;
+
+class DesktopProgress : public Progress {
+ public:
+  explicit DesktopProgress(InputBlocker& blocker);
+  ~DesktopProgress() override;
+
+  // Called at the beginning, to paint pending changes of the windows. Set once.
+  std::function<void()> beforePaint;
+  // Returns the window that the panel covers; null if there is none yet.
+  std::function<QWidget*()> window;
+
+  void begin(Task task) override;
+  void update(const ProgressUpdate& update) override;
+  void end() override;
+  bool cancelled() const override;
+
+ private:
+  // True at most ten times a second, if the panel is to be updated. Also processes input, more often than that.
+  bool due();
+  void processInput();
+
+  InputBlocker& blocker_;
+  QPointer<ProgressPanel> panel_;
+  QPointer<QWidget> focusBefore_;  // had it before the panel was shown
+  QElapsedTimer since_;
+  qint64 lastInput_ = 0;
+  qint64 lastPaint_ = 0;
+  Task task_ = Task::scan;
+};
+
+}  // namespace plimo

@@ -1,0 +1,81 @@
+#include "desktop/theme/scaling.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <algorithm>
+#include <cmath>
+
+namespace plimo {
+
+namespace {
+
+// Factors from the designed sizes to those painted.
+struct Scales {
+  QFont usual;         // the desktop's own
+  double screen = 1;   // menus and dialogs
+  double window = 1;   // the contents of the main window
+  double reading = 1;  // titles and long texts in it
+};
+
+Scales& scales() {
+  static Scales now;
+  return now;
+}
+
+QFont usualFont(double scale) {
+  QFont font = scales().usual;
+  if (font.pointSizeF() > 0) {
+    font.setPointSizeF(font.pointSizeF() * scale);
+  } else {
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(font.pixelSize() * scale))));
+  }
+  return font;
+}
+
+// The scale at which what is designed for a screen of 1024 x 768 fits into the size. The designed height is that of the
+// screen without a title bar.
+double roomIn(QSize size, double largest) {
+  constexpr double designedWidth = 1024;
+  constexpr double designedHeight = 740;
+  constexpr double smallest = 0.5;
+  return std::clamp(std::min(size.width() / designedWidth, size.height() / designedHeight), smallest, largest);
+}
+
+}  // namespace
+
+void scaleToScreen() {
+  Scales& now = scales();
+  now.usual = QApplication::font();
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  now.screen = screen == nullptr ? 1 : roomIn(screen->size(), 1);
+  now.window = now.screen;
+  QApplication::setFont(usualFont(now.screen));
+}
+
+void setWindowSize(QSize size) {
+  // In steps, so that a window that is being resized does not change its fonts with every pixel.
+  constexpr double steps = 32;
+  scales().window = std::floor(roomIn(size, 1) * steps) / steps;
+  constexpr double largest = 1.5;
+  scales().reading = std::floor(roomIn(size, largest) * steps) / steps;
+}
+
+double windowScale() { return scales().window; }
+
+int scaled(int pixels) { return std::max(1, static_cast<int>(std::lround(pixels * windowScale()))); }
+
+int scaledForBoxes(int pixels) { return std::max(1, static_cast<int>(std::lround(pixels * scales().screen))); }
+
+QFont windowFont() { return usualFont(windowScale()); }
+
+QFont smallFont() { return usualFont(0.9 * windowScale()); }
+
+QFont titleFont() {
+  QFont font = usualFont(1.25 * scales().reading);
+  font.setBold(true);
+  return font;
+}
+
+QFont readingFont() { return usualFont(7.0 / 6 * scales().reading); }
+
+}  // namespace plimo

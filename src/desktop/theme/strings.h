@@ -1,0 +1,19 @@
+// Conversion between the core's strings and the toolkit's.
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace plimo {
+
+QString qstring(std::string_view text);  // invalid UTF-8 becomes replacement characters
+std::string bytesOf(const QString& text);
+
+// "3:05", with hours "1:03:05".
+QString clockText(double seconds);
+
+// A tooltip's text, escaped if it would be taken for markup: it may be a file's name.
+QString plainTip(const QString& text);
+
+}  // namespace plimo

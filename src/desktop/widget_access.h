@@ -1,9 +1,0 @@
-// What the window, its texts, check boxes and option buttons tell assistive tools.
-#pragma once
-
-namespace plimo {
-
-// To be called once, before the first window.
-void installWidgetAccess();
-
-}  // namespace plimo

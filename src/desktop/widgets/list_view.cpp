@@ -1,0 +1,261 @@
+#include "desktop/widgets/list_view.h"
+
+#include <QAccessible>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QToolTip>
+#include <algorithm>
+
+#include "desktop/theme/contrast.h"
+#include "desktop/theme/painting.h"
+#include "desktop/theme/scaling.h"
+#include "desktop/theme/strings.h"
+
+namespace plimo {
+
+namespace {
+
+constexpr int outline = 3;  // pixels, of the frame, which a Shape may cover
+
+int margin() { return scaled(4); }      // between the frame and the rows' texts
+int rowPadding() { return scaled(6); }  // above and below a row's text together
+
+}  // namespace
+
+ListView::ListView(ListBox& model, QWidget* parent) : QAbstractScrollArea(parent), model_(model) {
+  setFrameStyle(QFrame::Box | QFrame::Plain);
+  setLineWidth(outline);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusPolicy(Qt::StrongFocus);
+  viewport()->setMouseTracking(true);
+  viewport()->setCursor(Qt::ArrowCursor);
+  setAttribute(Qt::WA_InputMethodEnabled, false);
+  measure();
+  constexpr int dragInterval = 60;
+  dragTimer_.setInterval(dragInterval);
+  connect(&dragTimer_, &QTimer::timeout, this, [this] { extendToPointer(viewport()->mapFromGlobal(QCursor::pos())); });
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+    if (!programScrolls_) model_.userScroll();
+  });
+}
+
+void ListView::measure() { rowHeight_ = fontMetrics().height() + rowPadding(); }
+
+std::size_t ListView::top() const { return static_cast<std::size_t>(verticalScrollBar()->value()); }
+
+std::size_t ListView::pageRows() const {
+  return static_cast<std::size_t>(std::max(1, viewport()->height() / rowHeight_));
+}
+
+void ListView::updateRange() {
+  const int rows = static_cast<int>(std::min<std::size_t>(model_.count(), 1U << 30));
+  const int page = static_cast<int>(pageRows());
+  programScrolls_ = true;
+  verticalScrollBar()->setPageStep(page);
+  verticalScrollBar()->setRange(0, std::max(0, rows - page));
+  programScrolls_ = false;
+}
+
+void ListView::rowsChanged() {
+  updateRange();
+  dragged_.reset();
+  viewport()->update();
+}
+
+void ListView::rowsAppended(std::size_t first) {
+  updateRange();
+  if (first <= top() + pageRows()) viewport()->update();
+}
+
+void ListView::selectionChanged() { viewport()->update(); }
+
+void ListView::currentChanged() {
+  viewport()->update();
+  if (model_.current() == shownCurrent_) return;
+  shownCurrent_ = model_.current();
+  if (shownCurrent_) reveal(*shownCurrent_);
+  announceCurrent();
+}
+
+void ListView::topChanged() {
+  programScrolls_ = true;
+  verticalScrollBar()->setValue(static_cast<int>(std::clamp<long>(model_.top(), 0, 1L << 30)));
+  programScrolls_ = false;
+}
+
+void ListView::setColours(const ListColours& colours) {
+  colours_ = colours;
+  QPalette handle = verticalScrollBar()->palette();
+  handle.setColor(QPalette::Mid, qcolor(colours.quiet));
+  handle.setColor(QPalette::Dark, qcolor(colours.mark));
+  verticalScrollBar()->setPalette(handle);
+  viewport()->update();
+  update();
+}
+
+void ListView::reveal(std::size_t row) {
+  const std::size_t page = pageRows();
+  std::size_t wanted = top();
+  if (row < wanted) wanted = row;
+  if (row >= wanted + page) wanted = row - page + 1;
+  programScrolls_ = true;
+  verticalScrollBar()->setValue(static_cast<int>(wanted));
+  programScrolls_ = false;
+}
+
+QRect ListView::rowRect(std::size_t row) const {
+  const auto offset = static_cast<long long>(row) - static_cast<long long>(top());
+  const auto y = std::clamp<long long>(offset * rowHeight_, -(1 << 28), 1 << 28);
+  return {0, static_cast<int>(y), viewport()->width(), rowHeight_};
+}
+
+std::optional<std::size_t> ListView::rowAt(const QPoint& point) const {
+  if (point.y() < 0) return std::nullopt;
+  const std::size_t row = top() + static_cast<std::size_t>(point.y() / rowHeight_);
+  if (row >= model_.count()) return std::nullopt;
+  return row;
+}
+
+QPoint ListView::menuPosition() const {
+  if (!model_.current()) return viewport()->mapToGlobal(QPoint(rowHeight_, 0));
+  const QRect row = rowRect(*model_.current()).intersected(viewport()->rect());
+  return viewport()->mapToGlobal(QPoint(rowHeight_, row.bottom()));
+}
+
+QString ListView::rowText(std::size_t row) const {
+  QString text = qstring(model_.text(row));
+  // Control characters in a file's name are shown by their Unicode pictures.
+  constexpr char16_t firstPicture = 0x2400;
+  for (QChar& c : text) {
+    if (c.unicode() < ' ') c = QChar(static_cast<char16_t>(firstPicture + c.unicode()));
+  }
+  return text;
+}
+
+QRect ListView::boxRect(const QRect& row) const {
+  if (model_.style() != ListBox::Style::checkBoxes) return {};
+  const int side = std::min(rowHeight_ - rowPadding(), scaled(16));
+  return {row.left() + margin(), row.top() + (row.height() - side) / 2, side, side};
+}
+
+void ListView::paintEvent(QPaintEvent* event) {
+  QPainter painter(viewport());
+  painter.fillRect(event->rect(), qcolor(colours_.background));
+  const auto first = top() + static_cast<std::size_t>(std::max(0, event->rect().top()) / rowHeight_);
+  for (std::size_t row = first; row < model_.count(); ++row) {
+    const QRect rect = rowRect(row);
+    if (rect.top() > event->rect().bottom()) break;
+    paintRow(painter, row, rect);
+  }
+}
+
+void ListView::paintRow(QPainter& painter, std::size_t row, const QRect& rect) const {
+  const bool boxes = model_.style() == ListBox::Style::checkBoxes;
+  const bool selected = model_.selected(row) && !boxes;
+  const bool isCurrent = model_.current() == row;
+  QColor textColour = qcolor(colours_.text);
+  if (selected) {
+    painter.fillRect(rect, qcolor(colours_.selectedBackground));
+    textColour = qcolor(colours_.selectedText);
+  } else if (isCurrent) {
+    painter.fillRect(rect, qcolor(colours_.currentBackground));
+  }
+  QRect textPlace = rect.adjusted(margin(), 0, -margin(), 0);
+  if (boxes) {
+    const QRect box = boxRect(rect);
+    paintBox(painter, box, model_.selected(row), textColour);
+    textPlace.setLeft(box.right() + 1 + 2 * margin());
+  }
+  painter.setPen(isEnabled() ? textColour : qcolor(colours_.quiet));
+  const QString whole = rowText(row);
+  const QString text = painter.fontMetrics().elidedText(whole, Qt::ElideRight, textPlace.width());
+  // Right-to-left text is elided at its left end, but is aligned left like all other rows.
+  painter.setLayoutDirection(whole.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+  painter.drawText(textPlace, Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+  if (secondaryText) {
+    const QRect rest = textPlace.adjusted(painter.fontMetrics().horizontalAdvance(text) + 2 * spacing(), 0, 0, 0);
+    if (!selected) painter.setPen(qcolor(colours_.quiet));
+    painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(secondaryText(row), Qt::ElideMiddle, std::max(0, rest.width())));
+  }
+  if (!isCurrent) return;
+  const Rgb ring = hasFocus() ? (selected ? colours_.selectedText : colours_.mark) : colours_.quiet;
+  painter.setPen(QPen(qcolor(ring), 1, hasFocus() ? Qt::SolidLine : Qt::DotLine));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(rect.adjusted(1, 1, -2, -2));
+}
+
+void ListView::paintBox(QPainter& painter, const QRect& box, bool ticked, const QColor& textColour) const {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRectF square = QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5);
+  const QColor mark = qcolor(colours_.mark);
+  painter.setPen(QPen(ticked ? mark : qcolor(colours_.quiet), 1.4));
+  painter.setBrush(ticked ? QBrush(mark) : Qt::NoBrush);
+  painter.drawRoundedRect(square, square.width() / 5, square.width() / 5);
+  if (ticked) {
+    paintTick(painter, square, qcolor(readable(colours_.background, colours_.mark, 3)));
+  }
+  painter.restore();
+  painter.setPen(textColour);
+}
+
+void ListView::resizeEvent(QResizeEvent*) {
+  updateRange();
+  viewport()->update();
+}
+
+void ListView::scrollContentsBy(int, int) { viewport()->update(); }
+
+void ListView::focusInEvent(QFocusEvent*) {
+  viewport()->update();
+  update();
+  announceCurrent();
+}
+
+void ListView::focusOutEvent(QFocusEvent*) {
+  viewport()->update();
+  update();
+}
+
+bool ListView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip && secondaryText) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const auto row = rowAt(help->pos());
+    QToolTip::showText(help->globalPos(), row ? plainTip(secondaryText(*row)) : QString(), viewport());
+    return true;
+  }
+  return QAbstractScrollArea::viewportEvent(event);
+}
+
+// The frame, which shows the focus, belongs to the area and not to the viewport.
+bool ListView::event(QEvent* event) {
+  const bool done = QAbstractScrollArea::event(event);
+  if (event->type() == QEvent::Paint) {
+    QPainter painter(this);
+    const int width = hasFocus() ? 2 : 1;
+    painter.setPen(QPen(qcolor(hasFocus() ? colours_.mark : mix(colours_.background, colours_.quiet, 0.5)), width,
+                        Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const double half = width / 2.0;
+    painter.drawRect(QRectF(rect()).adjusted(half, half, -half, -half));
+  }
+  return done;
+}
+
+void ListView::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    measure();
+    updateRange();
+  }
+  QAbstractScrollArea::changeEvent(event);
+}
+
+void ListView::announceCurrent() {
+  if (!hasFocus() || !QAccessible::isActive()) return;
+  QAccessibleEvent event(this, QAccessible::Focus);
+  event.setChild(model_.current() ? static_cast<int>(*model_.current()) : -1);
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace plimo

@@ -1,0 +1,91 @@
+// A list: it paints the visible rows directly from the model, so that a million rows are as fast as ten, and passes the
+// user's input to the model's user-input API.
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QTimer>
+#include <cstddef>
+#include <functional>
+#include <optional>
+
+#include "controls/list_box.h"
+#include "desktop/theme/contrast.h"
+
+namespace plimo {
+
+class ListView : public QAbstractScrollArea {
+  Q_OBJECT
+
+ public:
+  ListView(ListBox& model, QWidget* parent);
+
+  ListBox& model() const { return model_; }
+
+  // --- Notifications from the binder ---
+  void rowsChanged();
+  void rowsAppended(std::size_t first);
+  void selectionChanged();
+  void currentChanged();
+  void topChanged();
+  void setColours(const ListColours& colours);
+
+  // --- Geometry ---
+  int rowHeight() const { return rowHeight_; }
+  // The row's rectangle in the viewport's coordinates, visible or not.
+  QRect rowRect(std::size_t row) const;
+  // The row at a point of the viewport; nullopt if there is none.
+  std::optional<std::size_t> rowAt(const QPoint& point) const;
+  // Where a menu opened by key appears: at the current row, else at the top; in global coordinates.
+  QPoint menuPosition() const;
+  QString rowText(std::size_t row) const;
+  // Scrolls the row into view.
+  void reveal(std::size_t row);
+
+  // What is shown after a row's text, in the secondary colour, and as its tooltip; unset for nothing.
+  std::function<QString(std::size_t row)> secondaryText;
+
+ Q_SIGNALS:
+  // The user asks for a pop-up menu at a position in global coordinates, with the mouse or by key.
+  void menuAsked(const QPoint& position, bool byKey);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  bool event(QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+
+ private:
+  void measure();
+  void updateRange();
+  std::size_t top() const;
+  std::size_t pageRows() const;  // whole visible rows, at least 1
+  QRect boxRect(const QRect& row) const;
+  void paintRow(QPainter& painter, std::size_t row, const QRect& rect) const;
+  void paintBox(QPainter& painter, const QRect& box, bool ticked, const QColor& ink) const;
+  bool moveKey(const QKeyEvent& event);
+  void extendToPointer(const QPoint& point);
+  void pressRight(const QPoint& point);
+  void announceCurrent();
+
+  ListBox& model_;
+  ListColours colours_;
+  int rowHeight_ = 20;
+  int wheelRest_ = 0;  // eighths of a degree not yet scrolled
+  std::optional<std::size_t> shownCurrent_;
+  std::optional<std::size_t> dragged_;  // the row last under the pointer while the left button is held
+  QTimer dragTimer_;                    // scrolls while the pointer is beyond an edge
+  bool programScrolls_ = false;         // the scroll bar is moved by the program, not by the user
+};
+
+}  // namespace plimo

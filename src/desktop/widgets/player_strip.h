@@ -1,0 +1,55 @@
+// The player's controls: the song, the transport buttons, the position in the song and the volume.
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+#include "controls/control.h"
+
+class QLabel;
+class QSlider;
+class QToolButton;
+
+namespace plimo {
+
+class MpvPlayer;
+
+class PlayerStrip : public QWidget {
+  Q_OBJECT
+
+ public:
+  PlayerStrip(MpvPlayer& player, QWidget* parent);
+  ~PlayerStrip() override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QToolButton* addButton(const QString& name, const char* art, const QString& tip);
+  QSlider* addSlider(const QString& name, const QString& meaning);
+  void buildLayout();
+  // Sizes that follow the strip's height and the window's scale.
+  void applySizes();
+  void showState();
+  void showTexts();
+
+  MpvPlayer& player_;
+  QLabel* song_;
+  QLabel* note_;
+  QLabel* times_;
+  QToolButton* previous_ = nullptr;
+  QToolButton* play_ = nullptr;
+  QToolButton* stop_ = nullptr;
+  QToolButton* next_ = nullptr;
+  QToolButton* mute_ = nullptr;
+  QSlider* seek_;
+  QSlider* volume_;
+  bool updating_ = false;  // the sliders are moved by the player, not by the user
+  QString shownPlayArt_;
+  QString shownMuteArt_;
+};
+
+}  // namespace plimo

@@ -1,0 +1,69 @@
+#include "desktop/widgets/widget_accessible.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QCheckBox>
+#include <QRadioButton>
+#include <QScrollArea>
+
+namespace plimo {
+
+namespace {
+
+// The toolkit reports an option button that is not auto-exclusive as a check box, and toggles it without a click, so
+// that the model would not be changed.
+class ChoiceAccessible : public QAccessibleWidget {
+ public:
+  ChoiceAccessible(QAbstractButton& button, QAccessible::Role role)
+      : QAccessibleWidget(&button, role), button_(button) {}
+
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name ? button_.text() : QAccessibleWidget::text(kind);
+  }
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.checkable = true;
+    state.checked = button_.isChecked();
+    return state;
+  }
+
+  QStringList actionNames() const override { return {toggleAction(), setFocusAction()}; }
+
+  void doAction(const QString& name) override {
+    if (name == toggleAction()) {
+      button_.animateClick();
+    } else {
+      QAccessibleWidget::doAction(name);
+    }
+  }
+
+ private:
+  QAbstractButton& button_;
+};
+
+// A text that may scroll is a single text without children. (The toolkit also reports its scroll bars as children, by
+// an index that is out of range once a bar is hidden.)
+class TextAccessible : public QAccessibleWidget {
+ public:
+  explicit TextAccessible(QScrollArea& area) : QAccessibleWidget(&area, QAccessible::StaticText) {}
+
+  int childCount() const override { return 0; }
+  QAccessibleInterface* child(int) const override { return nullptr; }
+  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+};
+
+QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+  if (auto* option = qobject_cast<QRadioButton*>(object))
+    return new ChoiceAccessible(*option, QAccessible::RadioButton);
+  if (auto* box = qobject_cast<QCheckBox*>(object)) return new ChoiceAccessible(*box, QAccessible::CheckBox);
+  if (auto* text = qobject_cast<QScrollArea*>(object)) return new TextAccessible(*text);
+  return nullptr;
+}
+
+}  // namespace
+
+void installWidgetAccessible() { QAccessible::installFactory(makeAccessible); }
+
+}  // namespace plimo

@@ -1,0 +1,192 @@
+#include "desktop/window/form_window.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <algorithm>
+
+#include "desktop/binders/bind_menus.h"
+#include "desktop/binders/bind_timer.h"
+#include "desktop/theme/strings.h"
+#include "desktop/widgets/list_view.h"
+#include "desktop/window/form_canvas.h"
+
+namespace plimo {
+
+FormWindow::FormWindow(Form& form, const Form1Controls* controls, MpvPlayer& player, std::function<bool()> compact)
+    : form_(form), player_(player), compact_(std::move(compact)), panels_(form) {
+  setObjectName(qstring(form.name()));
+  setWindowTitle(qstring(form.caption()));
+  setMouseTracking(true);
+  menus_ = std::make_unique<BoundMenus>(form, *this);
+  menuBar_ = menus_->bar();
+  canvas_ = new FormCanvas(controls);
+  canvas_->setParent(this);
+  canvas_->setMouseTracking(true);
+  canvas_->installEventFilter(this);
+  for (Control* control : form.controls()) bind(*control);
+  setTabOrders();
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { reportFocus(now); });
+}
+
+FormWindow::~FormWindow() = default;
+
+void FormWindow::installAccessible() {
+  QAccessible::installFactory([](const QString&, QObject* object) -> QAccessibleInterface* {
+    auto* window = qobject_cast<FormWindow*>(object);
+    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
+  });
+}
+
+void FormWindow::bind(Control& control) {
+  if (control.kind() == ControlKind::timer) {
+    auto& timer = static_cast<Timer&>(control);
+    timers_.push_back(std::make_unique<TimerBinder>(timer, [this] { return acceptsInput(); }));
+    return;
+  }
+  QWidget* parent = canvas_;
+  if (const Binder* frame = binderOf(control.container())) parent = frame->widget();
+  std::unique_ptr<Binder> binder = makeBinderFor(control, parent);
+  if (binder == nullptr) return;
+  QWidget* widget = binder->widget();
+  widget->installEventFilter(this);
+  if (auto* list = qobject_cast<ListView*>(widget)) {
+    list->viewport()->installEventFilter(this);
+    byWidget_[list->viewport()] = &control;
+    connect(list, &ListView::menuAsked, this, [this](const QPoint& position, bool byKey) {
+      menuPosition_ = position;
+      menuByKey_ = byKey;
+    });
+  }
+  byWidget_[widget] = &control;
+  byControl_[&control] = binder.get();
+  binders_.push_back(std::move(binder));
+}
+
+// Null for a control without a widget of its own.
+std::unique_ptr<Binder> FormWindow::makeBinderFor(Control& control, QWidget* parent) {
+  switch (control.kind()) {
+    case ControlKind::commandButton:
+      return bindButton(control, parent);
+    case ControlKind::checkBox:
+      return bindCheckBox(static_cast<CheckBox&>(control), parent);
+    case ControlKind::optionButton:
+      return bindOptionButton(static_cast<OptionButton&>(control), parent);
+    case ControlKind::picture:
+      return bindPicture(static_cast<Picture&>(control), parent);
+    case ControlKind::label:
+      return bindLabel(control, parent);
+    case ControlKind::frame:
+      return bindFrame(control, parent);
+    case ControlKind::shape:
+      return bindShape(static_cast<Shape&>(control), parent);
+    case ControlKind::slider:
+      return bindSlider(static_cast<Slider&>(control), parent);
+    case ControlKind::listBox:
+      return bindList(static_cast<ListBox&>(control), parent);
+    case ControlKind::driveList:
+      return bindDriveList(static_cast<DriveList&>(control), parent);
+    case ControlKind::folderList:
+      return bindFolderList(static_cast<FolderList&>(control), parent);
+    case ControlKind::mediaPlayer:
+      return bindPlayer(control, player_, parent);
+    case ControlKind::treeView:  // never shown
+    case ControlKind::timer:
+    case ControlKind::menu:
+      break;
+  }
+  return nullptr;
+}
+
+Binder* FormWindow::binderOf(const Control* control) const {
+  const auto found = byControl_.find(control);
+  return found == byControl_.end() ? nullptr : found->second;
+}
+
+Control* FormWindow::controlOf(const QWidget* widget) const {
+  for (; widget != nullptr && widget != this; widget = widget->parentWidget()) {
+    if (const auto found = byWidget_.find(widget); found != byWidget_.end()) return found->second;
+  }
+  return nullptr;
+}
+
+void FormWindow::refresh() {
+  const bool compactView = compact_();
+  movingFocus_ = true;
+  applyVisibility(compactView);
+  applyFocus(compactView);
+  movingFocus_ = false;
+  // In the compact view the form keeps the focus that it has in the large view.
+  const Control* wanted = form_.focus();
+  if (wanted == nullptr || !wanted->showing() || (!focusable(wanted) && !compactView)) reportFocus(focusWidget());
+}
+
+void FormWindow::applyVisibility(bool compactView) {
+  for (const auto& binder : binders_) {
+    const bool inView = !compactView || binder->control().kind() == ControlKind::mediaPlayer;
+    binder->applyVisible(inView && !panels_.covered(binder->control()));
+    if (compactView && !wasCompact_ && inView) binder->widget()->setFocus();
+  }
+  wasCompact_ = compactView;
+  canvas_->refresh(compactView);
+  menus_->refresh();
+  if (menuBar_ != nullptr) {
+    // Without visible menus it is hidden; its area stays empty.
+    const QList<QAction*> menus = menuBar_->actions();
+    menuBar_->setVisible(
+        std::any_of(menus.begin(), menus.end(), [](const QAction* menu) { return menu->isVisible(); }));
+  }
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (acceptsInput()) form_.userClose();
+}
+
+void FormWindow::popUp(Menu& menu) {
+  QMenu* shown = menus_->popUpOf(menu);
+  if (shown == nullptr) return;
+  const QPoint position = menuPosition_.isNull() ? QCursor::pos() : menuPosition_;
+  shown->popup(position);
+  if (!menuByKey_) return;
+  // Opened by key, the menu is used by key: its first item is selected.
+  for (QAction* action : shown->actions()) {
+    if (!action->isVisible() || !action->isEnabled()) continue;
+    shown->setActiveAction(action);
+    break;
+  }
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseMove:
+      // A widget that ignores the event passes it to its parent: the position says which control is under the pointer.
+      reportHover(controlOf(childAt(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPosition().toPoint()))));
+      break;
+    case QEvent::MouseButtonPress:
+      menuPosition_ = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
+      menuByKey_ = false;
+      break;
+    default:
+      break;
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void FormWindow::reportHover(Control* control) {
+  if (hoverKnown_ && control == hovered_) return;
+  hovered_ = control;
+  hoverKnown_ = true;
+  if (!acceptsInput()) return;
+  if (control != nullptr) {
+    control->userMouseMove();
+  } else {
+    form_.userMouseMove();
+  }
+}
+
+}  // namespace plimo
