@@ -35,13 +35,13 @@ void Program::failed(const RuntimeError& error) {
   finish(startsAnew_ ? 0 : 1);
 }
 
-// The state file that the error names, else the settings, is moved aside, so that nobody is locked out by a damaged
-// file.
+// Moves a state file aside, so that a damaged one locks nobody out: the one that the error names, else the settings.
 void Program::offerToStartAnew(const RuntimeError& error) {
   const std::string folder = platform_.files.currentDirectory();
   std::string_view name = settingsName;
   for (const std::string_view stateFile : {catalogueName, winampPathName, defaultPlaylistName}) {
-    if (platform_.files.sameFile(error.path(), platform_.files.join(folder, stateFile))) name = stateFile;
+    const std::string path = platform_.files.join(folder, stateFile);
+    if (platform_.files.fileExists(path) && platform_.files.sameFile(error.path(), path)) name = stateFile;
   }
   const std::string path = platform_.files.join(folder, name);
   if (!platform_.files.fileExists(path)) return;
