@@ -33,7 +33,7 @@ class TestDialogs : public Dialogs {
   bool hasMessageOrReport() const { return !messages.empty() || !reports.empty(); }
 
   std::deque<bool> answers;         // to the next questions, true is Yes
-  std::size_t yesAnswers = 0;           // without prepared answers, the first `yesAnswers` questions are answered Yes
+  std::size_t yesAnswers = 0;       // without prepared answers, the first `yesAnswers` questions are answered Yes
   std::string inputText;            // entered in every input box
   std::optional<std::string> file;  // chosen in every file dialog; nullopt cancels
   std::function<void()> whileOpen;  // called while a message is shown
