@@ -1,12 +1,12 @@
 // Accept of the settings panel.
 #include <utility>
-#include "window/form1.h"
 
 #include "catalogue/catalogue_file.h"
 #include "prefs/winamp_folder.h"
 #include "settings/settings_file.h"
 #include "settings/winamp_path.h"
 #include "window/drive_rows.h"
+#include "window/form1.h"
 
 namespace plimo {
 
