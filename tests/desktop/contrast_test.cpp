@@ -1,4 +1,4 @@
-#include "desktop/theme/contrast.h"
+#include "desktop/theme/list_colours.h"
 
 #include <gtest/gtest.h>
 

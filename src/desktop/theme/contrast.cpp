@@ -7,10 +7,6 @@ namespace plimo {
 
 namespace {
 
-// Minimum contrast of text, and of shapes.
-constexpr double textContrast = 4.5;
-constexpr double shapeContrast = 3.0;
-
 double linear(int channel) {
   const double part = channel / 255.0;
   return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -51,18 +47,6 @@ Rgb readable(Rgb wanted, Rgb background, double wantedContrast) {
     if (contrast(candidate, background) >= wantedContrast) return candidate;
   }
   return end;
-}
-
-ListColours listColours(Colour text, Colour background) {
-  ListColours colours;
-  colours.text = rgbOf(text);
-  colours.background = rgbOf(background);
-  colours.mark = readable(colours.text, colours.background, textContrast);
-  colours.quiet = readable(mix(colours.background, colours.mark, 0.45), colours.background, shapeContrast);
-  colours.selectedBackground = readable(mix(colours.background, colours.mark, 0.88), colours.background, shapeContrast);
-  colours.selectedText = readable(colours.background, colours.selectedBackground, textContrast);
-  colours.currentBackground = mix(colours.background, colours.mark, 0.14);
-  return colours;
 }
 
 }  // namespace plimo

@@ -3,7 +3,7 @@
 #include <QPainter>
 
 #include "controls/form.h"
-#include "desktop/theme/contrast.h"
+#include "desktop/theme/list_colours.h"
 #include "desktop/theme/units.h"
 
 namespace plimo {

@@ -9,7 +9,7 @@
 #include <optional>
 
 #include "controls/list_box.h"
-#include "desktop/theme/contrast.h"
+#include "desktop/theme/list_colours.h"
 
 namespace plimo {
 
