@@ -40,6 +40,9 @@ class FileView {
   FileView& operator=(const FileView&) = delete;
   virtual ~FileView() = default;
   virtual std::string_view bytes() const = 0;
+  // Throws 75 if another program has written to the file, or truncated it, since it was opened: the bytes read may be
+  // anything then. To be called after the last read and before its result is used. May be called by several threads.
+  virtual void throwIfChanged() const {}
   // Hints that these bytes will be read soon, or are not needed for now and need not stay in memory. They can be read
   // in either case. May be called by several threads.
   virtual void willNeed(std::size_t /*begin*/, std::size_t /*end*/) {}
@@ -139,7 +142,7 @@ class FileSystemObject {
 
   // Throws 53 (no such file).
   virtual std::uint64_t fileSize(std::string_view path) = 0;
-  // Throws 53, 76, 70 (in use), 75 (not readable, or a folder), 71.
+  // Throws 53, 76, 70 (in use), 75 (not readable, not a regular file, or changed while it is opened), 71.
   virtual std::unique_ptr<FileView> openForReading(std::string_view path) = 0;
   // Throws 76 (no such folder), 75 (the folder or, unless forced, the old file may not be written; or a folder of
   // that name), 70 (the old file is in use), 61, 71, 52 (a name that the machine does not support). A forced file is
@@ -167,6 +170,14 @@ inline void deleteIfPresent(FileSystemObject& files, std::string_view path) {
     files.deleteFile(path, Force::yes);
   } catch (const RuntimeError&) {
   }
+}
+
+// A copy of a whole file. Throws as openForReading does, and 75 if another program changes the file meanwhile.
+inline std::string readWhole(FileSystemObject& files, std::string_view path) {
+  const auto view = files.openForReading(path);
+  std::string content(view->bytes());
+  view->throwIfChanged();
+  return content;
 }
 
 // Writes a whole file in one step: replaceFile, write, commit.

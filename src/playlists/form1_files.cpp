@@ -58,7 +58,7 @@ void Form1::Command3_Click() {
   List1.clear();
   untickArtists();
   // Copied, because the user may change the file before the catalogue is read.
-  const std::string content(platform.files.openForReading(name)->bytes());
+  const std::string content = readWhole(platform.files, name);
   StringArena texts;
   fillFromPlaylist(readPlaylist(content, name, texts));
 }

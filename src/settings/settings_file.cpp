@@ -42,8 +42,8 @@ ColourScheme SavedSettings::scheme(const std::string& path) const {
 }
 
 SavedSettings readSettings(FileSystemObject& files, const std::string& path) {
-  const auto view = files.openForReading(path);
-  QuotedReader reader(view->bytes(), path);
+  const std::string content = readWhole(files, path);
+  QuotedReader reader(content, path);
   SavedSettings settings;
   settings.useWinamp = UntypedValue(reader.next());
   settings.noScan = UntypedValue(reader.next());
@@ -69,7 +69,7 @@ void writePanelSettings(FileSystemObject& files, const std::string& path, const 
 void storeScheme(FileSystemObject& files, const std::string& path, const std::string& temporary,
                  const ColourScheme& scheme) {
   std::string panel(emptyPanelText);
-  if (files.fileExists(path)) panel = panelTextOf(files.openForReading(path)->bytes(), path);
+  if (files.fileExists(path)) panel = panelTextOf(readWhole(files, path), path);
   const std::string content = settingsText(panel, scheme);
   replaceWhole(files, temporary, content, Force::yes);
   try {

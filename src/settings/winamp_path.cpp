@@ -5,8 +5,8 @@
 namespace plimo {
 
 std::string readWinampPath(FileSystemObject& files, const std::string& file) {
-  const auto view = files.openForReading(file);
-  QuotedReader reader(view->bytes(), file);
+  const std::string content = readWhole(files, file);
+  QuotedReader reader(content, file);
   return std::string(reader.next().text);
 }
 
