@@ -161,6 +161,9 @@ class FileSystemObject {
   // or if the old file is read-only.
   // Throws as copyFile and deleteFile do.
   virtual bool moveFile(std::string_view from, std::string_view to) = 0;
+  // Removes the temporary files that killed processes of this program have left in a folder. Never throws; leaves the
+  // files of running processes, and everything else.
+  virtual void removeLeftovers(std::string_view /*folder*/) {}
 };
 
 // Deletes one of the program's own files, with force. Failures are ignored: the next attempt to write it reports them.

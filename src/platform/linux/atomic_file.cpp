@@ -4,13 +4,13 @@
 #include <unistd.h>
 
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <utility>
 
 #include "platform/linux/path_text.h"
+#include "platform/linux/temporary_files.h"
 
 namespace plimo {
 
@@ -19,11 +19,6 @@ namespace {
 constexpr off_t writebackBatch = off_t{4} << 20;  // bytes
 
 constexpr int maxSymlinks = 40;  // as in the kernel
-
-std::string makeTemporaryName() {
-  static std::atomic<unsigned> count{0};
-  return ".plimo-" + std::to_string(::getpid()) + "-" + std::to_string(count++) + ".tmp";
-}
 
 // The path by which an unnamed file can be linked.
 std::string procPath(int fd) { return "/proc/self/fd/" + std::to_string(fd); }
@@ -78,15 +73,25 @@ bool AtomicFile::create(const std::string& path) {
 }
 
 bool AtomicFile::createHidden() {
-  do {
+  removeLeftoversIn(folder_.get());
+  for (;;) {
     temporaryName_ = makeTemporaryName();
     file_ = UniqueFd(::openat(folder_.get(), temporaryName_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666));
-  } while (!file_ && errno == EEXIST);
-  if (!file_) temporaryName_.clear();
-  return static_cast<bool>(file_);
+    if (!file_ && errno == EEXIST) continue;
+    if (!file_) {
+      temporaryName_.clear();
+      return false;
+    }
+    lockTemporary(file_.get());
+    struct stat status {};
+    // Until it was locked, another process could take it for a leftover.
+    if (::fstat(file_.get(), &status) != 0 || status.st_nlink > 0) return true;
+  }
 }
 
 bool AtomicFile::linkHidden() {
+  removeLeftoversIn(folder_.get());
+  lockTemporary(file_.get());
   do {
     temporaryName_ = makeTemporaryName();
     if (::linkat(AT_FDCWD, procPath(file_.get()).c_str(), folder_.get(), temporaryName_.c_str(), AT_SYMLINK_FOLLOW) ==

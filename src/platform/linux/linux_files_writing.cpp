@@ -10,6 +10,7 @@
 #include "platform/linux/errno_mapping.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/path_text.h"
+#include "platform/linux/temporary_files.h"
 #include "platform/linux/unique_fd.h"
 
 namespace plimo {
@@ -168,6 +169,11 @@ bool LinuxFiles::copyFile(std::string_view from, std::string_view to, bool overw
     throwError(errno == EEXIST ? ErrorNumber::fileExists : mapWriteError(errno, ErrorNumber::permissionDenied), to);
   }
   return true;
+}
+
+void LinuxFiles::removeLeftovers(std::string_view folder) {
+  const UniqueFd directory(::open(std::string(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (directory) removeLeftoversIn(directory.get());
 }
 
 bool LinuxFiles::moveFile(std::string_view from, std::string_view to) {
