@@ -63,8 +63,9 @@ class FileReplacement {
   virtual void commit() = 0;
 };
 
-// Whether a read-only file is replaced or deleted all the same.
-enum class Force { no, yes };
+// Whether a read-only file is replaced or deleted all the same. `own`, for the program's own files, also replaces a
+// symbolic link that leads out of the file's folder, instead of writing through it.
+enum class Force { no, yes, own };
 
 // What a walk over folders calls.
 struct WalkVisitor {
@@ -146,7 +147,8 @@ class FileSystemObject {
   virtual std::unique_ptr<FileView> openForReading(std::string_view path) = 0;
   // Throws 76 (no such folder), 75 (the folder or, unless forced, the old file may not be written; or a folder of
   // that name), 70 (the old file is in use), 61, 71, 52 (a name that the machine does not support). A forced file is
-  // writable from then on; otherwise the file keeps its permissions.
+  // writable from then on; otherwise the file keeps its permissions. Writes through a symbolic link, unless it is an
+  // `own` file.
   virtual std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) = 0;
   // Throws 53, 70 (read-only unless forced, in use, or the folder may not be written).
   virtual void deleteFile(std::string_view path, Force force) = 0;

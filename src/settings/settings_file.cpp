@@ -59,11 +59,11 @@ SavedSettings readSettings(FileSystemObject& files, const std::string& path) {
 
 void writeSettings(FileSystemObject& files, const std::string& path, const PanelSettings& panel,
                    const ColourScheme& scheme) {
-  replaceWhole(files, path, settingsText(panelText(panel), scheme), Force::yes);
+  replaceWhole(files, path, settingsText(panelText(panel), scheme), Force::own);
 }
 
 void writePanelSettings(FileSystemObject& files, const std::string& path, const PanelSettings& panel) {
-  replaceWhole(files, path, panelText(panel), Force::yes);
+  replaceWhole(files, path, panelText(panel), Force::own);
 }
 
 void storeScheme(FileSystemObject& files, const std::string& path, const std::string& temporary,
@@ -71,9 +71,9 @@ void storeScheme(FileSystemObject& files, const std::string& path, const std::st
   std::string panel(emptyPanelText);
   if (files.fileExists(path)) panel = panelTextOf(readWhole(files, path), path);
   const std::string content = settingsText(panel, scheme);
-  replaceWhole(files, temporary, content, Force::yes);
+  replaceWhole(files, temporary, content, Force::own);
   try {
-    replaceWhole(files, path, content, Force::yes);
+    replaceWhole(files, path, content, Force::own);
   } catch (const RuntimeError&) {
     deleteIfPresent(files, temporary);
     throw;

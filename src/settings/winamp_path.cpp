@@ -13,7 +13,7 @@ std::string readWinampPath(FileSystemObject& files, const std::string& file) {
 void writeWinampPath(FileSystemObject& files, const std::string& file, std::string_view winamp) {
   std::string content;
   writeText(content, winamp);
-  replaceWhole(files, file, content, Force::yes);
+  replaceWhole(files, file, content, Force::own);
 }
 
 }  // namespace plimo

@@ -85,6 +85,15 @@ TYPED_TEST(FileWritingContract, EachReplacingFailureHasItsErrorNumber) {
   EXPECT_EQ(this->namesIn(this->at({"locked"})), Names{"old"});
 }
 
+TYPED_TEST(FileWritingContract, AnOwnFileIsForced) {
+  const std::string path = this->at({"plimo.ini"});
+  this->backend_.addFile(path, "old");
+  this->backend_.makeReadOnly(path);
+  EXPECT_EQ(this->replacing(path, Force::own), 0);
+  EXPECT_EQ(this->backend_.content(path), "new");
+  EXPECT_EQ(this->replacing(path), 0) << "a forced file is writable afterwards";
+}
+
 TYPED_TEST(FileWritingContract, AFullDiskKeepsTheOldFile) {
   std::string failure;
   const bool shown = this->backend_.onFullDisk(

@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <cstdlib>
+#include <memory>
 #include <utility>
 
 #include "platform/linux/path_text.h"
@@ -22,6 +24,14 @@ constexpr int maxSymlinks = 40;  // as in the kernel
 
 // The path by which an unnamed file can be linked.
 std::string procPath(int fd) { return "/proc/self/fd/" + std::to_string(fd); }
+
+// The folder of a file, with symbolic links resolved; empty if there is none.
+std::string resolvedFolder(const std::string& path) {
+  const std::string folder = parentPath(path);
+  const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(folder.empty() ? "." : folder.c_str(), nullptr),
+                                                             &std::free);
+  return resolved ? resolved.get() : std::string();
+}
 
 }  // namespace
 
@@ -44,6 +54,18 @@ bool resolveWriteTarget(std::string_view path, WriteTarget& target) {
   }
   errno = ELOOP;
   return false;
+}
+
+bool resolveOwnTarget(std::string_view path, WriteTarget& target) {
+  struct stat status {};
+  const std::string own(path);
+  if (::lstat(own.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return resolveWriteTarget(path, target);
+  if (resolveWriteTarget(path, target)) {
+    const std::string folder = resolvedFolder(target.path);
+    if (!folder.empty() && folderContains(resolvedFolder(own), folder)) return true;
+  }
+  target = {own, false, {}};
+  return true;
 }
 
 bool isReadOnly(const std::string& path, const struct stat& status) {

@@ -114,7 +114,7 @@ WriteTarget copyTarget(std::string_view to, bool overwrite) {
 
 std::unique_ptr<FileReplacement> LinuxFiles::replaceFile(std::string_view path, Force force) {
   WriteTarget target;
-  if (!resolveWriteTarget(path, target)) {
+  if (!(force == Force::own ? resolveOwnTarget(path, target) : resolveWriteTarget(path, target))) {
     throwError(errno == ENOTDIR ? missingFolderError(path) : mapWriteError(errno, ErrorNumber::pathFileAccess), path);
   }
   if (target.exists && !S_ISREG(target.status.st_mode)) throwError(ErrorNumber::pathFileAccess, path);
@@ -126,7 +126,7 @@ std::unique_ptr<FileReplacement> LinuxFiles::replaceFile(std::string_view path, 
     const int error = errno;
     throwError(isNotFound(error) ? missingFolderError(path) : mapWriteError(error, ErrorNumber::pathFileAccess), path);
   }
-  if (target.exists) replacement->copyOwnerAndMode(target.status, force == Force::yes ? S_IWUSR : 0);
+  if (target.exists) replacement->copyOwnerAndMode(target.status, force == Force::no ? 0 : S_IWUSR);
   return replacement;
 }
 

@@ -25,7 +25,7 @@ class FakeFileSystem::Replacement : public FileReplacement {
     files_.step(path_);
     throwIfDiskFull();
     Location location = locateAgain();
-    if (location.node && force_ == Force::yes) {  // removes the old spelling too
+    if (location.node && force_ != Force::no) {  // removes the old spelling too
       location.parent->remove(*location.node);
       location.node = nullptr;
     }

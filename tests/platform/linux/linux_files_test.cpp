@@ -131,6 +131,40 @@ TEST_F(LinuxFilesTest, ReplacingThroughALinkKeepsTheLink) {
   EXPECT_EQ(errorOf([&] { files_.replaceFile(folder_ / "loop", Force::yes); }), 75);
 }
 
+TEST_F(LinuxFilesTest, AnOwnFileIsNeverWrittenThroughALinkOutOfItsFolder) {
+  writeFile(folder_ / "other/thesis", "thesis");
+  ASSERT_EQ(::mkfifo((folder_ / "other/pipe").c_str(), 0600), 0);
+  makeFolders(folder_ / "own");
+  fs::create_symlink("hop", folder_ / "own/chain");
+  fs::create_symlink("../other/thesis", folder_ / "own/hop");
+  const std::pair<const char*, std::string> links[] = {{"relative", "../other/thesis"},
+                                                       {"absolute", folder_ / "other/thesis"},
+                                                       {"missing", "../other/new"},
+                                                       {"nowhere", "../none/new"},
+                                                       {"loop", "loop"},
+                                                       {"pipe", "../other/pipe"},
+                                                       {"null", "/dev/null"}};
+  for (const auto& [name, target] : links) fs::create_symlink(target, folder_ / ("own/" + std::string(name)));
+  for (const char* name : {"chain", "relative", "absolute", "missing", "nowhere", "loop", "pipe", "null"}) {
+    const std::string file = folder_ / ("own/" + std::string(name));
+    replaceWhole(files_, file, "new", Force::own);
+    EXPECT_FALSE(fs::is_symlink(file)) << name;
+    EXPECT_EQ(files_.openForReading(file)->bytes(), "new");
+  }
+  EXPECT_EQ(files_.openForReading(folder_ / "other/thesis")->bytes(), "thesis");
+  EXPECT_EQ(files_.contents(folder_ / "other").files, Names{"thesis"});
+  EXPECT_TRUE(fs::is_symlink(folder_ / "own/hop"));
+}
+
+TEST_F(LinuxFilesTest, AnOwnFileIsWrittenThroughALinkInsideItsFolder) {
+  writeFile(folder_ / "own/real", "old");
+  fs::create_symlink("real", folder_ / "own/link");
+  fs::create_symlink("own", folder_ / "door");
+  replaceWhole(files_, folder_ / "door/link", "new", Force::own);
+  EXPECT_TRUE(fs::is_symlink(folder_ / "own/link"));
+  EXPECT_EQ(files_.openForReading(folder_ / "own/real")->bytes(), "new");
+}
+
 TEST_F(LinuxFilesTest, DeletingALinkKeepsItsTarget) {
   writeFile(folder_ / "real.mp3", "x");
   changeMode(folder_ / "real.mp3", 0444);

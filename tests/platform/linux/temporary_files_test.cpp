@@ -78,7 +78,7 @@ TEST_F(TemporaryFilesTest, ALeftoverIsRemovedWhenTheNextHiddenFileIsMade) {
 
 TEST_F(TemporaryFilesTest, ALeftoverIsRemovedWhenAFileIsReplaced) {
   leaveBehind();
-  replaceWhole(files_, folder_ / "plimo.ini", "new", Force::yes);
+  replaceWhole(files_, folder_ / "plimo.ini", "new", Force::own);
   EXPECT_EQ(names(), Names{"plimo.ini"});
 }
 
