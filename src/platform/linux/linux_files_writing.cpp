@@ -166,7 +166,8 @@ bool LinuxFiles::copyFile(std::string_view from, std::string_view to, bool overw
   const timespec times[] = {status.st_atim, status.st_mtim};
   ::futimens(copy.fd(), times);
   if (!(overwrite ? copy.renameReplace() : copy.renameNoReplace())) {
-    throwError(errno == EEXIST ? ErrorNumber::fileExists : mapWriteError(errno, ErrorNumber::permissionDenied), to);
+    if (errno == EEXIST) throwError(ErrorNumber::fileExists, to);
+    throwError(isNotFound(errno) ? ErrorNumber::pathNotFound : mapWriteError(errno, ErrorNumber::permissionDenied), to);
   }
   return true;
 }
@@ -184,7 +185,7 @@ bool LinuxFiles::moveFile(std::string_view from, std::string_view to) {
   if (::lstat(source.c_str(), &status) != 0) throwError(ErrorNumber::fileNotFound, from);
   if (!S_ISREG(status.st_mode)) return false;  // a link is not moved: its content is copied
   const WriteTarget target = copyTarget(to, true);
-  if (::access(source.c_str(), R_OK) != 0) throwError(ErrorNumber::permissionDenied, from);
+  if (::faccessat(AT_FDCWD, source.c_str(), R_OK, AT_EACCESS) != 0) throwError(ErrorNumber::permissionDenied, from);
   if (isReadOnly(source, status)) return false;  // it is copied, and its deletion fails
   if (::rename(source.c_str(), target.path.c_str()) == 0) {
     const UniqueFd folder(::open(parentPath(target.path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -192,7 +193,9 @@ bool LinuxFiles::moveFile(std::string_view from, std::string_view to) {
     return true;
   }
   if (errno == EXDEV || errno == EINVAL) return false;
-  throwError(isNotFound(errno) ? ErrorNumber::pathNotFound : mapWriteError(errno, ErrorNumber::permissionDenied), to);
+  if (!isNotFound(errno)) throwError(mapWriteError(errno, ErrorNumber::permissionDenied), to);
+  if (!fileExists(from)) throwError(ErrorNumber::fileNotFound, from);
+  throwError(ErrorNumber::pathNotFound, to);
 }
 
 }  // namespace plimo
