@@ -48,6 +48,7 @@ void Form1::Form_Load() {
     unload();
     return;
   }
+  platform.files.removeLeftovers(defdir);
   TreeView1.setVisible(false);
   show();
   if (!platform.files.fileExists(ownFile(settingsName))) {

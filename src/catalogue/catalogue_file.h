@@ -29,22 +29,21 @@ class CatalogueFile {
   CatalogueFile(FileSystemObject& files, const std::string& path) : view_(files.openForReading(path)), path_(path) {}
 
   // Calls `each` with every record, in order, until it returns false. A record is valid until `each` returns. Throws
-  // RuntimeError 62 at a truncated record.
+  // RuntimeError 62 at a truncated record, and 75 at the end if another program has changed the file meanwhile: what
+  // `each` has collected must not be used then.
   template <class Each>
   void read(Each each) {
     BatchReader reader(*view_, path_, 0);
-    for (auto batch = reader.next(size()); !batch.empty(); batch = reader.next(size())) {
-      for (const CatalogueRecord& record : batch) {
-        if (!each(record)) return;
-      }
-    }
-    if (reader.truncation()) throw RuntimeError(*reader.truncation());
+    const bool complete = readAll(reader, each);
+    view_->throwIfChanged();
+    if (complete && reader.truncation()) throw RuntimeError(*reader.truncation());
   }
 
   // Calls `each(part, records)` with all records, in batches and in order; `each` collects its results in `part`. A
   // large catalogue is read by two threads with a part each, so `each` must be safe to call concurrently. Returns the
   // parts in the order of their records. The records are valid until `each` returns. A truncated record throws
-  // RuntimeError 62, or is stored in truncation() if it is to be ignored.
+  // RuntimeError 62, or is stored in truncation() if it is to be ignored. Throws 75 if another program has changed the
+  // file meanwhile.
   template <class Part, class Each>
   std::vector<Part> parallelCollect(OnTruncation onTruncation, Each each) {
     struct Range {
@@ -73,6 +72,7 @@ class CatalogueFile {
       second.reset();
       continueTo(*first, size());
     }
+    view_->throwIfChanged();  // before anything that was read is used
     truncation_ = (second ? second : first)->reader.truncation();
     if (truncation_ && onTruncation == OnTruncation::fail) throw RuntimeError(*truncation_);
     std::vector<Part> parts;
@@ -87,6 +87,17 @@ class CatalogueFile {
  private:
   // In bytes; below it, starting a second thread costs more than it saves.
   static constexpr std::size_t parallelThreshold = std::size_t{1} << 21;
+
+  // False if `each` ended the reading.
+  template <class Each>
+  bool readAll(BatchReader& reader, Each& each) {
+    for (auto batch = reader.next(size()); !batch.empty(); batch = reader.next(size())) {
+      for (const CatalogueRecord& record : batch) {
+        if (!each(record)) return false;
+      }
+    }
+    return true;
+  }
 
   std::size_t size() const { return view_->bytes().size(); }
 

@@ -34,7 +34,7 @@ void Form1::deleteCatalogue() { deleteOwnFile(catalogueName); }
 void Form1::process() {
   List4.clear();
   showListFrames(false);
-  const auto file = platform.files.replaceFile(ownFile(catalogueName), Force::yes);
+  const auto file = platform.files.replaceFile(ownFile(catalogueName), Force::own);
   std::string piece;
   std::string next;
   for (std::size_t row = 0; row < List3.count(); row += 2 * recordsInPiece) {

@@ -40,6 +40,9 @@ class FileView {
   FileView& operator=(const FileView&) = delete;
   virtual ~FileView() = default;
   virtual std::string_view bytes() const = 0;
+  // Throws 75 if another program has written to the file, or truncated it, since it was opened: the bytes read may be
+  // anything then. To be called after the last read and before its result is used. May be called by several threads.
+  virtual void throwIfChanged() const {}
   // Hints that these bytes will be read soon, or are not needed for now and need not stay in memory. They can be read
   // in either case. May be called by several threads.
   virtual void willNeed(std::size_t /*begin*/, std::size_t /*end*/) {}
@@ -60,8 +63,9 @@ class FileReplacement {
   virtual void commit() = 0;
 };
 
-// Whether a read-only file is replaced or deleted all the same.
-enum class Force { no, yes };
+// Whether a read-only file is replaced or deleted all the same. `own`, for the program's own files, also replaces a
+// symbolic link that leads out of the file's folder, instead of writing through it.
+enum class Force { no, yes, own };
 
 // What a walk over folders calls.
 struct WalkVisitor {
@@ -139,11 +143,12 @@ class FileSystemObject {
 
   // Throws 53 (no such file).
   virtual std::uint64_t fileSize(std::string_view path) = 0;
-  // Throws 53, 76, 70 (in use), 75 (not readable, or a folder), 71.
+  // Throws 53, 76, 70 (in use), 75 (not readable, not a regular file, or changed while it is opened), 71.
   virtual std::unique_ptr<FileView> openForReading(std::string_view path) = 0;
   // Throws 76 (no such folder), 75 (the folder or, unless forced, the old file may not be written; or a folder of
   // that name), 70 (the old file is in use), 61, 71, 52 (a name that the machine does not support). A forced file is
-  // writable from then on; otherwise the file keeps its permissions.
+  // writable from then on; otherwise the file keeps its permissions. Writes through a symbolic link, unless it is an
+  // `own` file.
   virtual std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) = 0;
   // Throws 53, 70 (read-only unless forced, in use, or the folder may not be written).
   virtual void deleteFile(std::string_view path, Force force) = 0;
@@ -158,6 +163,9 @@ class FileSystemObject {
   // or if the old file is read-only.
   // Throws as copyFile and deleteFile do.
   virtual bool moveFile(std::string_view from, std::string_view to) = 0;
+  // Removes the temporary files that killed processes of this program have left in a folder. Never throws; leaves the
+  // files of running processes, and everything else.
+  virtual void removeLeftovers(std::string_view /*folder*/) {}
 };
 
 // Deletes one of the program's own files, with force. Failures are ignored: the next attempt to write it reports them.
@@ -167,6 +175,14 @@ inline void deleteIfPresent(FileSystemObject& files, std::string_view path) {
     files.deleteFile(path, Force::yes);
   } catch (const RuntimeError&) {
   }
+}
+
+// A copy of a whole file. Throws as openForReading does, and 75 if another program changes the file meanwhile.
+inline std::string readWhole(FileSystemObject& files, std::string_view path) {
+  const auto view = files.openForReading(path);
+  std::string content(view->bytes());
+  view->throwIfChanged();
+  return content;
 }
 
 // Writes a whole file in one step: replaceFile, write, commit.

@@ -39,7 +39,7 @@ void Form1::playQueue(const ListBox& names) {
   platform.player.setFileName("c:\\");
   platform.player.stop();
   const std::string queue = ownFile(playQueueName);
-  writePlaylist(platform.files, queue, Force::yes, ownFile(catalogueName), names.texts());
+  writePlaylist(platform.files, queue, Force::own, ownFile(catalogueName), names.texts());
   if (winamp1) {
     startWinampWithQueue();
   } else {

@@ -58,7 +58,7 @@ void Form1::Command3_Click() {
   List1.clear();
   untickArtists();
   // Copied, because the user may change the file before the catalogue is read.
-  const std::string content(platform.files.openForReading(name)->bytes());
+  const std::string content = readWhole(platform.files, name);
   StringArena texts;
   fillFromPlaylist(readPlaylist(content, name, texts));
 }
@@ -137,7 +137,7 @@ void Form1::Command4_Click() {
   const SavedPlaylist saved = writePlaylist(platform.files, target, Force::yes, ownFile(catalogueName), List4.texts());
   const std::string standard = ownFile(defaultPlaylistName);
   if (makeDefault && !platform.files.sameFile(target, standard)) {
-    writePlaylist(*platform.files.replaceFile(standard, Force::yes), saved.paths, List4.count());
+    writePlaylist(*platform.files.replaceFile(standard, Force::own), saved.paths, List4.count());
   }
   setStatus(counted(saved.lines, "song") + " saved to " + std::string(platform.files.fileName(target)));
 }

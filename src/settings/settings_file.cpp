@@ -42,8 +42,8 @@ ColourScheme SavedSettings::scheme(const std::string& path) const {
 }
 
 SavedSettings readSettings(FileSystemObject& files, const std::string& path) {
-  const auto view = files.openForReading(path);
-  QuotedReader reader(view->bytes(), path);
+  const std::string content = readWhole(files, path);
+  QuotedReader reader(content, path);
   SavedSettings settings;
   settings.useWinamp = UntypedValue(reader.next());
   settings.noScan = UntypedValue(reader.next());
@@ -59,21 +59,21 @@ SavedSettings readSettings(FileSystemObject& files, const std::string& path) {
 
 void writeSettings(FileSystemObject& files, const std::string& path, const PanelSettings& panel,
                    const ColourScheme& scheme) {
-  replaceWhole(files, path, settingsText(panelText(panel), scheme), Force::yes);
+  replaceWhole(files, path, settingsText(panelText(panel), scheme), Force::own);
 }
 
 void writePanelSettings(FileSystemObject& files, const std::string& path, const PanelSettings& panel) {
-  replaceWhole(files, path, panelText(panel), Force::yes);
+  replaceWhole(files, path, panelText(panel), Force::own);
 }
 
 void storeScheme(FileSystemObject& files, const std::string& path, const std::string& temporary,
                  const ColourScheme& scheme) {
   std::string panel(emptyPanelText);
-  if (files.fileExists(path)) panel = panelTextOf(files.openForReading(path)->bytes(), path);
+  if (files.fileExists(path)) panel = panelTextOf(readWhole(files, path), path);
   const std::string content = settingsText(panel, scheme);
-  replaceWhole(files, temporary, content, Force::yes);
+  replaceWhole(files, temporary, content, Force::own);
   try {
-    replaceWhole(files, path, content, Force::yes);
+    replaceWhole(files, path, content, Force::own);
   } catch (const RuntimeError&) {
     deleteIfPresent(files, temporary);
     throw;

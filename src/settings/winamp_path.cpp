@@ -5,15 +5,15 @@
 namespace plimo {
 
 std::string readWinampPath(FileSystemObject& files, const std::string& file) {
-  const auto view = files.openForReading(file);
-  QuotedReader reader(view->bytes(), file);
+  const std::string content = readWhole(files, file);
+  QuotedReader reader(content, file);
   return std::string(reader.next().text);
 }
 
 void writeWinampPath(FileSystemObject& files, const std::string& file, std::string_view winamp) {
   std::string content;
   writeText(content, winamp);
-  replaceWhole(files, file, content, Force::yes);
+  replaceWhole(files, file, content, Force::own);
 }
 
 }  // namespace plimo

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <latch>
 #include <memory>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -35,6 +36,12 @@ TEST(Parallel, RethrowsAfterBothHaveFinished) {
                std::runtime_error);
   EXPECT_TRUE(done);
   EXPECT_THROW(parallelInvoke([] {}, [] { throw std::logic_error("second"); }), std::logic_error);
+}
+
+TEST(Parallel, NoMemoryOnTheSecondThreadIsRethrown) {
+  EXPECT_THROW(parallelInvoke([] {}, [] { throw std::bad_alloc(); }), std::bad_alloc);
+  const auto fails = [] { return parallelResults([] { return 1; }, []() -> int { throw std::bad_alloc(); }); };
+  EXPECT_THROW(fails(), std::bad_alloc);
 }
 
 TEST(Parallel, ReturnsBothResults) {

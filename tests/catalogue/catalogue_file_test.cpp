@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -66,6 +69,7 @@ class CatalogueFileTest : public testing::Test {
   std::string bytes_;
   Texts fields_;
   bool truncation_ = false;
+  std::atomic<bool> truncatedMeanwhile_ = false;
 };
 
 TEST_F(CatalogueFileTest, ReadsASmallCatalogueWithOneReader) {
@@ -127,6 +131,42 @@ TEST_F(CatalogueFileTest, AJoinReturnsEachKeysRecordsInOrder) {
   }
   EXPECT_TRUE(titles.of(1).empty());
   EXPECT_GT(titles.of(0).size(), 1000U);
+}
+
+// Another program truncates the catalogue while it is read.
+TEST_F(CatalogueFileTest, FailsIfItIsTruncatedMeanwhile) {
+  const auto errorOf = [](const std::function<void()>& call) {
+    try {
+      call();
+    } catch (const RuntimeError& error) {
+      return static_cast<int>(error.number());
+    }
+    return 0;
+  };
+  for (const std::size_t size : {large / 8, large}) {  // one reader, two readers
+    addSongs(size);
+    const auto truncateOnce = [this] {
+      if (!truncatedMeanwhile_.exchange(true)) std::filesystem::resize_file(folder_ / "plimo.kvx", 5000);
+    };
+    for (const OnTruncation end : {OnTruncation::fail, OnTruncation::ignore}) {
+      CatalogueFile catalogue(files_, writeCatalogue());
+      truncatedMeanwhile_ = false;
+      EXPECT_EQ(errorOf([&] {
+                  catalogue.parallelCollect<CollectedFields>(
+                      end, [&](CollectedFields&, std::span<const CatalogueRecord>) { truncateOnce(); });
+                }),
+                75);
+    }
+    CatalogueFile catalogue(files_, writeCatalogue());
+    truncatedMeanwhile_ = false;
+    EXPECT_EQ(errorOf([&] {
+                catalogue.read([&](const CatalogueRecord&) {
+                  truncateOnce();
+                  return true;
+                });
+              }),
+              75);
+  }
 }
 
 TEST_F(CatalogueFileTest, ReadStopsOnRequest) {

@@ -161,6 +161,83 @@ TYPED_TEST(FileReadingContract, AWalkFailsAtAFolderThatCannotBeListed) {
   EXPECT_EQ(this->errorOf([&] { this->walked(this->at({"missing"}), 10); }), 76);
 }
 
+TYPED_TEST(FileReadingContract, AVisitorCanSkipFoldersThatCannotBeListed) {
+  this->backend_.addFile(this->at({"a", "1.mp3"}), "");
+  this->backend_.addFile(this->at({"a", "closed", "2.mp3"}), "");
+  this->backend_.addFile(this->at({"b", "3.mp3"}), "");
+  this->backend_.addFile(this->at({"c", "4.mp3"}), "");
+  this->backend_.makeFolderUnreadable(this->at({"a", "closed"}));
+  this->backend_.makeFolderUnreadable(this->at({"b"}));
+  Names found;
+  Names entered;
+  Names unreadable;
+  std::size_t skips = 0;  // before the walk is to fail
+  WalkVisitor visitor;
+  visitor.wanted = isSong;
+  visitor.found = [&](std::string_view path) {
+    found.emplace_back(path);
+    return true;
+  };
+  visitor.entered = [&](std::string_view path) {
+    entered.emplace_back(path);
+    return true;
+  };
+  visitor.unreadable = [&](const RuntimeError& error) {
+    EXPECT_EQ(error.number(), ErrorNumber::permissionDenied);
+    unreadable.push_back(error.path());
+    return unreadable.size() <= skips;
+  };
+  skips = 2;
+  EXPECT_TRUE(this->files().walk(this->backend_.root(), 10, visitor));
+  EXPECT_EQ(found, (Names{this->at({"a", "1.mp3"}), this->at({"c", "4.mp3"})}));
+  EXPECT_EQ(unreadable, (Names{this->at({"a", "closed"}), this->at({"b"})}));
+  EXPECT_EQ(entered, (Names{this->backend_.root(), this->at({"a"}), this->at({"a", "closed"}), this->at({"b"}),
+                            this->at({"c"})}));
+  found.clear();
+  unreadable.clear();
+  skips = 1;
+  EXPECT_EQ(this->errorOf([&] { this->files().walk(this->backend_.root(), 10, visitor); }), 70);
+  EXPECT_EQ(found, Names{this->at({"a", "1.mp3"})});
+  EXPECT_EQ(unreadable.size(), 2U);
+}
+
+TYPED_TEST(FileReadingContract, TheFirstFolderOfAWalkCanBeSkippedToo) {
+  this->backend_.addFolder(this->at({"closed"}));
+  this->backend_.makeFolderUnreadable(this->at({"closed"}));
+  bool skip = true;
+  WalkVisitor visitor;
+  visitor.wanted = isSong;
+  visitor.found = [](std::string_view) { return true; };
+  visitor.unreadable = [&](const RuntimeError&) { return skip; };
+  EXPECT_TRUE(this->files().walk(this->at({"closed"}), 10, visitor));
+  skip = false;
+  EXPECT_EQ(this->errorOf([&] { this->files().walk(this->at({"closed"}), 10, visitor); }), 70);
+}
+
+TYPED_TEST(FileReadingContract, AFolderThatVanishesDuringAWalkIsLeftOut) {
+  this->backend_.addFile(this->at({"a", "1.mp3"}), "");
+  this->backend_.addFile(this->at({"b", "2.mp3"}), "");
+  this->backend_.addFile(this->at({"c", "3.mp3"}), "");
+  Names found;
+  WalkVisitor visitor;
+  visitor.wanted = isSong;
+  visitor.found = [&](std::string_view path) {
+    found.emplace_back(path);
+    return true;
+  };
+  visitor.entered = [&](std::string_view path) {
+    EXPECT_NE(path, this->at({"b"}));
+    if (path == this->backend_.root()) this->backend_.remove(this->at({"b"}));
+    return true;
+  };
+  visitor.unreadable = [](const RuntimeError&) {
+    ADD_FAILURE() << "a folder that is gone needs no question";
+    return true;
+  };
+  EXPECT_TRUE(this->files().walk(this->backend_.root(), 10, visitor));
+  EXPECT_EQ(found, (Names{this->at({"a", "1.mp3"}), this->at({"c", "3.mp3"})}));
+}
+
 TYPED_TEST(FileReadingContract, AFileIsReadCompletely) {
   const std::string large(3 * 1024 * 1024 + 1, 'x');
   this->backend_.addFile(this->at({"large"}), large);

@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -44,6 +45,8 @@ LinuxBackend::LinuxBackend()
 void LinuxBackend::addFile(const std::string& path, const std::string& content) { writeFile(path, content); }
 
 void LinuxBackend::addFolder(const std::string& path) { makeFolders(path); }
+
+void LinuxBackend::remove(const std::string& path) { std::filesystem::remove_all(path); }
 
 void LinuxBackend::makeReadOnly(const std::string& path) { changeMode(path, 0444); }
 

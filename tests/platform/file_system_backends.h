@@ -25,6 +25,7 @@ class FakeBackend {
 
   void addFile(const std::string& path, const std::string& content) { files_.addTextFile(path, content); }
   void addFolder(const std::string& path) { files_.addFolder(path); }
+  void remove(const std::string& path) { files_.remove(path); }
   void makeReadOnly(const std::string& path);
   void makeUnreadable(const std::string& path);
   void makeFolderUnreadable(const std::string& path) { files_.addFolder(path, {true, false}); }
@@ -50,6 +51,7 @@ class LinuxBackend {
 
   void addFile(const std::string& path, const std::string& content);
   void addFolder(const std::string& path);
+  void remove(const std::string& path);  // a folder with its content
   void makeReadOnly(const std::string& path);
   void makeUnreadable(const std::string& path);
   void makeFolderUnreadable(const std::string& path);

@@ -193,6 +193,53 @@ TYPED_TEST(FileWritingContract, AMoveFailsAsACopyDoes) {
   EXPECT_EQ(this->backend_.content(this->at({"f", "a.mp3"})), "x");
 }
 
+TYPED_TEST(FileWritingContract, AMoveThatPermissionsForbidChangesNothing) {
+  this->backend_.addFile(this->at({"f", "a.mp3"}), "a");
+  this->backend_.addFile(this->at({"f", "fixed.mp3"}), "fixed");
+  this->backend_.makeReadOnly(this->at({"f", "fixed.mp3"}));
+  this->backend_.addFile(this->at({"f", "secret.mp3"}), "s");
+  this->backend_.makeUnreadable(this->at({"f", "secret.mp3"}));
+  this->backend_.addFile(this->at({"closed", "b.mp3"}), "b");
+  this->backend_.makeFolderUnwritable(this->at({"closed"}));
+  const auto moving = [this](const std::string& from, const std::string& to) {
+    return this->errorOf([&] { this->files().moveFile(from, to); });
+  };
+  EXPECT_EQ(moving(this->at({"f", "a.mp3"}), this->at({"f", "fixed.mp3"})), 70);
+  EXPECT_EQ(moving(this->at({"f", "secret.mp3"}), this->at({"f", "c.mp3"})), 70);
+  EXPECT_EQ(moving(this->at({"closed", "b.mp3"}), this->at({"closed", "c.mp3"})), 70);
+  EXPECT_EQ(moving(this->at({"f", "a.mp3"}), this->at({"closed", "c.mp3"})), 70);
+  EXPECT_FALSE(this->files().moveFile(this->at({"f", "fixed.mp3"}), this->at({"f", "c.mp3"}))) << "it stays read-only";
+  EXPECT_EQ(this->namesIn(this->at({"f"})), (Names{"a.mp3", "fixed.mp3", "secret.mp3"}));
+  EXPECT_EQ(this->namesIn(this->at({"closed"})), Names{"b.mp3"});
+  EXPECT_EQ(this->backend_.content(this->at({"f", "fixed.mp3"})), "fixed");
+}
+
+TYPED_TEST(FileWritingContract, AnOwnFileIsForced) {
+  const std::string path = this->at({"plimo.ini"});
+  this->backend_.addFile(path, "old");
+  this->backend_.makeReadOnly(path);
+  EXPECT_EQ(this->replacing(path, Force::own), 0);
+  EXPECT_EQ(this->backend_.content(path), "new");
+  EXPECT_EQ(this->replacing(path), 0) << "a forced file is writable afterwards";
+}
+
+TYPED_TEST(FileWritingContract, ADestinationThatVanishesDuringACopyIsAnError) {
+  this->backend_.addFile(this->at({"a.mp3"}), std::string(3 * 1024 * 1024, 'x'));
+  for (const bool overwrite : {false, true}) {
+    this->backend_.addFolder(this->at({"f"}));
+    EXPECT_EQ(this->errorOf([&] {
+      this->files().copyFile(this->at({"a.mp3"}), this->at({"f", "b.mp3"}), overwrite,
+                             [this](std::uint64_t, std::uint64_t) {
+                               this->backend_.remove(this->at({"f"}));
+                               return true;
+                             });
+    }),
+              76);
+    EXPECT_FALSE(this->files().folderExists(this->at({"f"})));
+  }
+  EXPECT_EQ(this->files().fileSize(this->at({"a.mp3"})), 3U * 1024 * 1024);
+}
+
 TYPED_TEST(FileWritingContract, ACopyReplacesItsTargetOnlyIfOverwritingIsOn) {
   this->backend_.addFile(this->at({"a"}), "new");
   this->backend_.addFile(this->at({"f", "b"}), "old");

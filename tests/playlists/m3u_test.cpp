@@ -56,6 +56,45 @@ TEST_F(Playlist, OmitsNamesWithoutARecord) {
   EXPECT_EQ(files.fileContent(playlist), "");
 }
 
+// Records the size of each write.
+class RecordedReplacement : public FileReplacement {
+ public:
+  void write(std::string_view bytes) override {
+    sizes.push_back(bytes.size());
+    content.append(bytes);
+  }
+  void commit() override { committed = true; }
+
+  std::vector<std::size_t> sizes;
+  std::string content;
+  bool committed = false;
+};
+
+TEST_F(Playlist, ALongOneIsWrittenInPieces) {
+  constexpr std::size_t mebibyte = std::size_t{1} << 20;
+  const std::string folder = "C:\\" + std::string(200, 'f') + "\\";
+  std::string records;
+  std::vector<std::string> titles;
+  std::string expected;
+  for (int song = 0; song < 13000; ++song) {
+    titles.push_back("song " + std::to_string(song));
+    appendRecord(records, {folder + titles.back() + ".mp3", "A", "B", titles.back() + ".mp3"});
+    expected += folder + titles.back() + ".mp3\r\n";
+  }
+  ASSERT_GT(expected.size(), 2 * mebibyte);
+  writeCatalogue({}, records);
+  const Names names(titles.begin(), titles.end());
+  RecordedReplacement file;
+  EXPECT_EQ(writePlaylist(file, SongPaths(files, catalogue, names), names.size()), names.size());
+  EXPECT_TRUE(file.content == expected);
+  EXPECT_TRUE(file.committed);
+  EXPECT_EQ(file.sizes.size(), 3U);
+  for (const std::size_t size : file.sizes) EXPECT_LT(size, mebibyte + 300);
+
+  writePlaylist(files, playlist, Force::no, catalogue, names);
+  EXPECT_TRUE(files.fileContent(playlist) == expected);
+}
+
 TEST_F(Playlist, ReplacesTheOldPlaylist) {
   files.addTextFile(playlist, "C:\\old.mp3\r\n");
   writeCatalogue({{"C:\\x.mp3", "x.mp3"}});

@@ -4,13 +4,15 @@
 #include <unistd.h>
 
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <cstdlib>
+#include <memory>
 #include <utility>
 
 #include "platform/linux/path_text.h"
+#include "platform/linux/temporary_files.h"
 
 namespace plimo {
 
@@ -20,13 +22,16 @@ constexpr off_t writebackBatch = off_t{4} << 20;  // bytes
 
 constexpr int maxSymlinks = 40;  // as in the kernel
 
-std::string makeTemporaryName() {
-  static std::atomic<unsigned> count{0};
-  return ".plimo-" + std::to_string(::getpid()) + "-" + std::to_string(count++) + ".tmp";
-}
-
 // The path by which an unnamed file can be linked.
 std::string procPath(int fd) { return "/proc/self/fd/" + std::to_string(fd); }
+
+// The folder of a file, with symbolic links resolved; empty if there is none.
+std::string resolvedFolder(const std::string& path) {
+  const std::string folder = parentPath(path);
+  const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(folder.empty() ? "." : folder.c_str(), nullptr),
+                                                             &std::free);
+  return resolved ? resolved.get() : std::string();
+}
 
 }  // namespace
 
@@ -49,6 +54,18 @@ bool resolveWriteTarget(std::string_view path, WriteTarget& target) {
   }
   errno = ELOOP;
   return false;
+}
+
+bool resolveOwnTarget(std::string_view path, WriteTarget& target) {
+  struct stat status {};
+  const std::string own(path);
+  if (::lstat(own.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return resolveWriteTarget(path, target);
+  if (resolveWriteTarget(path, target)) {
+    const std::string folder = resolvedFolder(target.path);
+    if (!folder.empty() && folderContains(resolvedFolder(own), folder)) return true;
+  }
+  target = {own, false, {}};
+  return true;
 }
 
 bool isReadOnly(const std::string& path, const struct stat& status) {
@@ -78,15 +95,25 @@ bool AtomicFile::create(const std::string& path) {
 }
 
 bool AtomicFile::createHidden() {
-  do {
+  removeLeftoversIn(folder_.get());
+  for (;;) {
     temporaryName_ = makeTemporaryName();
     file_ = UniqueFd(::openat(folder_.get(), temporaryName_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666));
-  } while (!file_ && errno == EEXIST);
-  if (!file_) temporaryName_.clear();
-  return static_cast<bool>(file_);
+    if (!file_ && errno == EEXIST) continue;
+    if (!file_) {
+      temporaryName_.clear();
+      return false;
+    }
+    lockTemporary(file_.get());
+    struct stat status {};
+    // Until it was locked, another process could take it for a leftover.
+    if (::fstat(file_.get(), &status) != 0 || status.st_nlink > 0) return true;
+  }
 }
 
 bool AtomicFile::linkHidden() {
+  removeLeftoversIn(folder_.get());
+  lockTemporary(file_.get());
   do {
     temporaryName_ = makeTemporaryName();
     if (::linkat(AT_FDCWD, procPath(file_.get()).c_str(), folder_.get(), temporaryName_.c_str(), AT_SYMLINK_FOLLOW) ==

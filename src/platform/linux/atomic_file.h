@@ -23,6 +23,10 @@ struct WriteTarget {
 // False, with errno, if the path cannot be resolved. A missing file in an existing folder is no failure.
 bool resolveWriteTarget(std::string_view path, WriteTarget& target);
 
+// The same for a file of the program's own: a link that leads out of the file's folder, or nowhere, is itself what is
+// written, as a file that does not exist.
+bool resolveOwnTarget(std::string_view path, WriteTarget& target);
+
 // True if the file has no write permission bit at all, even for root, or if the user may not write it.
 bool isReadOnly(const std::string& path, const struct stat& status);
 

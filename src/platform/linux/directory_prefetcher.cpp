@@ -50,6 +50,7 @@ const DirectoryPrefetcher::Directory* DirectoryPrefetcher::next() {
     }
   }
   frontReturned_ = true;
+  if (directories_.front().failure) std::rethrow_exception(directories_.front().failure);
   return &directories_.front();
 }
 
@@ -93,15 +94,18 @@ DirectoryPrefetcher::Directories::iterator DirectoryPrefetcher::findPending() {
 
 void DirectoryPrefetcher::list(Directories::iterator directory, std::unique_lock<std::mutex>& lock) {
   directory->state = Directory::State::listing;
-  if (freeListers_.empty()) {
-    directory->names = std::make_unique<DirectoryLister>();
-  } else {
+  if (!freeListers_.empty()) {
     directory->names = std::move(freeListers_.back());
     freeListers_.pop_back();
   }
   Directories subfolders;
   lock.unlock();
-  read(*directory, subfolders);
+  try {
+    if (!directory->names) directory->names = std::make_unique<DirectoryLister>();
+    read(*directory, subfolders);
+  } catch (...) {  // no memory
+    directory->failure = std::current_exception();
+  }
   lock.lock();
   directory->state = Directory::State::listed;
   const bool moreWork = !subfolders.empty();

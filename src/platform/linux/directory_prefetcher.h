@@ -3,6 +3,7 @@
 
 #include <condition_variable>
 #include <cstddef>
+#include <exception>
 #include <functional>
 #include <list>
 #include <memory>
@@ -35,6 +36,7 @@ class DirectoryPrefetcher {
     State state = State::pending;
     int openError = 0;  // errno; 0: none
     int readError = 0;
+    std::exception_ptr failure;              // of the thread that listed it; rethrown to the walk
     std::unique_ptr<DirectoryLister> names;  // null until it is listed
   };
 
@@ -47,7 +49,8 @@ class DirectoryPrefetcher {
   DirectoryPrefetcher& operator=(const DirectoryPrefetcher&) = delete;
   ~DirectoryPrefetcher();
 
-  // The next directory, listed; null after the last one. Valid until the next call.
+  // The next directory, listed; null after the last one. Valid until the next call. Throws what listing it has thrown
+  // on either thread.
   const Directory* next();
 
  private:

@@ -46,6 +46,7 @@ class LinuxFiles : public FileSystemObject {
   void deleteFile(std::string_view path, Force force) override;
   bool copyFile(std::string_view from, std::string_view to, bool overwrite, const CopyProgress& progress) override;
   bool moveFile(std::string_view from, std::string_view to) override;
+  void removeLeftovers(std::string_view folder) override;
 
  private:
   std::vector<DriveRoot> driveRoots() const;

@@ -4,12 +4,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
+#include <memory>
+#include <string>
 #include <utility>
 
 #include "platform/linux/errno_mapping.h"
 #include "platform/linux/linux_files.h"
+#include "platform/linux/mapped_file.h"
 #include "platform/linux/unique_fd.h"
 
 namespace plimo {
@@ -25,43 +27,45 @@ class CopiedView : public FileView {
   std::string content_;
 };
 
+[[noreturn]] void throwAccessError(std::string_view path) { throwError(ErrorNumber::pathFileAccess, path); }
+
+// True if another program has written to the file, or truncated it, since it had this status.
+bool isChanged(int fd, const struct stat& before) {
+  struct stat now {};
+  return ::fstat(fd, &now) != 0 || now.st_size != before.st_size || now.st_mtim.tv_sec != before.st_mtim.tv_sec ||
+         now.st_mtim.tv_nsec != before.st_mtim.tv_nsec;
+}
+
 class MappedView : public FileView {
  public:
-  MappedView(void* start, std::size_t size) : start_(start), size_(size) {}
-  ~MappedView() override { ::munmap(start_, size_); }
-  std::string_view bytes() const override { return {static_cast<const char*>(start_), size_}; }
-  void willNeed(std::size_t begin, std::size_t end) override { advise(begin, end, MADV_POPULATE_READ); }
-  void dontNeed(std::size_t begin, std::size_t end) override { advise(begin, end, MADV_DONTNEED); }
+  MappedView(std::unique_ptr<MappedFile> mapping, UniqueFd file, const struct stat& status, std::string_view path)
+      : mapping_(std::move(mapping)), file_(std::move(file)), status_(status), path_(path) {}
+  std::string_view bytes() const override { return mapping_->bytes(); }
+  void willNeed(std::size_t begin, std::size_t end) override { mapping_->advise(begin, end, MADV_POPULATE_READ); }
+  void dontNeed(std::size_t begin, std::size_t end) override { mapping_->advise(begin, end, MADV_DONTNEED); }
+  void throwIfChanged() const override {
+    // The second check finds what raises no signal: a shorter last page, or content that was written in place.
+    if (mapping_->truncated() || isChanged(file_.get(), status_)) throwAccessError(path_);
+  }
 
  private:
-  // Applies the advice to whole pages. Only an optimisation, so errors are ignored.
-  void advise(std::size_t begin, std::size_t end, int advice) {
-    const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-    begin -= begin % page;
-    if (end != size_) end -= end % page;
-    if (begin < end) ::madvise(static_cast<char*>(start_) + begin, end - begin, advice);
-  }
-
-  void* start_;
-  std::size_t size_;
+  std::unique_ptr<MappedFile> mapping_;
+  UniqueFd file_;
+  struct stat status_;
+  std::string path_;
 };
 
-// Files of at least this size, in bytes, are mapped. Smaller ones are copied, because reading a mapped file that
-// another program truncates raises SIGBUS. The large files read here are catalogues, which are only ever replaced.
+// Files of at least this size, in bytes, are mapped. Smaller ones are copied.
 constexpr std::size_t mapThreshold = 1024 * 1024;
 
-// Reads to the end; `content` brings the expected size. False, with errno, on failure.
-bool readToEnd(int fd, std::string& content) {
-  std::size_t filled = 0;
-  for (;;) {
-    if (filled == content.size()) content.resize(filled + std::max<std::size_t>(filled, 4096));
-    const ssize_t got = ::read(fd, content.data() + filled, content.size() - filled);
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return false;
-    if (got == 0) break;
-    filled += static_cast<std::size_t>(got);
+// Fills `content`. False on failure, and if the file ends before.
+bool readAll(int fd, std::string& content) {
+  for (std::size_t filled = 0; filled < content.size();) {
+    const ssize_t count = ::read(fd, content.data() + filled, content.size() - filled);
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return false;
+    filled += static_cast<std::size_t>(count);
   }
-  content.resize(filled);
   return true;
 }
 
@@ -82,19 +86,21 @@ std::unique_ptr<FileView> LinuxFiles::openForReading(std::string_view path) {
   const std::string name(path);
   struct stat status {};
   if (::stat(name.c_str(), &status) != 0) throwOpenError();
-  // Opening a pipe or a device can block or have side effects.
-  if (!S_ISREG(status.st_mode)) throwError(ErrorNumber::pathFileAccess, path);
-  const UniqueFd file(::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  // Opening a device can have side effects.
+  if (!S_ISREG(status.st_mode)) throwAccessError(path);
+  UniqueFd file(::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (!file) throwOpenError();
-  if (::fstat(file.get(), &status) != 0) throwError(ErrorNumber::pathFileAccess, path);
+  // Another program may have replaced the file meanwhile, by a pipe for example.
+  if (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) throwAccessError(path);
 
   const auto size = static_cast<std::size_t>(status.st_size);
   if (size >= mapThreshold) {
-    void* start = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.get(), 0);
-    if (start != MAP_FAILED) return std::make_unique<MappedView>(start, size);
+    if (auto mapping = MappedFile::map(file.get(), size)) {
+      return std::make_unique<MappedView>(std::move(mapping), std::move(file), status, path);
+    }
   }
-  std::string content(size + 1, '\0');  // one byte more, so that the end is reached without growing
-  if (!readToEnd(file.get(), content)) throwError(ErrorNumber::pathFileAccess, path);
+  std::string content(size, '\0');
+  if (!readAll(file.get(), content) || isChanged(file.get(), status)) throwAccessError(path);
   return std::make_unique<CopiedView>(std::move(content));
 }
 

@@ -10,6 +10,7 @@
 #include "platform/linux/errno_mapping.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/path_text.h"
+#include "platform/linux/temporary_files.h"
 #include "platform/linux/unique_fd.h"
 
 namespace plimo {
@@ -113,7 +114,7 @@ WriteTarget copyTarget(std::string_view to, bool overwrite) {
 
 std::unique_ptr<FileReplacement> LinuxFiles::replaceFile(std::string_view path, Force force) {
   WriteTarget target;
-  if (!resolveWriteTarget(path, target)) {
+  if (!(force == Force::own ? resolveOwnTarget(path, target) : resolveWriteTarget(path, target))) {
     throwError(errno == ENOTDIR ? missingFolderError(path) : mapWriteError(errno, ErrorNumber::pathFileAccess), path);
   }
   if (target.exists && !S_ISREG(target.status.st_mode)) throwError(ErrorNumber::pathFileAccess, path);
@@ -125,7 +126,7 @@ std::unique_ptr<FileReplacement> LinuxFiles::replaceFile(std::string_view path, 
     const int error = errno;
     throwError(isNotFound(error) ? missingFolderError(path) : mapWriteError(error, ErrorNumber::pathFileAccess), path);
   }
-  if (target.exists) replacement->copyOwnerAndMode(target.status, force == Force::yes ? S_IWUSR : 0);
+  if (target.exists) replacement->copyOwnerAndMode(target.status, force == Force::no ? 0 : S_IWUSR);
   return replacement;
 }
 
@@ -165,9 +166,15 @@ bool LinuxFiles::copyFile(std::string_view from, std::string_view to, bool overw
   const timespec times[] = {status.st_atim, status.st_mtim};
   ::futimens(copy.fd(), times);
   if (!(overwrite ? copy.renameReplace() : copy.renameNoReplace())) {
-    throwError(errno == EEXIST ? ErrorNumber::fileExists : mapWriteError(errno, ErrorNumber::permissionDenied), to);
+    if (errno == EEXIST) throwError(ErrorNumber::fileExists, to);
+    throwError(isNotFound(errno) ? ErrorNumber::pathNotFound : mapWriteError(errno, ErrorNumber::permissionDenied), to);
   }
   return true;
+}
+
+void LinuxFiles::removeLeftovers(std::string_view folder) {
+  const UniqueFd directory(::open(std::string(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (directory) removeLeftoversIn(directory.get());
 }
 
 bool LinuxFiles::moveFile(std::string_view from, std::string_view to) {
@@ -178,7 +185,7 @@ bool LinuxFiles::moveFile(std::string_view from, std::string_view to) {
   if (::lstat(source.c_str(), &status) != 0) throwError(ErrorNumber::fileNotFound, from);
   if (!S_ISREG(status.st_mode)) return false;  // a link is not moved: its content is copied
   const WriteTarget target = copyTarget(to, true);
-  if (::access(source.c_str(), R_OK) != 0) throwError(ErrorNumber::permissionDenied, from);
+  if (::faccessat(AT_FDCWD, source.c_str(), R_OK, AT_EACCESS) != 0) throwError(ErrorNumber::permissionDenied, from);
   if (isReadOnly(source, status)) return false;  // it is copied, and its deletion fails
   if (::rename(source.c_str(), target.path.c_str()) == 0) {
     const UniqueFd folder(::open(parentPath(target.path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -186,7 +193,9 @@ bool LinuxFiles::moveFile(std::string_view from, std::string_view to) {
     return true;
   }
   if (errno == EXDEV || errno == EINVAL) return false;
-  throwError(isNotFound(errno) ? ErrorNumber::pathNotFound : mapWriteError(errno, ErrorNumber::permissionDenied), to);
+  if (!isNotFound(errno)) throwError(mapWriteError(errno, ErrorNumber::permissionDenied), to);
+  if (!fileExists(from)) throwError(ErrorNumber::fileNotFound, from);
+  throwError(ErrorNumber::pathNotFound, to);
 }
 
 }  // namespace plimo

@@ -136,7 +136,9 @@ bool FakeFileSystem::walk(std::string_view folder, int depth, const WalkVisitor&
   }
   if (depth == 0) return true;
   for (const std::string& name : here.folders) {
-    if (!walk(join(folder, name), depth - 1, visitor)) return false;
+    const std::string subfolder = join(folder, name);
+    if (!locate(subfolder).node) continue;  // removed since it was listed
+    if (!walk(subfolder, depth - 1, visitor)) return false;
   }
   return true;
 }

@@ -25,7 +25,7 @@ class FakeFileSystem::Replacement : public FileReplacement {
     files_.step(path_);
     throwIfDiskFull();
     Location location = locateAgain();
-    if (location.node && force_ == Force::yes) {  // removes the old spelling too
+    if (location.node && force_ != Force::no) {  // removes the old spelling too
       location.parent->remove(*location.node);
       location.node = nullptr;
     }
@@ -111,10 +111,11 @@ FakeFileSystem::Location FakeFileSystem::locateForCopying(std::string_view from,
 bool FakeFileSystem::copyFile(std::string_view from, std::string_view to, bool overwrite,
                               const CopyProgress& progress) {
   step(from);
-  const Location location = locateForCopying(from, to, overwrite);
+  if (locateForCopying(from, to, overwrite).disk->full) throw RuntimeError(ErrorNumber::diskFull, std::string(to));
+  const std::uint64_t size = findFile(from)->size;
+  if (progress && !progress(size, size)) return false;
+  const Location location = locateForCopying(from, to, overwrite);  // again: `progress` may have changed the disk
   const FakeNode* source = findFile(from);
-  if (location.disk->full) throw RuntimeError(ErrorNumber::diskFull, std::string(to));
-  if (progress && !progress(source->size, source->size)) return false;
   FakeNode& target = location.node ? *location.node : location.parent->add(FakeNode::Kind::file, location.name);
   target.content = source->content;
   target.size = source->size;

@@ -1,8 +1,8 @@
 #include "platform/mpv/mpv_player.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <fstream>
-#include <sstream>
 #include <system_error>
 #include <utility>
 
@@ -91,9 +91,13 @@ void MpvPlayer::readEntries(const std::string& path) {
     return;
   }
   folder_ = file.parent_path();
-  std::ostringstream text;
-  text << std::ifstream(file, std::ios::binary).rdbuf();
-  entries_ = m3uEntries(text.view());
+  // No more than its size, so that reading ends even if a device has taken the file's name meanwhile.
+  const std::uintmax_t size = std::filesystem::file_size(file, ignored);
+  std::string text(ignored ? 0 : static_cast<std::size_t>(size), '\0');
+  std::ifstream stream(file, std::ios::binary);
+  stream.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(stream.gcount()));
+  entries_ = m3uEntries(text);
 }
 
 void MpvPlayer::stop() {

@@ -7,7 +7,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <filesystem>
+#include <functional>
+#include <thread>
 
 #include "support/temporary_folder.h"
 
@@ -92,6 +95,23 @@ TEST_F(LinuxFilesTest, AWalkFollowsLinksToFilesButNotToFolders) {
   EXPECT_EQ(files_.contents(folder_.path()).files, Names{"link.mp3"});
 }
 
+TEST_F(LinuxFilesTest, ADriveIsReadyIfItsRootIsAFolder) {
+  const UnprivilegedUser user;
+  const TemporaryFolder folder;
+  makeFolders(folder / "closed");
+  changeMode(folder / "closed", 0);
+  writeFile(folder / "file", "");
+  LinuxFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()},
+                                          {'D', DriveType::fixed, folder / "closed"},
+                                          {'E', DriveType::fixed, folder / "file"},
+                                          {'F', DriveType::fixed, folder / "missing"}});
+  std::string ready;
+  for (const Drive& drive : files.drives()) ready += drive.ready ? drive.letter : '-';
+  EXPECT_EQ(ready, "CD--");
+  EXPECT_EQ(errorOf([&] { files.contents(folder / "closed"); }), 70);
+  EXPECT_EQ(errorOf([&] { files.contents(folder / "missing"); }), 71);
+}
+
 TEST_F(LinuxFilesTest, LostAndFoundIsHiddenOnlyInADrivesRoot) {
   writeFile(folder_ / "lost+found/a.mp3", "");
   writeFile(folder_ / "f/lost+found/b.mp3", "");
@@ -129,6 +149,40 @@ TEST_F(LinuxFilesTest, ReplacingThroughALinkKeepsTheLink) {
   EXPECT_EQ(files_.openForReading(folder_ / "f/fresh")->bytes(), "made");
   fs::create_symlink("loop", folder_ / "loop");
   EXPECT_EQ(errorOf([&] { files_.replaceFile(folder_ / "loop", Force::yes); }), 75);
+}
+
+TEST_F(LinuxFilesTest, AnOwnFileIsNeverWrittenThroughALinkOutOfItsFolder) {
+  writeFile(folder_ / "other/thesis", "thesis");
+  ASSERT_EQ(::mkfifo((folder_ / "other/pipe").c_str(), 0600), 0);
+  makeFolders(folder_ / "own");
+  fs::create_symlink("hop", folder_ / "own/chain");
+  fs::create_symlink("../other/thesis", folder_ / "own/hop");
+  const std::pair<const char*, std::string> links[] = {{"relative", "../other/thesis"},
+                                                       {"absolute", folder_ / "other/thesis"},
+                                                       {"missing", "../other/new"},
+                                                       {"nowhere", "../none/new"},
+                                                       {"loop", "loop"},
+                                                       {"pipe", "../other/pipe"},
+                                                       {"null", "/dev/null"}};
+  for (const auto& [name, target] : links) fs::create_symlink(target, folder_ / ("own/" + std::string(name)));
+  for (const char* name : {"chain", "relative", "absolute", "missing", "nowhere", "loop", "pipe", "null"}) {
+    const std::string file = folder_ / ("own/" + std::string(name));
+    replaceWhole(files_, file, "new", Force::own);
+    EXPECT_FALSE(fs::is_symlink(file)) << name;
+    EXPECT_EQ(files_.openForReading(file)->bytes(), "new");
+  }
+  EXPECT_EQ(files_.openForReading(folder_ / "other/thesis")->bytes(), "thesis");
+  EXPECT_EQ(files_.contents(folder_ / "other").files, Names{"thesis"});
+  EXPECT_TRUE(fs::is_symlink(folder_ / "own/hop"));
+}
+
+TEST_F(LinuxFilesTest, AnOwnFileIsWrittenThroughALinkInsideItsFolder) {
+  writeFile(folder_ / "own/real", "old");
+  fs::create_symlink("real", folder_ / "own/link");
+  fs::create_symlink("own", folder_ / "door");
+  replaceWhole(files_, folder_ / "door/link", "new", Force::own);
+  EXPECT_TRUE(fs::is_symlink(folder_ / "own/link"));
+  EXPECT_EQ(files_.openForReading(folder_ / "own/real")->bytes(), "new");
 }
 
 TEST_F(LinuxFilesTest, DeletingALinkKeepsItsTarget) {
@@ -183,6 +237,77 @@ TEST_F(LinuxFilesTest, ATargetThatAppearsDuringACopyIsNotOverwritten) {
   EXPECT_EQ(errorOf([&] { files_.copyFile(folder_ / "a.mp3", folder_ / "b.mp3", false, meanwhile); }), 58);
   EXPECT_EQ(files_.openForReading(folder_ / "b.mp3")->bytes(), "other");
   EXPECT_EQ(files_.contents(folder_.path()).files, (Names{"a.mp3", "b.mp3"}));
+}
+
+TEST_F(LinuxFilesTest, ALinkIsNotMovedAndALinkedTargetIsReplaced) {
+  writeFile(folder_ / "f/real.mp3", "real");
+  fs::create_symlink("f/real.mp3", folder_ / "link.mp3");
+  EXPECT_FALSE(files_.moveFile(folder_ / "link.mp3", folder_ / "new.mp3"));
+  EXPECT_FALSE(fs::exists(folder_ / "new.mp3"));
+  writeFile(folder_ / "song.mp3", "song");
+  EXPECT_TRUE(files_.moveFile(folder_ / "song.mp3", folder_ / "link.mp3"));
+  EXPECT_TRUE(fs::is_symlink(folder_ / "link.mp3"));
+  EXPECT_EQ(files_.openForReading(folder_ / "f/real.mp3")->bytes(), "song");
+}
+
+TEST_F(LinuxFilesTest, AMoveKeepsTheOtherNamesOfAFile) {
+  writeFile(folder_ / "a.mp3", "x");
+  fs::create_hard_link(folder_ / "a.mp3", folder_ / "hard.mp3");
+  fs::create_symlink("a.mp3", folder_ / "link.mp3");
+  for (const char* name : {"link.mp3", "hard.mp3"}) {
+    EXPECT_EQ(errorOf([&] { files_.moveFile(folder_ / "a.mp3", folder_ / name); }), 70);
+  }
+  EXPECT_TRUE(files_.moveFile(folder_ / "a.mp3", folder_ / "b.mp3"));
+  EXPECT_EQ(files_.openForReading(folder_ / "hard.mp3")->bytes(), "x");
+  EXPECT_EQ(files_.contents(folder_.path()).files, (Names{"b.mp3", "hard.mp3"}));
+}
+
+TEST_F(LinuxFilesTest, ASongThatHasBecomeAPipeIsNotMoved) {
+  ASSERT_EQ(::mkfifo((folder_ / "a.mp3").c_str(), 0600), 0);
+  EXPECT_EQ(errorOf([&] { files_.moveFile(folder_ / "a.mp3", folder_ / "b.mp3"); }), 53);
+  EXPECT_EQ(errorOf([&] { files_.copyFile(folder_ / "a.mp3", folder_ / "b.mp3", true, {}); }), 53);
+  writeFile(folder_ / "song.mp3", "x");
+  EXPECT_EQ(errorOf([&] { files_.moveFile(folder_ / "song.mp3", folder_ / "a.mp3"); }), 70);
+  EXPECT_EQ(files_.contents(folder_.path()).files, Names{"song.mp3"});
+  EXPECT_FALSE(fs::exists(folder_ / "b.mp3"));
+}
+
+// Another program keeps replacing the song by a pipe and back.
+TEST_F(LinuxFilesTest, ASongThatBecomesAPipeLeavesNothingEmpty) {
+  const std::string song = folder_ / "a.mp3";
+  std::atomic<bool> stop = false;
+  std::thread other([&] {
+    while (!stop) {
+      ::mkfifo((folder_ / "next").c_str(), 0600);
+      fs::rename(folder_ / "next", song);
+      writeFile(folder_ / "next", "x");
+      fs::rename(folder_ / "next", song);
+    }
+  });
+  for (int round = 0; round < 2000; ++round) {
+    const int error = errorOf([&] { files_.copyFile(song, folder_ / "b.mp3", true, {}); });
+    EXPECT_TRUE(error == 0 || error == 53) << error;
+    if (error == 0) {
+      EXPECT_EQ(files_.fileSize(folder_ / "b.mp3"), 1U);
+    }
+  }
+  stop = true;
+  other.join();
+}
+
+TEST_F(LinuxFilesTest, AMoveToAnotherFileSystemChangesNothing) {
+  const fs::path memory = "/dev/shm";
+  struct stat here {};
+  struct stat there {};
+  if (::stat(folder_.path().c_str(), &here) != 0 || ::stat(memory.c_str(), &there) != 0 ||
+      here.st_dev == there.st_dev || ::access(memory.c_str(), W_OK) != 0) {
+    GTEST_SKIP() << "there is no second file system here";
+  }
+  const std::string target = memory / ("plimo-test-" + std::to_string(::getpid()) + ".mp3");
+  writeFile(folder_ / "a.mp3", "x");
+  EXPECT_FALSE(files_.moveFile(folder_ / "a.mp3", target));
+  EXPECT_TRUE(files_.fileExists(folder_ / "a.mp3"));
+  EXPECT_FALSE(fs::exists(target));
 }
 
 TEST_F(LinuxFilesTest, SlashAndLinksToADrivesRootAreRootFolders) {

@@ -3,9 +3,12 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstddef>
 #include <filesystem>
+#include <new>
 #include <stdexcept>
+#include <thread>
 
 #include "platform/linux/linux_files.h"
 #include "support/temporary_folder.h"
@@ -104,6 +107,27 @@ TEST_F(LinuxWalkTest, AFolderRemovedDuringTheWalkIsSkipped) {
     return true;
   }));
   EXPECT_EQ(found, allBefore(gone));
+}
+
+std::thread::id walkingThread;
+std::atomic<bool> workerHasFailed;
+
+bool failsOnTheWorker(std::string_view) {
+  if (std::this_thread::get_id() == walkingThread) return true;
+  workerHasFailed = true;
+  workerHasFailed.notify_all();
+  throw std::bad_alloc();
+}
+
+TEST_F(LinuxWalkTest, NoMemoryOnTheWorkerIsThrownByTheWalk) {
+  walkingThread = std::this_thread::get_id();
+  workerHasFailed = false;
+  EXPECT_THROW(files_.walk(folder_.path(), 10, failsOnTheWorker,
+                           [](std::string_view) {
+                             workerHasFailed.wait(false);
+                             return true;
+                           }),
+               std::bad_alloc);
 }
 
 TEST_F(LinuxWalkTest, AnUnreadableFolderEndsTheWalkOnlyWhenItIsReached) {
