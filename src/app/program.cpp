@@ -36,12 +36,13 @@ void Program::failed(const RuntimeError& error) {
 }
 
 // The state file that the error names, else the settings, is moved aside, so that nobody is locked out by a damaged
-// file.
+// file. A catalogue that could not be written does not exist; without the settings nothing is scanned.
 void Program::offerToStartAnew(const RuntimeError& error) {
   const std::string folder = platform_.files.currentDirectory();
   std::string_view name = settingsName;
   for (const std::string_view stateFile : {catalogueName, winampPathName, defaultPlaylistName}) {
-    if (platform_.files.sameFile(error.path(), platform_.files.join(folder, stateFile))) name = stateFile;
+    const std::string path = platform_.files.join(folder, stateFile);
+    if (platform_.files.sameFile(error.path(), path) && platform_.files.fileExists(path)) name = stateFile;
   }
   const std::string path = platform_.files.join(folder, name);
   if (!platform_.files.fileExists(path)) return;
