@@ -65,6 +65,7 @@ void Form1::Form_Load() {
     }
   }
   here = false;
+  if (closing()) return;  // during the scan
   if (!frommenu && Check5.ticked()) playdefaultlist();
   frommenu = false;
   if (runpref) {
