@@ -116,6 +116,7 @@ void Form1::closePanels() {
 }
 
 void Form1::showFirstRun() {
+  rememberPanel();
   MediaPlayer1.setVisible(false);
   TreeView1.setVisible(false);
   Option4.setEnabled(false);
