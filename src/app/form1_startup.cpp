@@ -92,6 +92,7 @@ void Form1::large_Click() {
   const auto finish = [&] {
     showListFrames(true);
     for (ListBox* list : {&List2, &List1, &List4}) list->setVisible(true);
+    if (!Frame1.visible()) foldAllStrips();  // the headings show only above folded strips
     if (sizeToCome && scaleWidth() == width && scaleHeight() == height) return;
     resizing = false;
     Form_Resize();
