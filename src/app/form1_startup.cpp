@@ -66,6 +66,7 @@ void Form1::Form_Load() {
     }
   }
   here = false;
+  if (closing()) return;  // during the scan
   if (!frommenu && Check5.ticked()) playdefaultlist();
   frommenu = false;
   if (runpref) {
@@ -90,8 +91,11 @@ void Form1::large_Click() {
   const double height = scaleHeight();
   setWindowState(WindowState::maximised);
   const auto finish = [&] {
-    showListFrames(true);
-    for (ListBox* list : {&List2, &List1, &List4}) list->setVisible(true);
+    if (!Frame1.visible()) {  // the start-up may have opened the settings panel
+      showListFrames(true);
+      for (ListBox* list : {&List2, &List1, &List4}) list->setVisible(true);
+      foldAllStrips();  // the headings show only above folded strips
+    }
     if (sizeToCome && scaleWidth() == width && scaleHeight() == height) return;
     resizing = false;
     Form_Resize();
@@ -109,6 +113,7 @@ void Form1::large_Click() {
 
 // As their own Cancel does.
 void Form1::closePanels() {
+  if (Frame1.visible()) Command16_Click();
   if (Frame2.visible()) Command19_Click();
   if (Frame3.visible()) credit_Click();
   if (Frame4.visible()) Command7_Click();
@@ -116,6 +121,7 @@ void Form1::closePanels() {
 }
 
 void Form1::showFirstRun() {
+  rememberPanel();
   MediaPlayer1.setVisible(false);
   TreeView1.setVisible(false);
   Option4.setEnabled(false);

@@ -99,6 +99,8 @@ class Form {
   void userMouseMove();
   // The user closes the window by its frame. While a handler runs, it closes after the outermost one has ended.
   void userClose();
+  // The user has closed the window while a handler runs.
+  bool closing() const { return closePending_; }
 
  private:
   friend class Control;

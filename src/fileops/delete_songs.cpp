@@ -18,9 +18,11 @@ SongFiles countSongFiles(FileSystemObject& files, const std::string& catalogue,
   StringInterner folders;
   for (std::size_t name = 0; name < names.size(); ++name) {
     for (const StoredPath& path : found.of(name)) {
-      folders.add(path.folder);
       const std::string text = path.text();
-      if (paths.find(text) == StringInterner::none) paths.add(texts.store(text));
+      if (paths.find(text) != StringInterner::none) continue;
+      if (!isSongFile(files.fileName(text)) || !files.fileExists(text)) continue;  // nothing will be deleted
+      folders.add(path.folder);
+      paths.add(texts.store(text));
     }
   }
   return {paths.size(), folders.size()};

@@ -11,7 +11,7 @@
 
 namespace plimo {
 
-// The files of all records that match some names, each file counted once.
+// The song files that exist of all records that match some names, each file counted once.
 struct SongFiles {
   std::size_t files = 0;
   std::size_t folders = 0;

@@ -52,7 +52,7 @@ void Form1::deleteFilesOf(const ListBox& list, const char* failureMessage) {
     platform.dialogs.message(failureMessage);
   }
   setStatus(counted(deleted, "file") + " deleted" + failure);
-  offerScan();
+  if (!closing()) offerScan();
 }
 
 void Form1::offerScan() {

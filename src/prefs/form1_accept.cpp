@@ -80,8 +80,7 @@ bool Form1::writeChosenSettings() {
       return false;
     }
   }
-  winamp1 = Check3.ticked() && platform.files.fileExists(ownFile(winampPathName)) && invalidpath != -1;
-  if (Option4.value()) onlysort = true;
+  const bool winamp = Check3.ticked() && platform.files.fileExists(ownFile(winampPathName)) && invalidpath != -1;
   PanelSettings panel{.useWinamp = Check3.ticked(),
                       .noScan = Option4.value(),
                       .scan = Option5.value(),
@@ -94,6 +93,9 @@ bool Form1::writeChosenSettings() {
   } else {
     writeSettings(platform.files, ownFile(settingsName), panel, listColours());
   }
+  // Only now do the choices hold: a panel whose settings could not be written may still be cancelled.
+  winamp1 = winamp;
+  if (panel.noScan) onlysort = true;
   List5.clear();
   fromsettings = true;
   return true;

@@ -14,9 +14,7 @@ void Form1::Preferences_Click() {
       "may be cleared! Would you like to enter the 'Preferences' section anyway ? ";
   if ((!List4.empty() || !List6.empty()) && !platform.dialogs.question(warning)) return;
   leaveCompactLayout();
-  finalListAtOpening_ = &finalList();
-  panelAtOpening_ = {Option4.value(), Option5.value(), makethefile,   Check3.value(),
-                     Check4.value(),  Check5.value(),  Check6.value()};
+  rememberPanel();
   Command5.setCaption("Accept");
   Command5.setEnabled(true);
   showListFrames(false);
@@ -29,6 +27,12 @@ void Form1::Preferences_Click() {
   fillDrives(List5);
   tickDrivesToScan();
   setFocus(Option5.value() ? &Option5 : &Option4);
+}
+
+void Form1::rememberPanel() {
+  finalListAtOpening_ = &finalList();
+  panelAtOpening_ = {Option4.value(), Option5.value(), makethefile,   Check3.value(),
+                     Check4.value(),  Check5.value(),  Check6.value()};
 }
 
 void Form1::showSettings() {

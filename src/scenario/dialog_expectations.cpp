@@ -66,6 +66,7 @@ void prompt(Session& session, const Line& line) {
   }
   const ScriptedDialogs::InputBox& box = inputs[session.promptsExpected++];
   session.titleExpected = box.title;
+  session.detailsExpected.clear();
   session.boxExpected = true;
   if (box.prompt != textOf(line)) session.reporter.fail(expected, quoted(box.prompt));
 }
@@ -82,6 +83,7 @@ void proposed(Session& session, const Line& line) {
   }
   session.proposalsExpected = box + 1;
   session.titleExpected = inputs[box].title;
+  session.detailsExpected.clear();
   session.boxExpected = true;
   if (inputs[box].proposed != line.arguments[0]) session.reporter.fail(expected, quoted(inputs[box].proposed));
 }
@@ -119,6 +121,7 @@ void error(Session& session, const Line& line) {
   const RuntimeError reported = session.dialogs.errors.front();
   session.dialogs.errors.pop_front();
   session.titleExpected = programName;
+  session.detailsExpected.clear();
   session.boxExpected = true;
   const bool holds =
       (line.arguments.empty() || *parseInteger(line.arguments[0]) == static_cast<long long>(reported.number())) &&

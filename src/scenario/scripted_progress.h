@@ -18,7 +18,7 @@ struct ScanAnswer {
 
 class ScriptedProgress : public Progress {
  public:
-  // For the next scan that has none yet.
+  // For the next scan that has none yet and finds that many songs.
   void queue(ScanAnswer answer) { answers_.push_back(answer); }
   // Not taken by a scan yet.
   const std::deque<ScanAnswer>& answers() const { return answers_; }
@@ -39,6 +39,7 @@ class ScriptedProgress : public Progress {
     if (answer_->closes) close();
   }
   void end() override {
+    if (answer_ && !cancelled_) answers_.push_front(*answer_);  // the scan found too few songs
     cancelled_ = false;
     answer_.reset();
   }

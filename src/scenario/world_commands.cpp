@@ -67,6 +67,10 @@ void screen(Session& session, const Line& line) {
 }
 
 void design(Session& session, const Line& line) {
+  if (session.running()) {
+    session.reporter.fail("a program that has not been started", "it running");
+    return;
+  }
   session.designs[line.arguments[0]] = {number(line, 1), number(line, 2), number(line, 3), number(line, 4)};
 }
 

@@ -336,7 +336,8 @@ class Form1 : public Form, public Form1Controls {
   void Command16_Click();
 
  private:
-  void showSettings();  // those of plimo.ini
+  void rememberPanel();  // for Cancel
+  void showSettings();   // those of plimo.ini
   void showWinampChooser(bool visible);
   void showWinampFolder();  // the one in path.kvx
   void tickDrivesToScan();

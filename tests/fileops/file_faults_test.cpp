@@ -70,8 +70,10 @@ TEST_P(FileFaults, AFailedDeletionStopsAndIsReported) {
       [](TestProgram& test, bool failed) {
         expectMissingOrComplete(test, first, first);
         expectMissingOrComplete(test, second, second);
-        EXPECT_EQ(test.files.fileExists(first) || test.files.fileExists(second), failed);
-        EXPECT_EQ(test.dialogs.messages.size(), failed ? 1U : 0U);
+        // A failure to count the files leaves the question without details, and the deletion goes on.
+        const bool stopped = failed && !test.dialogs.details.front().empty();
+        EXPECT_EQ(test.files.fileExists(first) || test.files.fileExists(second), stopped);
+        EXPECT_EQ(test.dialogs.messages.size(), stopped ? 1U : 0U);
         EXPECT_EQ(test.dialogs.questions.size(), 2U) << "the scan is offered even so";
       });
 }

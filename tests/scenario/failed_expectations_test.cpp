@@ -37,7 +37,8 @@ TEST_P(FailedExpectations, NameFileAndLineAndExitWithOne) {
 
 INSTANTIATE_TEST_SUITE_P(
     OfTheWindow, FailedExpectations,
-    testing::Values(Failing{"\nexpect rows List2 \"A\"", 2, "List2 with 1 row \"A\", got 2 rows \"A\" \"B\""},
+    testing::Values(Failing{"design List1 0 0 10 10", 1, "a program that has not been started, got it running"},
+                    Failing{"\nexpect rows List2 \"A\"", 2, "List2 with 1 row \"A\", got 2 rows \"A\" \"B\""},
                     Failing{"expect rows List2 A b", 1, "List2 with 2 rows"},
                     Failing{"expect rows List2", 1, "List2 with 0 rows"},
                     Failing{"expect rows List2 B A", 1, "List2 with 2 rows"},
@@ -143,6 +144,30 @@ TEST(Leftovers, IncludeProgramStarts) {
 
 TEST(Leftovers, ExcludeInputBoxesAndFileDialogs) {
   EXPECT_EQ(runScenarioText(world + "answer open cancel\nclick open\n").err, "");
+}
+
+TEST(Leftovers, IncludeACancelThatAScanNeverReached) {
+  const ScenarioResult result = runScenarioText(world +
+                                                "file \"C:\\A - X.mp3\"\nanswer scan cancel 2\nclick sodf\n"
+                                                "select List7 0\nclick Command17\n");
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, HasSubstr("every answer to be taken, got answer scan cancel 2"));
+}
+
+TEST(Leftovers, ExcludeACancelThatALaterScanReached) {
+  EXPECT_EQ(runScenarioText(world + "file \"C:\\A - X.mp3\"\nanswer scan cancel 2\nclick sodf\nselect List7 0\n"
+                                    "click Command17\nfile \"C:\\B - Y.mp3\"\nclick sodf\nselect List7 0\n"
+                                    "click Command17\n")
+                .err,
+            "");
+}
+
+TEST(Details, AreThoseOfTheBoxExpectedLast) {
+  const ScenarioResult result =
+      runScenarioText(world + "tick List2 A\nselect List1 0\nanswer no\nclick ds\n" +
+                      "expect question \"You are gonna have to say goodbye to the selected files! You sure ??\"\n" +
+                      "remove C:\\Plimo\\plimo.kvx\nkey List1 enter\nexpect error 53\nexpect details \"\"\n");
+  EXPECT_EQ(result.err, "");
 }
 
 TEST(MissingAnswers, CountAsNo) {
