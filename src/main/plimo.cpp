@@ -143,6 +143,9 @@ int main(int count, char** words) {
   }
   const auto files = plimo::nativeFiles(options.drives);
   const auto launcher = plimo::nativeLauncher();
-  plimo::Desktop desktop(*files, *launcher);
-  return desktop.run();
+  for (;;) {
+    plimo::Desktop desktop(*files, *launcher);
+    const int status = desktop.run();
+    if (!desktop.startsAnew()) return status;
+  }
 }

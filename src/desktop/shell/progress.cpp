@@ -64,7 +64,7 @@ void DesktopProgress::end() {
   if (hadFocus && focusBefore_ != nullptr && focusBefore_->isVisible()) focusBefore_->setFocus();
 }
 
-bool DesktopProgress::cancelled() const { return panel_ != nullptr && panel_->cancelled(); }
+bool DesktopProgress::cancelled() const { return ending_ || (panel_ != nullptr && panel_->cancelled()); }
 
 bool DesktopProgress::due() {
   const qint64 now = since_.elapsed();

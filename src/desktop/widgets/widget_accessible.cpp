@@ -3,8 +3,11 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QCheckBox>
+#include <QLabel>
 #include <QRadioButton>
 #include <QScrollArea>
+
+#include "desktop/widgets/announcement.h"
 
 namespace plimo {
 
@@ -54,7 +57,21 @@ class TextAccessible : public QAccessibleWidget {
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 };
 
+// The toolkit has no announcements; a notification whose name changes is one.
+class AnnouncedLabel : public QAccessibleWidget {
+ public:
+  explicit AnnouncedLabel(QLabel& label) : QAccessibleWidget(&label, QAccessible::Notification), label_(label) {}
+
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name ? label_.text() : QAccessibleWidget::text(kind);
+  }
+
+ private:
+  QLabel& label_;
+};
+
 QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+  if (auto* label = qobject_cast<QLabel*>(object)) return isAnnounced(*label) ? new AnnouncedLabel(*label) : nullptr;
   if (auto* option = qobject_cast<QRadioButton*>(object))
     return new ChoiceAccessible(*option, QAccessible::RadioButton);
   if (auto* box = qobject_cast<QCheckBox*>(object)) return new ChoiceAccessible(*box, QAccessible::CheckBox);

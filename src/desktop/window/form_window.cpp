@@ -9,10 +9,12 @@
 #include <QMouseEvent>
 #include <algorithm>
 
+#include "base/text.h"
 #include "desktop/binders/bind_menus.h"
 #include "desktop/binders/bind_timer.h"
 #include "desktop/theme/strings.h"
 #include "desktop/widgets/list_view.h"
+#include "desktop/widgets/status_line.h"
 #include "desktop/window/form_canvas.h"
 
 namespace plimo {
@@ -28,12 +30,16 @@ FormWindow::FormWindow(Form& form, const Form1Controls* controls, MpvPlayer& pla
   canvas_->setParent(this);
   canvas_->setMouseTracking(true);
   canvas_->installEventFilter(this);
+  if (menuBar_ != nullptr) status_ = new StatusLine(this);
   for (Control* control : form.controls()) bind(*control);
   setTabOrders();
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { reportFocus(now); });
 }
 
-FormWindow::~FormWindow() = default;
+FormWindow::~FormWindow() {
+  // The focus moves once more when the widgets are destroyed, after the window's members.
+  disconnect(qApp, &QApplication::focusChanged, this, nullptr);
+}
 
 void FormWindow::installAccessible() {
   QAccessible::installFactory([](const QString&, QObject* object) -> QAccessibleInterface* {
@@ -131,7 +137,12 @@ void FormWindow::applyVisibility(bool compactView) {
     binder->applyVisible(inView && !panels_.covered(binder->control()));
     if (compactView && !wasCompact_ && inView) binder->widget()->setFocus();
   }
-  wasCompact_ = compactView;
+  if (compactView != wasCompact_) {
+    wasCompact_ = compactView;
+    // Not at once: a handler is running, which has not moved the controls yet.
+    QMetaObject::invokeMethod(
+        this, [this] { resized(); }, Qt::QueuedConnection);
+  }
   canvas_->refresh(compactView);
   menus_->refresh();
   if (menuBar_ != nullptr) {
@@ -142,9 +153,13 @@ void FormWindow::applyVisibility(bool compactView) {
   }
 }
 
+void FormWindow::showStatus() {
+  if (status_ != nullptr) status_->showText(qstring(elideMiddle(form_.status(), longestShownText)));
+}
+
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (acceptsInput()) form_.userClose();
+  closed();
 }
 
 void FormWindow::popUp(Menu& menu) {

@@ -22,6 +22,7 @@ namespace plimo {
 
 class BoundMenus;
 class FormCanvas;
+class StatusLine;
 struct Form1Controls;
 class TimerBinder;
 
@@ -50,8 +51,13 @@ class FormWindow : public QWidget {
   // opened or closed, the focus moves with them, and the form is notified.
   void refresh();
 
-  // The window's own input (closing it, moving the pointer, Escape) is ignored while this returns false.
+  // Shows the form's status at the foot of the window, and announces it to assistive tools.
+  void showStatus();
+
+  // The window's own input (moving the pointer, Escape) is ignored while this returns false.
   std::function<bool()> acceptsInput = [] { return true; };
+  // The user closes the window, at any time. It stays until the form is unloaded.
+  std::function<void()> closed = [this] { form_.userClose(); };
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -72,9 +78,11 @@ class FormWindow : public QWidget {
 
   // --- The window's size and state: form_window_size.cpp ---
   void applyOuterSize();
+  void resized();
   void fitFonts();
   void layOut();
   void reportSize();
+  int statusHeight() const;  // pixels; 0 if the window shows no status
 
   // --- The keyboard focus: form_window_focus.cpp ---
   void setTabOrders();
@@ -97,6 +105,7 @@ class FormWindow : public QWidget {
   std::function<bool()> compact_;
   QMenuBar* menuBar_ = nullptr;
   FormCanvas* canvas_ = nullptr;
+  StatusLine* status_ = nullptr;
   std::vector<std::unique_ptr<Binder>> binders_;
   std::unordered_map<const Control*, Binder*> byControl_;
   std::unordered_map<const QWidget*, Control*> byWidget_;

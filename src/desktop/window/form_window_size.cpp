@@ -9,6 +9,7 @@
 #include "desktop/binders/bind_timer.h"
 #include "desktop/theme/scaling.h"
 #include "desktop/theme/units.h"
+#include "desktop/widgets/status_line.h"
 #include "desktop/window/form_canvas.h"
 #include "desktop/window/form_window.h"
 
@@ -78,7 +79,9 @@ void FormWindow::applyOuterSize() {
   if (inner != size()) resize(inner.expandedTo(QSize(120, 80)));
 }
 
-void FormWindow::resizeEvent(QResizeEvent*) {
+void FormWindow::resizeEvent(QResizeEvent*) { resized(); }
+
+void FormWindow::resized() {
   fitFonts();
   layOut();
   reportSize();
@@ -98,7 +101,16 @@ void FormWindow::fitFonts() {
 void FormWindow::layOut() {
   const int barHeight = menuBar_ == nullptr ? 0 : menus_->barHeight();
   if (menuBar_ != nullptr) menuBar_->setGeometry(0, 0, width(), barHeight);
-  canvas_->setGeometry(0, barHeight, width(), height() - barHeight);
+  const int footHeight = statusHeight();
+  canvas_->setGeometry(0, barHeight, width(), height() - barHeight - footHeight);
+  if (status_ == nullptr) return;
+  status_->setVisible(footHeight > 0);
+  status_->setGeometry(0, height() - footHeight, width(), footHeight);
+}
+
+// The line keeps its height while it is empty, so that the controls above it do not move.
+int FormWindow::statusHeight() const {
+  return status_ == nullptr || compact_() ? 0 : status_->fontMetrics().height() + scaled(6);
 }
 
 void FormWindow::reportSize() {
