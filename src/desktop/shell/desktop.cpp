@@ -99,7 +99,7 @@ void Desktop::show(Form& form) { windowOf(form)->present(); }
 
 void Desktop::unload(Form& form) { windowOf(form)->hide(); }
 
-void Desktop::captionChanged(Form& form) { windowOf(form)->setWindowTitle(qstring(form.caption())); }
+void Desktop::captionChanged(Form& form) { windowOf(form)->setWindowTitle(shownText(form.caption())); }
 
 void Desktop::statusChanged(Form& form) { windowOf(form)->showStatus(); }
 

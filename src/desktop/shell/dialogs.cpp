@@ -27,7 +27,7 @@ constexpr int margin = 20;  // between a box's edges and its contents
 QString title() { return QString::fromUtf8(programName); }
 
 // The text as it is shown: no line of it is longer than what the text layout can take.
-QString shownText(const std::string& text) {
+QString shownLines(const std::string& text) {
   std::string shown;
   for (const std::string_view line : split(text, '\n')) {
     if (!shown.empty() || line.data() != text.data()) shown += '\n';
@@ -67,7 +67,7 @@ class Box : public QMessageBox {
   Box(QWidget* owner, Icon icon, const std::string& text, StandardButtons buttons)
       : QMessageBox(icon, title(), QString(), buttons, owner) {
     setTextFormat(Qt::PlainText);
-    const QString shown = shownText(text);
+    const QString shown = shownLines(text);
     setText(shown);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
@@ -84,7 +84,7 @@ class Box : public QMessageBox {
   // A smaller text below the first one.
   void addDetails(const std::string& details) {
     if (details.empty()) return;
-    setInformativeText(shownText(details));
+    setInformativeText(shownLines(details));
     if (auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"))) {
       label->setTextFormat(Qt::PlainText);
       QFont smaller = label->font();
@@ -224,7 +224,10 @@ std::optional<std::string> DesktopDialogs::saveFile(const FileDialog& request) {
   prepareFileDialog(dialog, request);
   while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
     const QString name = dialog.selectedFiles().constFirst();
-    if (namesPattern(bytesOf(name.mid(name.lastIndexOf(QLatin1Char('/')) + 1)))) continue;  // not a name yet
+    if (namesPattern(bytesOf(name.mid(name.lastIndexOf(QLatin1Char('/')) + 1)))) {
+      message("Please type a name without a * in it.");
+      continue;
+    }
     const QString written = name + QStringLiteral(".m3u");
     // The program asks before it overwrites the name itself, but not before it overwrites the name with .m3u appended.
     if (QFile::exists(name) || !QFile::exists(written)) return nativeBytes(name);

@@ -9,7 +9,6 @@
 #include <QMouseEvent>
 #include <algorithm>
 
-#include "base/text.h"
 #include "desktop/binders/bind_menus.h"
 #include "desktop/binders/bind_timer.h"
 #include "desktop/theme/strings.h"
@@ -22,7 +21,7 @@ namespace plimo {
 FormWindow::FormWindow(Form& form, const Form1Controls* controls, MpvPlayer& player, std::function<bool()> compact)
     : form_(form), player_(player), compact_(std::move(compact)), panels_(form) {
   setObjectName(qstring(form.name()));
-  setWindowTitle(qstring(form.caption()));
+  setWindowTitle(shownText(form.caption()));
   setMouseTracking(true);
   menus_ = std::make_unique<BoundMenus>(form, *this);
   menuBar_ = menus_->bar();
@@ -133,17 +132,26 @@ void FormWindow::refresh() {
 
 void FormWindow::applyVisibility(bool compactView) {
   for (const auto& binder : binders_) {
-    const bool inView = !compactView || binder->control().kind() == ControlKind::mediaPlayer;
-    binder->applyVisible(inView && !panels_.covered(binder->control()));
+    const bool isPlayer = binder->control().kind() == ControlKind::mediaPlayer;
+    const bool inView = !compactView || isPlayer;
+    const bool hidden =
+        isPlayer ? !compactView && panels_.hides(binder->control()) : panels_.covered(binder->control());
+    binder->applyVisible(inView && !hidden);
     if (compactView && !wasCompact_ && inView) binder->widget()->setFocus();
   }
   if (compactView != wasCompact_) {
     wasCompact_ = compactView;
+    if (compactView) {
+      focusBeforeCompact_ = form_.focus();
+    } else {
+      leftCompact_ = true;
+    }
     // Not at once: a handler is running, which has not moved the controls yet.
     QMetaObject::invokeMethod(
         this, [this] { resized(); }, Qt::QueuedConnection);
   }
   canvas_->refresh(compactView);
+  describeLists();
   menus_->refresh();
   if (menuBar_ != nullptr) {
     // Without visible menus it is hidden; its area stays empty.
@@ -153,8 +161,17 @@ void FormWindow::applyVisibility(bool compactView) {
   }
 }
 
+// The headings are painted only: assistive tools find the counts as the lists' descriptions.
+void FormWindow::describeLists() {
+  for (const auto& binder : binders_) {
+    if (binder->control().kind() != ControlKind::listBox) continue;
+    const auto& list = static_cast<const ListBox&>(binder->control());
+    if (canvas_->counts(list)) binder->widget()->setAccessibleDescription(canvas_->countText(list));
+  }
+}
+
 void FormWindow::showStatus() {
-  if (status_ != nullptr) status_->showText(qstring(elideMiddle(form_.status(), longestShownText)));
+  if (status_ != nullptr) status_->showText(shownText(form_.status()));
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
@@ -193,10 +210,9 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FormWindow::reportHover(Control* control) {
-  if (hoverKnown_ && control == hovered_) return;
+  if (!acceptsInput() || (hoverKnown_ && control == hovered_)) return;
   hovered_ = control;
   hoverKnown_ = true;
-  if (!acceptsInput()) return;
   if (control != nullptr) {
     control->userMouseMove();
   } else {

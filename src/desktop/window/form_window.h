@@ -72,12 +72,14 @@ class FormWindow : public QWidget {
   void bind(Control& control);
   std::unique_ptr<Binder> makeBinderFor(Control& control, QWidget* parent);
   void applyVisibility(bool compactView);
+  void describeLists();
   void reportHover(Control* control);
   Control* controlOf(const QWidget* widget) const;
   Binder* binderOf(const Control* control) const;
 
   // --- The window's size and state: form_window_size.cpp ---
   void applyOuterSize();
+  void applyMinimumSize();
   void resized();
   void fitFonts();
   void layOut();
@@ -97,6 +99,8 @@ class FormWindow : public QWidget {
   bool focusable(const Control* control) const;
   // The control that gets the focus because panels have been opened or closed since the last call; null for no change.
   Control* focusAfterPanelChange();
+  // The same after the compact view has been left.
+  Control* focusAfterCompactView();
   // The button that closes the panel with the focus; null if there is none.
   CommandButton* cancelButton() const;
 
@@ -121,6 +125,8 @@ class FormWindow : public QWidget {
   QPoint menuPosition_;  // where the user last asked for a menu, in global coordinates
   bool presented_ = false;
   bool wasCompact_ = false;
+  bool leftCompact_ = false;  // the focus is to return to where it was before
+  Control* focusBeforeCompact_ = nullptr;
 };
 
 }  // namespace plimo

@@ -25,6 +25,7 @@ void FormWindow::present() {
   geometry.moveCenter(available.center());
   setGeometry(geometry);
   presented_ = true;
+  applyMinimumSize();
   if (isSplash) {
     show();
     return;
@@ -72,7 +73,16 @@ void FormWindow::resizeOuter(double width, double height) {
   });
 }
 
+// Below it the captions could not be read.
+void FormWindow::applyMinimumSize() {
+  if (menuBar_ == nullptr) return;
+  constexpr QSize large(640, 480);
+  constexpr QSize compact(120, 80);
+  setMinimumSize(compact_() ? compact : large.boundedTo(screen()->availableGeometry().size() * 0.9));
+}
+
 void FormWindow::applyOuterSize() {
+  applyMinimumSize();
   if (!wantedOuter_.isValid() || isMaximized() || isMinimized()) return;
   const QSize frame = frameGeometry().size() - size();
   const QSize inner = wantedOuter_ - frame;
@@ -82,6 +92,7 @@ void FormWindow::applyOuterSize() {
 void FormWindow::resizeEvent(QResizeEvent*) { resized(); }
 
 void FormWindow::resized() {
+  if (presented_) applyMinimumSize();
   fitFonts();
   layOut();
   reportSize();
@@ -120,6 +131,8 @@ void FormWindow::reportSize() {
 }
 
 void FormWindow::changeEvent(QEvent* event) {
+  // A box that was open has been closed: the pointer may be anywhere.
+  if (event->type() == QEvent::ActivationChange) hoverKnown_ = false;
   if (event->type() == QEvent::WindowStateChange && presented_) {
     form_.windowStateChanged(isMinimized()   ? WindowState::minimised
                              : isMaximized() ? WindowState::maximised
