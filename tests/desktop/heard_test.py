@@ -88,6 +88,6 @@ class Heard(WindowTestCase):
             seek = p.find("Place in the song", "slider")
             wait(lambda: seek.value >= 1, "the first second")
             self.assertLess(seek.value, 30)
-            self.assertRegex(seek.accessible.get_description(), r"^0:\d\d of 0:30$")
+            self.assertRegex(seek.accessible.get_description(), r"^0:\d\d of 0:(29|30)$")
             self.assertFalse(events.has("object:property-change:accessible-value", "Place in the song"))
         self.assertEqual(p.find("Player").role, "panel")

@@ -84,6 +84,21 @@ std::map<std::size_t, bool> ListView::statesInView() const {
 
 void ListView::rememberStates() { announced_ = statesInView(); }
 
+void ListView::announceSelection(std::size_t row, bool selected) {
+  const int child = static_cast<int>(row);
+  if (model_.style() == ListBox::Style::checkBoxes) {
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    event.setChild(child);
+    QAccessible::updateAccessibility(&event);
+  } else {
+    QAccessibleEvent event(this, selected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+    event.setChild(child);
+    QAccessible::updateAccessibility(&event);
+  }
+}
+
 void ListView::selectionChanged() {
   viewport()->update();
   if (!QAccessible::isActive()) return;
@@ -92,11 +107,7 @@ void ListView::selectionChanged() {
   for (const auto& [row, selected] : announced_) {
     const auto known = before.find(row);
     if (known == before.end() || known->second == selected) continue;
-    QAccessible::State changed;
-    (model_.style() == ListBox::Style::checkBoxes ? changed.checked : changed.selected) = true;
-    QAccessibleStateChangeEvent event(this, changed);
-    event.setChild(static_cast<int>(row));
-    QAccessible::updateAccessibility(&event);
+    announceSelection(row, selected);
   }
   QAccessibleEvent within(this, QAccessible::SelectionWithin);
   QAccessible::updateAccessibility(&within);

@@ -85,6 +85,7 @@ class ListView : public QAbstractScrollArea {
   // The selected states of the rows in view and of the current one, which assistive tools are notified of.
   std::map<std::size_t, bool> statesInView() const;
   void rememberStates();
+  void announceSelection(std::size_t row, bool selected);
 
   ListBox& model_;
   ListColours colours_;

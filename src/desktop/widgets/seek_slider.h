@@ -15,12 +15,16 @@ class SeekSlider : public QSlider {
   double duration() const { return duration_; }
   double seconds() const;  // at the handle
 
+  // Moves to the time, as the user does.
+  void seek(double seconds);
+
  protected:
-  void sliderChange(SliderChange change) override;
+  bool event(QEvent* event) override;
 
  private:
+  void takePosition();
+
   double duration_ = 0;
-  bool quiet_ = false;  // the song goes on
 };
 
 }  // namespace plimo

@@ -90,10 +90,7 @@ class SeekAccessible : public QAccessibleWidget, public QAccessibleValueInterfac
   }
 
   QVariant currentValue() const override { return std::floor(slider_.seconds()); }
-  void setCurrentValue(const QVariant& value) override {
-    if (slider_.duration() <= 0) return;
-    slider_.setValue(static_cast<int>(std::lround(value.toDouble() / slider_.duration() * slider_.maximum())));
-  }
+  void setCurrentValue(const QVariant& value) override { slider_.seek(value.toDouble()); }
   QVariant maximumValue() const override { return std::floor(slider_.duration()); }
   QVariant minimumValue() const override { return 0.0; }
   QVariant minimumStepSize() const override { return 1.0; }

@@ -154,6 +154,7 @@ void FormCanvas::paintHint(QPainter& painter) const {
   const Form1Controls& c = *controls_;
   const QRect player = rectOf(c.MediaPlayer1);
   const bool strips = c.Picture3.showing() || c.Picture6.showing();
+  if (c.Frame1.showing() || c.Frame2.showing()) return;  // the panel would cut it
   if (!c.List2.showing() || !strips || c.MediaPlayer1.showing() || player.left() < rectOf(c.List2).right()) return;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
@@ -183,11 +184,11 @@ void FormCanvas::paintLogoBesidePanel(QPainter& painter) const {
   painter.drawText(title, Qt::AlignCenter, programTitle());
 }
 
-// The first run leaves the band between the handles and the panels empty, unless a strip is open there.
+// The first run leaves the band above the panels empty, unless a strip is open there.
 void FormCanvas::paintFirstRunBand(QPainter& painter) const {
   const Form1Controls& c = *controls_;
   if (c.List2.showing() || !c.Frame2.showing() || !c.Frame1.showing()) return;
-  if (!c.Picture1.showing() || !c.Picture2.showing() || !c.Picture3.showing()) return;
+  if (c.Picture4.showing() || c.Picture5.showing() || c.Picture6.showing()) return;
   const QRect panel = rectOf(c.Frame2);
   const int top = rectOf(c.Picture1).bottom() + spacing();
   const QRect band(panel.left(), top, rectOf(c.Frame1).right() - panel.left(), panel.top() - spacing() - top);
