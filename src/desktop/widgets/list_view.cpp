@@ -179,7 +179,7 @@ QString ListView::rowText(std::size_t row) const {
 
 QString ListView::rowName(std::size_t row) const {
   const QString text = rowText(row);
-  if (!text.trimmed().isEmpty()) return text;
+  if (!text.isEmpty()) return text;
   return model_.style() == ListBox::Style::checkBoxes ? QStringLiteral("(no artist)") : QStringLiteral("(no title)");
 }
 

@@ -73,12 +73,14 @@ void FormWindow::resizeOuter(double width, double height) {
   });
 }
 
-// Below it the captions could not be read.
+// Below it the captions could not be read. While the window is still smaller, because it is leaving the compact view,
+// the toolkit would resize it, and the window manager would not maximise it.
 void FormWindow::applyMinimumSize() {
   if (menuBar_ == nullptr) return;
-  constexpr QSize large(640, 480);
   constexpr QSize compact(120, 80);
-  setMinimumSize(compact_() ? compact : large.boundedTo(screen()->availableGeometry().size() * 0.9));
+  const QSize large = QSize(640, 480).boundedTo(screen()->availableGeometry().size() * 0.9);
+  const QSize wanted = compact_() ? compact : large;
+  if (wanted.boundedTo(size()) == wanted) setMinimumSize(wanted);
 }
 
 void FormWindow::applyOuterSize() {
