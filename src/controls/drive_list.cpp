@@ -17,6 +17,10 @@ void DriveList::refresh() {
 
 void DriveList::setDrive(char letter) {
   const auto upper = [](char c) { return std::toupper(static_cast<unsigned char>(c)); };
+  if (letter == 0 && drive_ != 0) {
+    drive_ = 0;
+    notify(Property::value);
+  }
   for (const Entry& entry : entries_) {
     if (upper(entry.letter) != upper(letter)) continue;
     drive_ = entry.letter;

@@ -28,7 +28,8 @@ class DriveList : public Control {
   const std::vector<Entry>& entries() const { return entries_; }
   // The current drive's letter; 0 for none.
   char drive() const { return drive_; }
-  // Makes the drive of that letter (in either case) current; does nothing if there is none. Raises nothing.
+  // Makes the drive of that letter (in either case) current, or none for 0; does nothing if there is no such drive.
+  // Raises nothing.
   void setDrive(char letter);
 
   Event change;

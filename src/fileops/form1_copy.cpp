@@ -24,13 +24,15 @@ bool showNearestFolder(FileSystemObject& files, FolderList& list, std::string fo
   }
 }
 
-// Selects the drive of the folder shown: the one whose root is its nearest ancestor.
+// Selects the drive of the folder shown, the one whose root is its nearest ancestor; none for a folder on no drive.
 void showDriveOf(DriveList& drives, const FolderList& folder) {
+  char letter = 0;
   for (const std::string& ancestor : folder.listing().ancestors) {  // the nearest comes last
     for (const DriveList::Entry& drive : drives.entries()) {
-      if (drive.root == ancestor) drives.setDrive(drive.letter);
+      if (drive.root == ancestor) letter = drive.letter;
     }
   }
+  drives.setDrive(letter);
 }
 
 // A box for each file; from the second one on the user can silence the rest.

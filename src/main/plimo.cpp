@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QMessageBox>
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <filesystem>
@@ -34,8 +35,14 @@ std::optional<plimo::DriveType> kindOf(std::string_view name) {
   return std::nullopt;
 }
 
-// Reads "D=/mnt/music:removable"; nullopt if it is not of this form.
-std::optional<plimo::NamedDrive> driveOf(const std::string& text) {
+bool isFolder(std::string_view path) {
+  std::error_code failed;
+  return std::filesystem::is_directory(plimo::nativePath(path), failed);
+}
+
+// Reads "D=/mnt/music:removable"; nullopt, and the reason, if it is not of this form or there is no such folder.
+std::optional<plimo::NamedDrive> driveOf(const std::string& text, std::string& reason) {
+  reason = "'" + text + "' is not of the form LETTER=FOLDER[:KIND].";
   if (text.size() < 3 || text[1] != '=') return std::nullopt;
   plimo::NamedDrive drive;
   drive.letter = text[0];
@@ -48,9 +55,18 @@ std::optional<plimo::NamedDrive> driveOf(const std::string& text) {
       root = root.substr(0, colon);
     }
   }
+  if (root.empty()) return std::nullopt;
+  if (!isFolder(root)) {
+    const std::size_t colon = root.rfind(':');
+    const bool mistyped = colon != std::string_view::npos && isFolder(root.substr(0, colon));
+    reason = mistyped ? "'" + std::string(root.substr(colon + 1)) +
+                            "' is no kind of drive: fixed, cdrom, removable, network or ramdisk."
+                      : "There is no folder '" + std::string(root) + "' for the drive " + drive.letter + ".";
+    return std::nullopt;
+  }
   std::error_code failed;
   const std::filesystem::path folder = std::filesystem::absolute(plimo::nativePath(root), failed).lexically_normal();
-  if (root.empty() || failed) return std::nullopt;
+  if (failed) return std::nullopt;
   drive.root = folder.has_filename() || folder == folder.root_path() ? folder.string() : folder.parent_path().string();
   return drive;
 }
@@ -98,12 +114,20 @@ std::optional<int> readOptions(int count, char** words, Options& options) {
     std::puts("plimo " PLIMO_VERSION);
     return 0;
   }
+  for (const QCommandLineOption* option : {&folder, &drive}) {
+    const QStringList values = parser.values(*option);
+    const auto missing = [](const QString& value) { return value.isEmpty() || value.startsWith(QLatin1String("--")); };
+    if (std::any_of(values.begin(), values.end(), missing)) {
+      return fail(QStringLiteral("The value of '--%1' is missing.").arg(option->names().constFirst()));
+    }
+  }
   if (const QStringList others = parser.positionalArguments(); !others.isEmpty()) {
     return fail(QStringLiteral("Unexpected argument '%1'.").arg(others.constFirst()));
   }
   for (const QString& value : parser.values(drive)) {
-    const auto named = driveOf(bytesOf(value));
-    if (!named) return fail(QStringLiteral("'%1' is not of the form LETTER=FOLDER[:KIND].").arg(value));
+    std::string reason;
+    const auto named = driveOf(bytesOf(value), reason);
+    if (!named) return fail(argumentOf(reason.c_str()));
     options.drives.push_back(*named);
   }
   options.folder = plimo::nativePath(bytesOf(parser.value(folder)));
@@ -143,6 +167,9 @@ int main(int count, char** words) {
   }
   const auto files = plimo::nativeFiles(options.drives);
   const auto launcher = plimo::nativeLauncher();
-  plimo::Desktop desktop(*files, *launcher);
-  return desktop.run();
+  for (;;) {
+    plimo::Desktop desktop(*files, *launcher);
+    const int status = desktop.run();
+    if (!desktop.startsAnew()) return status;
+  }
 }

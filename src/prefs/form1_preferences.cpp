@@ -53,10 +53,8 @@ void Form1::showSettings() {
 void Form1::showWinampChooser(bool visible) {
   if (visible) {
     Drive1.refresh();
-    if (Dir1.path().empty()) {  // never shown before
-      Dir1.setPath(defdir);
-      Drive1.setDrive(driveHolding(platform.files, defdir));
-    }
+    if (Dir1.path().empty()) Dir1.setPath(defdir);  // never shown before
+    Drive1.setDrive(driveHolding(platform.files, Dir1.path()));
   }
   Label1.setVisible(visible);
   Drive1.setVisible(visible);

@@ -316,6 +316,9 @@ void nameForAssistiveTools(Form1Controls& form) {
   form.Dir1.setAccessibleName("Winamp's folder");
   form.Drive2.setAccessibleName("Drive to copy to");
   form.Dir2.setAccessibleName("Folder to copy to");
+  form.pop.setAccessibleName("Final playlist commands");
+  form.popy.setAccessibleName("Scratch playlist commands");
+  form.pop3.setAccessibleName("Artist commands");
 }
 
 }  // namespace

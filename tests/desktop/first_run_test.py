@@ -75,6 +75,7 @@ class StartErrors(WindowTestCase):
         p = self.start()
         self.assertRegex(p.message(), "^Run-time error '62':\n\nInput past end of file")
         p.answer("OK")
+        p.answer("No")
         self.assertEqual(p.wait_for_exit(), 1)
 
     def test_the_root_folder_of_a_drive_is_refused(self):

@@ -86,7 +86,7 @@ class ScratchPlaylist(ListsTestCase):
         screen.key("Down", "space", "Down", "space", "space")
         self.assert_rows("Final playlist", [" Birch", " Cedar", " Cedar"])
         screen.key("Return")
-        p.find("Alder - Cedar.mp3", "label")
+        p.find("Alder - Cedar.mp3", "notification")
 
     def test_home_end_and_the_page_keys_move_the_current_row_and_leave_the_selection(self):
         numbers = [f"{number:03}" for number in range(1, 121)]

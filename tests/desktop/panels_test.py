@@ -126,11 +126,12 @@ class PanelStack(PanelsTestCase):
         screen.key("Return")
         p.find("Drive Selection", "panel")
 
-    def test_escape_closes_no_panel_that_is_hidden(self):
+    def test_large_closes_the_panels_and_escape_none_that_is_hidden(self):
         p = self.start_with_final_playlist()
         self.open_copy_panel()
         p.choose("View", "Compact")
         p.wait_until_gone("Copy Files to ..", "panel")
         screen.key("Escape")
         p.choose("View", "Large")
-        p.find("Copy Files to ..", "panel")
+        p.list("Artists")
+        self.assertIsNone(p.visible("Copy Files to ..", "panel"))

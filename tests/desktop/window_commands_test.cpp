@@ -34,24 +34,21 @@ class SlowFiles : public LinuxFiles {
 
   explicit SlowFiles(const std::string& music) : LinuxFiles({DriveRoot{'M', DriveType::fixed, music}}) {}
 
-  bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name), const FileVisitor& found,
-            const FileVisitor& entered) override {
-    return LinuxFiles::walk(
-        folder, depth, wanted,
-        [&](std::string_view path) {
-          processOne();
-          return found(path);
-        },
-        entered);
+  bool walk(std::string_view folder, int depth, const WalkVisitor& visitor) override {
+    WalkVisitor slow = visitor;
+    slow.found = [this, &visitor](std::string_view path) {
+      processOne();
+      return visitor.found(path);
+    };
+    return LinuxFiles::walk(folder, depth, slow);
   }
   void deleteFile(std::string_view path, Force force) override {
     processOne();
     LinuxFiles::deleteFile(path, force);
   }
-  void copyFile(std::string_view from, std::string_view to, bool overwrite,
-                const std::function<void(std::uint64_t copied, std::uint64_t size)>& progress) override {
+  bool copyFile(std::string_view from, std::string_view to, bool overwrite, const CopyProgress& progress) override {
     processOne();
-    LinuxFiles::copyFile(from, to, overwrite, progress);
+    return LinuxFiles::copyFile(from, to, overwrite, progress);
   }
 
   std::size_t processed = 0;

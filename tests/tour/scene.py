@@ -165,7 +165,7 @@ class Scene:
         pictured = False
         end = time.monotonic() + 3 * songs.PLAYED_SECONDS + 20
         while True:
-            labels = [label.name for label in p.elements(role="label")]
+            labels = [label.name for label in p.elements(role="notification")]
             song = next((label for label in labels if re.match(r"\d / 3 ", label)), None)
             title = caption.match(screen.active_title())
             if song and title:

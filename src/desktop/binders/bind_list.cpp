@@ -69,7 +69,7 @@ class ListBinder : public Binder, public ListObserver {
     const QByteArray key(text.data(), static_cast<qsizetype>(text.size()));
     const auto known = secondaryTexts_.constFind(key);
     return known != secondaryTexts_.constEnd() ? *known
-                                               : *secondaryTexts_.insert(key, qstring(list_.secondaryText(text)));
+                                               : *secondaryTexts_.insert(key, shownText(list_.secondaryText(text)));
   }
 
   ListBox& list_;

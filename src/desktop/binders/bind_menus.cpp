@@ -42,6 +42,7 @@ BoundMenus::BoundMenus(Form& form, QWidget& window) {
     } else {
       auto* shown = new QMenu(&window);
       shown->setObjectName(qstring(menu.name()) + QStringLiteral("Menu"));
+      shown->setAccessibleName(qstring(menu.accessibleName()));
       menus_[&menu] = shown;
       if (menu.role() == Menu::Role::popUp) continue;
       if (bar_ == nullptr) {

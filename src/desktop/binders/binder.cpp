@@ -22,7 +22,7 @@ void Binder::propertyChanged(Property property) {
       widget_->setEnabled(control_.enabled());
       break;
     case Property::tooltip:
-      widget_->setToolTip(plainTip(qstring(control_.tooltip()).trimmed()));
+      widget_->setToolTip(plainTip(shownText(control_.tooltip()).trimmed()));
       break;
     case Property::accessibleName:
       widget_->setAccessibleName(qstring(control_.accessibleName()));

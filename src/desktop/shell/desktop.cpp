@@ -29,10 +29,12 @@ MpvHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting) {
 Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
     : player_(hooksFor(blocker_, [this] { program_.dispatcher().flush(); })),
       progress_(blocker_),
-      program_(Platform{files, player_, dialogs_, launcher, progress_}) {
+      program_(Platform{files, player_, dialogs_, launcher, progress_}),
+      endSignals_([this] { end(); }) {
   const auto flush = [this] { program_.dispatcher().flush(); };
   dialogs_.beforeBox = flush;
   dialogs_.owner = [this] { return frontWindow(); };
+  dialogs_.ending = [this] { return progress_.ending(); };
   progress_.beforePaint = flush;
   progress_.window = [this] { return frontWindow(); };
   blocker_.unblocked = [this] { player_.drainEvents(); };
@@ -53,6 +55,7 @@ void Desktop::bindWindows() {
   splash_ = std::make_unique<FormWindow>(program_.splash(), nullptr, player_, [] { return false; });
   for (FormWindow* window : {main_.get(), splash_.get()}) {
     window->acceptsInput = [this] { return !blocker_.isBlocked(); };
+    window->closed = [this, window] { close(window->form()); };
     window->form().setHost(this);
     program_.dispatcher().beforePaint([window] { window->refresh(); });
   }
@@ -77,11 +80,28 @@ QWidget* Desktop::frontWindow() const {
   return nullptr;
 }
 
+void Desktop::close(Form& form) {
+  if (form.dispatcher().busy()) progress_.cancelAll();
+  form.userClose();
+}
+
+void Desktop::end() {
+  if (!program_.running()) {
+    QCoreApplication::exit();
+    return;
+  }
+  dialogs_.silence();
+  Form& form1 = program_.form1();
+  close(form1.loaded() ? static_cast<Form&>(form1) : program_.splash());
+}
+
 void Desktop::show(Form& form) { windowOf(form)->present(); }
 
 void Desktop::unload(Form& form) { windowOf(form)->hide(); }
 
-void Desktop::captionChanged(Form& form) { windowOf(form)->setWindowTitle(qstring(form.caption())); }
+void Desktop::captionChanged(Form& form) { windowOf(form)->setWindowTitle(shownText(form.caption())); }
+
+void Desktop::statusChanged(Form& form) { windowOf(form)->showStatus(); }
 
 void Desktop::stateChanged(Form& form) { windowOf(form)->applyState(); }
 

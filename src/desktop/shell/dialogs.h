@@ -14,9 +14,17 @@ class DesktopDialogs : public Dialogs {
   std::function<void()> beforeBox;
   // Returns the parent window of the boxes; null if there is none yet.
   std::function<QWidget*()> owner;
+  // Whether the program is to end: then questions are answered at once, without a box, as if it were closed.
+  std::function<bool()> ending;
+
+  // Closes the box that is open, if there is one, and shows no more of them, not even messages.
+  void silence();
 
   void message(const std::string& text) override;
-  bool question(const std::string& text) override;
+  bool repeatedMessage(const std::string& text) override;
+  bool ask(const Question& question) override;
+  FolderAnswer askAboutFolder(const std::string& folder) override;
+  bool askToStartAnew(const std::string& text) override;
   std::string input(const std::string& title, const std::string& prompt, const std::string& proposed) override;
   std::optional<std::string> openFile(const FileDialog& dialog) override;
   std::optional<std::string> saveFile(const FileDialog& dialog) override;
@@ -24,6 +32,9 @@ class DesktopDialogs : public Dialogs {
 
  private:
   QWidget* prepare();
+  bool asks() const;
+
+  bool silent_ = false;
 };
 
 }  // namespace plimo

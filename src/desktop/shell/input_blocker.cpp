@@ -31,7 +31,6 @@ bool InputBlocker::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::ShortcutOverride:
     case QEvent::ContextMenu:
     case QEvent::TouchBegin:
-    case QEvent::Close:
     case QEvent::Enter:
     case QEvent::DragEnter:
     case QEvent::Drop:
@@ -43,7 +42,7 @@ bool InputBlocker::eventFilter(QObject* watched, QEvent* event) {
   if (qobject_cast<QWindow*>(watched) != nullptr && event->type() != QEvent::Close) return false;
   const auto* widget = qobject_cast<QWidget*>(watched);
   const bool excepted = except_ != nullptr && widget != nullptr && (widget == except_ || except_->isAncestorOf(widget));
-  if (excepted && event->type() != QEvent::Close) return false;
+  if (excepted) return false;
   // The work may show a message box, and continues only when it is answered.
   const QWidget* box = QApplication::activeModalWidget();
   if (box != nullptr && (watched == box->windowHandle() || (widget != nullptr && widget->window() == box)))
@@ -53,7 +52,6 @@ bool InputBlocker::eventFilter(QObject* watched, QEvent* event) {
       static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
     QCoreApplication::sendEvent(except_, event);
   }
-  if (event->type() == QEvent::Close) event->ignore();
   return true;
 }
 

@@ -1,5 +1,5 @@
 // Blocks the user's input while the program works. One widget can be excepted, and so are message boxes that are shown
-// meanwhile.
+// meanwhile, and closing a window.
 #pragma once
 
 #include <QObject>

@@ -64,7 +64,7 @@ void DesktopProgress::end() {
   if (hadFocus && focusBefore_ != nullptr && focusBefore_->isVisible()) focusBefore_->setFocus();
 }
 
-bool DesktopProgress::cancelled() const { return panel_ != nullptr && panel_->cancelled(); }
+bool DesktopProgress::cancelled() const { return ending_ || (panel_ != nullptr && panel_->cancelled()); }
 
 bool DesktopProgress::due() {
   const qint64 now = since_.elapsed();
@@ -90,14 +90,14 @@ void DesktopProgress::update(const ProgressUpdate& update) {
       const QString found =
           update.done == 1 ? QStringLiteral("1 song found") : grouped(update.done) + QStringLiteral(" songs found");
       const QString time = clockText(static_cast<double>(since_.elapsed()) / 1000);
-      panel_->update(qstring(update.name), found + QStringLiteral("  ·  ") + time, -1);
+      panel_->update(shownText(update.name), found + QStringLiteral("  ·  ") + time, -1);
       break;
     }
     case Task::copy: {
       const double ofFile = update.size > 0 ? static_cast<double>(update.bytes) / static_cast<double>(update.size) : 0;
       const double done = static_cast<double>(update.done > 0 ? update.done - 1 : 0) + ofFile;
       panel_->update(
-          qstring(update.name),
+          shownText(update.name),
           QStringLiteral("File %1 of %2  ·  %3 of %4")
               .arg(grouped(update.done), grouped(update.total), sizeText(update.bytes), sizeText(update.size)),
           update.total > 0 ? done / total : -1);

@@ -29,6 +29,10 @@ class DesktopProgress : public Progress {
   void end() override;
   bool cancelled() const override;
 
+  // Cancels the task and all that follow: the program is to end.
+  void cancelAll() { ending_ = true; }
+  bool ending() const { return ending_; }
+
  private:
   // True at most ten times a second, if the panel is to be updated. Also processes input, more often than that.
   bool due();
@@ -41,6 +45,7 @@ class DesktopProgress : public Progress {
   qint64 lastInput_ = 0;
   qint64 lastPaint_ = 0;
   Task task_ = Task::scan;
+  bool ending_ = false;
 };
 
 }  // namespace plimo

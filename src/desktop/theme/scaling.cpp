@@ -1,6 +1,7 @@
 #include "desktop/theme/scaling.h"
 
 #include <QApplication>
+#include <QFontInfo>
 #include <QScreen>
 #include <algorithm>
 #include <cmath>
@@ -12,6 +13,7 @@ namespace {
 // Factors from the designed sizes to those painted.
 struct Scales {
   QFont usual;         // the desktop's own
+  double room = 1;     // in the main window, without an upper limit
   double screen = 1;   // menus and dialogs
   double window = 1;   // the contents of the main window
   double reading = 1;  // titles and long texts in it
@@ -41,6 +43,19 @@ double roomIn(QSize size, double largest) {
   return std::clamp(std::min(size.width() / designedWidth, size.height() / designedHeight), smallest, largest);
 }
 
+// The window is designed for fonts of up to 16 pixels. A larger one is honoured in menus and dialogs, and in the window
+// as far as it has room: otherwise captions would be elided.
+double fitting(double room) {
+  constexpr double largest = 16;
+  return std::min(1.0, largest * room / std::max(1, QFontInfo(scales().usual).pixelSize()));
+}
+
+// The same at the scale of the window, which is at most 1.
+double fittingScale() {
+  const Scales& now = scales();
+  return std::min(now.window, fitting(std::max(now.room, now.window)));
+}
+
 }  // namespace
 
 void scaleToScreen() {
@@ -55,6 +70,7 @@ void scaleToScreen() {
 void setWindowSize(QSize size) {
   // In steps, so that a window that is being resized does not change its fonts with every pixel.
   constexpr double steps = 32;
+  scales().room = roomIn(size, 4);
   scales().window = std::floor(roomIn(size, 1) * steps) / steps;
   constexpr double largest = 1.5;
   scales().reading = std::floor(roomIn(size, largest) * steps) / steps;
@@ -66,16 +82,16 @@ int scaled(int pixels) { return std::max(1, static_cast<int>(std::lround(pixels 
 
 int scaledForBoxes(int pixels) { return std::max(1, static_cast<int>(std::lround(pixels * scales().screen))); }
 
-QFont windowFont() { return usualFont(windowScale()); }
+QFont windowFont() { return usualFont(fittingScale()); }
 
-QFont smallFont() { return usualFont(0.9 * windowScale()); }
+QFont smallFont() { return usualFont(0.9 * fittingScale()); }
 
 QFont titleFont() {
-  QFont font = usualFont(1.25 * scales().reading);
+  QFont font = usualFont(1.25 * scales().reading * fitting(1));
   font.setBold(true);
   return font;
 }
 
-QFont readingFont() { return usualFont(7.0 / 6 * scales().reading); }
+QFont readingFont() { return usualFont(7.0 / 6 * scales().reading * fitting(1)); }
 
 }  // namespace plimo

@@ -12,6 +12,8 @@ QString qstring(std::string_view text) {
   return QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()));
 }
 
+QString shownText(std::string_view text) { return qstring(elideMiddle(text, longestShownText)); }
+
 std::string bytesOf(const QString& text) { return text.toUtf8().toStdString(); }
 
 QString clockText(double seconds) {

@@ -8,6 +8,8 @@
 namespace plimo {
 
 QString qstring(std::string_view text);  // invalid UTF-8 becomes replacement characters
+// The same, cut in its middle if it is too long to be laid out quickly.
+QString shownText(std::string_view text);
 std::string bytesOf(const QString& text);
 
 // "3:05", with hours "1:03:05".

@@ -1,9 +1,11 @@
 #include "desktop/widgets/drive_box.h"
 
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QStyledItemDelegate>
+#include <QWheelEvent>
 
 #include "desktop/theme/art.h"
 #include "desktop/theme/scaling.h"
@@ -68,11 +70,12 @@ void DriveBox::setDrives(std::span<const DriveList::Entry> drives) {
   clear();
   for (const DriveList::Entry& entry : drives) {
     const QString letter(QLatin1Char(entry.letter));
-    const QString root = qstring(entry.root);
+    const QString root = shownText(entry.root);
     addItem(artIcon(driveIconName(entry.kind)), letter + QStringLiteral(": ") + qstring(entry.kind), {});
     const int row = count() - 1;
     setItemData(row, root, rootRole);
     setItemData(row, root, Qt::ToolTipRole);
+    setItemData(row, root, Qt::AccessibleDescriptionRole);
     setItemData(row, letter, letterRole);
   }
 }
@@ -83,6 +86,24 @@ void DriveBox::setCurrentDrive(char letter) {
   setToolTip(plainTip(currentData(rootRole).toString()));
   update();
 }
+
+// The toolkit would pick the neighbour at once: a drive behind one that is not ready could not be reached.
+void DriveBox::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      showPopup();
+      break;
+    default:
+      QComboBox::keyPressEvent(event);
+  }
+}
+
+void DriveBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
 
 char DriveBox::driveAt(int row) const {
   const QString letter = itemData(row, letterRole).toString();

@@ -19,6 +19,9 @@ class DriveBox : public QComboBox {
   char driveAt(int row) const;
 
  protected:
+  // The arrow keys open the box.
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 };
 

@@ -13,8 +13,9 @@ QSize ElidedLabel::minimumSizeHint() const { return {0, fontMetrics().height()};
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setPen(palette().color(foregroundRole()));
-  painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine,
-                   fontMetrics().elidedText(text(), mode_, width()));
+  const QRect area = contentsRect();
+  painter.drawText(area, static_cast<int>(alignment()) | Qt::TextSingleLine,
+                   fontMetrics().elidedText(text(), mode_, area.width()));
 }
 
 }  // namespace plimo

@@ -33,7 +33,7 @@ void FolderView::fill() {
   for (const std::string& folder : listing.folders) addFolder(folder, depth, false);
   setCurrentRow(here);
   if (here >= 0) scrollToItem(item(here), QAbstractItemView::PositionAtCenter);
-  setToolTip(plainTip(qstring(model_.path())));
+  setToolTip(plainTip(shownText(model_.path())));
 }
 
 void FolderView::changeEvent(QEvent* event) {
@@ -53,10 +53,10 @@ void FolderView::addFolder(const std::string& path, int depth, bool ancestor) {
   const std::size_t separator = path.find_last_of("/\\");
   const bool whole = depth == 0 || separator == std::string::npos || separator + 1 == path.size();
   constexpr int indent = 3;  // blanks
-  const QString name = qstring(whole ? path : path.substr(separator + 1));
+  const QString name = shownText(whole ? path : path.substr(separator + 1));
   auto* item = new QListWidgetItem(artIcon(QStringLiteral("folder")), QString(indent * depth, QLatin1Char(' ')) + name);
   item->setData(pathRole, QByteArray::fromStdString(path));
-  item->setToolTip(plainTip(qstring(path)));
+  item->setToolTip(plainTip(shownText(path)));
   if (ancestor) {
     QFont bold;
     bold.setBold(true);

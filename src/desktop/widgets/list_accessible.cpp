@@ -26,7 +26,10 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 
   QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Name && isValid() ? view_->rowText(row()) : QString();
+    if (!isValid()) return {};
+    if (kind == QAccessible::Name) return view_->rowName(row());
+    if (kind == QAccessible::Description && view_->secondaryText) return view_->secondaryText(row());
+    return {};
   }
   void setText(QAccessible::Text, const QString&) override {}
 
@@ -53,7 +56,8 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
     state.checkable = boxes;
     state.checked = boxes && list.selected(row());
     state.selected = boxes ? isCurrent : list.selected(row());
-    state.focused = isCurrent && view_->hasFocus();
+    state.focused = isCurrent && view_->hasFocus() && view_->isVisible();
+    state.invisible = !view_->isVisible();
     state.offscreen = !view_->viewport()->rect().intersects(view_->rowRect(row()));
     state.disabled = !view_->isEnabled();
     return state;
@@ -120,7 +124,7 @@ class ListAccessible : public QAccessibleWidget {
 
   QAccessibleInterface* focusChild() const override {
     const auto current = view_.model().current();
-    return view_.hasFocus() && current ? child(static_cast<int>(*current)) : nullptr;
+    return view_.hasFocus() && view_.isVisible() && current ? child(static_cast<int>(*current)) : nullptr;
   }
 
  private:

@@ -111,7 +111,7 @@ void ListView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {
-  if (moveKey(*event)) return;
+  if (moveKey(*event) || selectionKey(*event)) return;
   const auto modifiers = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
   if (modifiers != Qt::NoModifier) {
     event->ignore();
@@ -141,6 +141,17 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   }
   Q_EMIT menuAsked(menuPosition(), true);  // the key may open a menu
   model_.userKey(key);
+}
+
+bool ListView::selectionKey(const QKeyEvent& event) {
+  if (model_.style() != ListBox::Style::multiSelection || event.modifiers() != Qt::ControlModifier) return false;
+  if (event.key() == Qt::Key_A) {
+    model_.userSelectAll();
+    return true;
+  }
+  if (event.key() != Qt::Key_Space || !model_.current()) return false;
+  model_.userToggle(*model_.current());
+  return true;
 }
 
 bool ListView::moveKey(const QKeyEvent& event) {

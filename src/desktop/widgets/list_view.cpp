@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/theme/contrast.h"
 #include "desktop/theme/painting.h"
@@ -61,20 +62,63 @@ void ListView::rowsChanged() {
   updateRange();
   dragged_.reset();
   viewport()->update();
+  rememberStates();
 }
 
 void ListView::rowsAppended(std::size_t first) {
   updateRange();
   if (first <= top() + pageRows()) viewport()->update();
+  rememberStates();
 }
 
-void ListView::selectionChanged() { viewport()->update(); }
+std::map<std::size_t, bool> ListView::statesInView() const {
+  std::map<std::size_t, bool> states;
+  if (!QAccessible::isActive()) return states;
+  const std::size_t end = std::min(model_.count(), top() + pageRows() + 1);
+  for (std::size_t row = top(); row < end; ++row) states[row] = model_.selected(row);
+  if (model_.current() && *model_.current() < model_.count()) {
+    states[*model_.current()] = model_.selected(*model_.current());
+  }
+  return states;
+}
+
+void ListView::rememberStates() { announced_ = statesInView(); }
+
+void ListView::announceSelection(std::size_t row, bool selected) {
+  const int child = static_cast<int>(row);
+  if (model_.style() == ListBox::Style::checkBoxes) {
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    event.setChild(child);
+    QAccessible::updateAccessibility(&event);
+  } else {
+    QAccessibleEvent event(this, selected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+    event.setChild(child);
+    QAccessible::updateAccessibility(&event);
+  }
+}
+
+void ListView::selectionChanged() {
+  viewport()->update();
+  if (!QAccessible::isActive()) return;
+  const auto before = std::exchange(announced_, statesInView());
+  if (!isVisible()) return;
+  for (const auto& [row, selected] : announced_) {
+    const auto known = before.find(row);
+    if (known == before.end() || known->second == selected) continue;
+    announceSelection(row, selected);
+  }
+  QAccessibleEvent within(this, QAccessible::SelectionWithin);
+  QAccessible::updateAccessibility(&within);
+}
 
 void ListView::currentChanged() {
   viewport()->update();
   if (model_.current() == shownCurrent_) return;
   shownCurrent_ = model_.current();
   if (shownCurrent_) reveal(*shownCurrent_);
+  for (const auto& [row, selected] : statesInView()) announced_.try_emplace(row, selected);
   announceCurrent();
 }
 
@@ -124,13 +168,19 @@ QPoint ListView::menuPosition() const {
 }
 
 QString ListView::rowText(std::size_t row) const {
-  QString text = qstring(model_.text(row));
+  QString text = shownText(model_.text(row));
   // Control characters in a file's name are shown by their Unicode pictures.
   constexpr char16_t firstPicture = 0x2400;
   for (QChar& c : text) {
     if (c.unicode() < ' ') c = QChar(static_cast<char16_t>(firstPicture + c.unicode()));
   }
   return text;
+}
+
+QString ListView::rowName(std::size_t row) const {
+  const QString text = rowText(row);
+  if (!text.isEmpty()) return text;
+  return model_.style() == ListBox::Style::checkBoxes ? QStringLiteral("(no artist)") : QStringLiteral("(no title)");
 }
 
 QRect ListView::boxRect(const QRect& row) const {
@@ -206,7 +256,10 @@ void ListView::resizeEvent(QResizeEvent*) {
   viewport()->update();
 }
 
-void ListView::scrollContentsBy(int, int) { viewport()->update(); }
+void ListView::scrollContentsBy(int, int) {
+  viewport()->update();
+  for (const auto& [row, selected] : statesInView()) announced_.try_emplace(row, selected);
+}
 
 void ListView::focusInEvent(QFocusEvent*) {
   viewport()->update();
@@ -253,9 +306,13 @@ void ListView::changeEvent(QEvent* event) {
 
 void ListView::announceCurrent() {
   if (!hasFocus() || !QAccessible::isActive()) return;
-  QAccessibleEvent event(this, QAccessible::Focus);
-  event.setChild(model_.current() ? static_cast<int>(*model_.current()) : -1);
-  QAccessible::updateAccessibility(&event);
+  const int child = model_.current() ? static_cast<int>(*model_.current()) : -1;
+  for (const QAccessible::Event kind : {QAccessible::Focus, QAccessible::ActiveDescendantChanged}) {
+    if (child < 0 && kind == QAccessible::ActiveDescendantChanged) continue;
+    QAccessibleEvent event(this, kind);
+    event.setChild(child);
+    QAccessible::updateAccessibility(&event);
+  }
 }
 
 }  // namespace plimo

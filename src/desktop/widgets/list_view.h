@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <optional>
 
 #include "controls/list_box.h"
@@ -38,6 +39,8 @@ class ListView : public QAbstractScrollArea {
   // Where a menu opened by key appears: at the current row, else at the top; in global coordinates.
   QPoint menuPosition() const;
   QString rowText(std::size_t row) const;
+  // The same for assistive tools: never empty.
+  QString rowName(std::size_t row) const;
   // Scrolls the row into view.
   void reveal(std::size_t row);
 
@@ -74,14 +77,21 @@ class ListView : public QAbstractScrollArea {
   void paintRow(QPainter& painter, std::size_t row, const QRect& rect) const;
   void paintBox(QPainter& painter, const QRect& box, bool ticked, const QColor& ink) const;
   bool moveKey(const QKeyEvent& event);
+  // Ctrl+Space and Ctrl+A.
+  bool selectionKey(const QKeyEvent& event);
   void extendToPointer(const QPoint& point);
   void pressRight(const QPoint& point);
   void announceCurrent();
+  // The selected states of the rows in view and of the current one, which assistive tools are notified of.
+  std::map<std::size_t, bool> statesInView() const;
+  void rememberStates();
+  void announceSelection(std::size_t row, bool selected);
 
   ListBox& model_;
   ListColours colours_;
   int rowHeight_ = 20;
-  int wheelRest_ = 0;  // eighths of a degree not yet scrolled
+  std::map<std::size_t, bool> announced_;  // as last remembered
+  int wheelRest_ = 0;                      // eighths of a degree not yet scrolled
   std::optional<std::size_t> shownCurrent_;
   std::optional<std::size_t> dragged_;  // the row last under the pointer while the left button is held
   QTimer dragTimer_;                    // scrolls while the pointer is beyond an edge

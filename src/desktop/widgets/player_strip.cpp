@@ -7,7 +7,6 @@
 #include <QSlider>
 #include <QToolButton>
 #include <algorithm>
-#include <cmath>
 
 #include "desktop/theme/art.h"
 #include "desktop/theme/painting.h"
@@ -15,16 +14,16 @@
 #include "desktop/theme/strings.h"
 #include "desktop/theme/style_parts.h"
 #include "desktop/theme/theme.h"
+#include "desktop/widgets/announcement.h"
 #include "desktop/widgets/elided_label.h"
+#include "desktop/widgets/seek_slider.h"
 #include "platform/mpv/mpv_player.h"
 
 namespace plimo {
 
 namespace {
 
-constexpr int seekSteps = 1000;  // of a song, on its slider
-constexpr int seekStep = 5;      // seconds, by arrow key
-constexpr int volumeStep = 5;    // percent
+constexpr int volumeStep = 5;  // percent
 
 QString themed(const char* art) {
   return QLatin1String(art) + (theme().dark ? QLatin1String("-light") : QLatin1String("-dark"));
@@ -36,8 +35,10 @@ PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
     : QWidget(parent),
       player_(player),
       song_(new ElidedLabel(Qt::ElideRight, this)),
-      note_(new ElidedLabel(Qt::ElideRight, this)),
-      times_(new QLabel(this)) {
+      note_(new ElidedLabel(Qt::ElideMiddle, this)),  // the reason is at its end
+      times_(new QLabel(this)),
+      seek_(new SeekSlider(this)),
+      volume_(new QSlider(Qt::Horizontal, this)) {
   song_->setObjectName(QStringLiteral("playerSong"));
   note_->setObjectName(QStringLiteral("playerNote"));
   times_->setObjectName(QStringLiteral("playerTimes"));
@@ -55,11 +56,10 @@ PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
   play_ = addButton(QStringLiteral("playerPlay"), "play", QStringLiteral("Play"));
   stop_ = addButton(QStringLiteral("playerStop"), "stop", QStringLiteral("Stop"));
   next_ = addButton(QStringLiteral("playerNext"), "next", QStringLiteral("Next song"));
-  seek_ = addSlider(QStringLiteral("playerSeek"), QStringLiteral("Place in the song"));
-  seek_->setRange(0, seekSteps);
+  prepareSlider(*seek_, QStringLiteral("playerSeek"), QStringLiteral("Place in the song"));
   mute_ = addButton(QStringLiteral("playerMute"), "volume", QStringLiteral("Mute"));
   mute_->setCheckable(true);
-  volume_ = addSlider(QStringLiteral("playerVolume"), QStringLiteral("Volume"));
+  prepareSlider(*volume_, QStringLiteral("playerVolume"), QStringLiteral("Volume"));
   volume_->setRange(0, 100);
   volume_->setSingleStep(volumeStep);
   volume_->setPageStep(2 * volumeStep);
@@ -72,9 +72,10 @@ PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
   connect(volume_, &QSlider::valueChanged, this, [this](int value) {
     if (!updating_) player_.setVolume(value);
   });
-  connect(seek_, &QSlider::valueChanged, this, [this](int value) {
-    if (!updating_) player_.seek(player_.state().duration * value / seekSteps);
+  connect(seek_, &QSlider::valueChanged, this, [this] {
+    if (!updating_) player_.seek(seek_->seconds());
   });
+  for (QLabel* label : {song_, note_}) markAsAnnounced(*label);
   setFocusProxy(play_);
   buildLayout();
   applySizes();
@@ -95,14 +96,12 @@ QToolButton* PlayerStrip::addButton(const QString& name, const char* art, const 
   return button;
 }
 
-QSlider* PlayerStrip::addSlider(const QString& name, const QString& meaning) {
-  auto* slider = new QSlider(Qt::Horizontal, this);
-  slider->setObjectName(name);
-  slider->setToolTip(meaning);
-  slider->setAccessibleName(meaning);
-  slider->setFocusPolicy(Qt::TabFocus);
-  slider->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);  // as high as the buttons
-  return slider;
+void PlayerStrip::prepareSlider(QSlider& slider, const QString& name, const QString& meaning) {
+  slider.setObjectName(name);
+  slider.setToolTip(meaning);
+  slider.setAccessibleName(meaning);
+  slider.setFocusPolicy(Qt::TabFocus);
+  slider.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);  // as high as the buttons
 }
 
 void PlayerStrip::buildLayout() {
@@ -169,11 +168,7 @@ void PlayerStrip::showState() {
   stop_->setEnabled(usable && (state.opened || state.searching));
   next_->setEnabled(usable && state.index + 1 < state.count);
   seek_->setEnabled(usable && state.opened && state.duration > 0);
-  if (!seek_->isSliderDown()) {
-    const double part = state.duration > 0 ? state.position / state.duration : 0;
-    seek_->setValue(static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * seekSteps)));
-    seek_->setSingleStep(state.duration > 0 ? std::max(1, static_cast<int>(seekStep * seekSteps / state.duration)) : 1);
-  }
+  seek_->showTime(state.position, state.duration);
   volume_->setValue(state.volume);
   volume_->setEnabled(usable);
   mute_->setEnabled(usable);
@@ -196,7 +191,7 @@ void PlayerStrip::showState() {
 
 void PlayerStrip::showTexts() {
   const MpvPlayer::State& state = player_.state();
-  QString song = qstring(state.song);
+  QString song = shownText(state.song);
   if (song.isEmpty()) song = QStringLiteral("Nothing is playing");
   if (state.opened && state.count > 1) {
     song = QStringLiteral("%1 / %2   %3").arg(state.index + 1).arg(state.count).arg(song);
@@ -204,14 +199,16 @@ void PlayerStrip::showTexts() {
   if (song != song_->text()) {
     song_->setText(song);
     song_->setToolTip(plainTip(song));
+    announce(*song_);
   }
   const QString times =
       state.opened ? clockText(state.position) + QStringLiteral(" / ") + clockText(state.duration) : QString();
   if (times != times_->text()) times_->setText(times);
-  const QString note = qstring(state.note);
+  const QString note = shownText(state.note);
   if (note != note_->text()) {
     note_->setText(note);
     note_->setToolTip(plainTip(note));
+    announce(*note_);
   }
 }
 

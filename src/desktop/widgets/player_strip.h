@@ -13,6 +13,7 @@ class QToolButton;
 namespace plimo {
 
 class MpvPlayer;
+class SeekSlider;
 
 class PlayerStrip : public QWidget {
   Q_OBJECT
@@ -29,7 +30,7 @@ class PlayerStrip : public QWidget {
 
  private:
   QToolButton* addButton(const QString& name, const char* art, const QString& tip);
-  QSlider* addSlider(const QString& name, const QString& meaning);
+  void prepareSlider(QSlider& slider, const QString& name, const QString& meaning);
   void buildLayout();
   // Sizes that follow the strip's height and the window's scale.
   void applySizes();
@@ -45,7 +46,7 @@ class PlayerStrip : public QWidget {
   QToolButton* stop_ = nullptr;
   QToolButton* next_ = nullptr;
   QToolButton* mute_ = nullptr;
-  QSlider* seek_;
+  SeekSlider* seek_;
   QSlider* volume_;
   bool updating_ = false;  // the sliders are moved by the player, not by the user
   QString shownPlayArt_;

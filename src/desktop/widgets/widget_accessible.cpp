@@ -3,8 +3,15 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QCheckBox>
+#include <QLabel>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <cmath>
+
+#include "desktop/theme/strings.h"
+#include "desktop/widgets/announcement.h"
+#include "desktop/widgets/player_strip.h"
+#include "desktop/widgets/seek_slider.h"
 
 namespace plimo {
 
@@ -54,7 +61,52 @@ class TextAccessible : public QAccessibleWidget {
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 };
 
+// The toolkit has no announcements; a notification whose name changes is one.
+class AnnouncedLabel : public QAccessibleWidget {
+ public:
+  explicit AnnouncedLabel(QLabel& label) : QAccessibleWidget(&label, QAccessible::Notification), label_(label) {}
+
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name ? label_.text() : QAccessibleWidget::text(kind);
+  }
+
+ private:
+  QLabel& label_;
+};
+
+// The position in a song in seconds, with a text for it.
+class SeekAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
+ public:
+  explicit SeekAccessible(SeekSlider& slider) : QAccessibleWidget(&slider, QAccessible::Slider), slider_(slider) {}
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type == QAccessible::ValueInterface) return static_cast<QAccessibleValueInterface*>(this);
+    return QAccessibleWidget::interface_cast(type);
+  }
+
+  QString text(QAccessible::Text kind) const override {
+    if (kind != QAccessible::Value && kind != QAccessible::Description) return QAccessibleWidget::text(kind);
+    return clockText(slider_.seconds()) + QStringLiteral(" of ") + clockText(slider_.duration());
+  }
+
+  QVariant currentValue() const override { return std::floor(slider_.seconds()); }
+  void setCurrentValue(const QVariant& value) override { slider_.seek(value.toDouble()); }
+  QVariant maximumValue() const override { return std::floor(slider_.duration()); }
+  QVariant minimumValue() const override { return 0.0; }
+  QVariant minimumStepSize() const override { return 1.0; }
+
+ private:
+  SeekSlider& slider_;
+};
+
 QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+  if (auto* label = qobject_cast<QLabel*>(object)) return isAnnounced(*label) ? new AnnouncedLabel(*label) : nullptr;
+  if (auto* seek = dynamic_cast<SeekSlider*>(object)) return new SeekAccessible(*seek);
+  const bool isGroup =
+      qobject_cast<PlayerStrip*>(object) != nullptr || object->objectName() == QLatin1String("progressPanel");
+  if (isGroup) {
+    return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Grouping);
+  }
   if (auto* option = qobject_cast<QRadioButton*>(object))
     return new ChoiceAccessible(*option, QAccessible::RadioButton);
   if (auto* box = qobject_cast<QCheckBox*>(object)) return new ChoiceAccessible(*box, QAccessible::CheckBox);

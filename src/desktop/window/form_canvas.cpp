@@ -36,13 +36,11 @@ void paintLine(QPainter& painter, const QRect& area, Qt::Alignment alignment, co
 
 }  // namespace
 
-// A column of the main window: its list, the handles of its strip, and the words for its rows.
+// A column of the main window: its list and the handles of its strip.
 struct FormCanvas::Column {
   const ListBox& list;
   const Picture& closedHandle;
   const Picture& openHandle;
-  const char* oneRow;
-  const char* manyRows;
 };
 
 FormCanvas::FormCanvas(const Form1Controls* controls) : controls_(controls) { setObjectName(QStringLiteral("canvas")); }
@@ -79,9 +77,9 @@ void FormCanvas::paintEvent(QPaintEvent*) {
   if (compact_ || controls_ == nullptr) return;
   const Form1Controls& c = *controls_;
   const ListBox& finalList = c.List4.showing() ? c.List4 : c.List6;
-  paintHeading(painter, {c.List2, c.Picture1, c.Picture4, "artist", "artists"});
-  paintHeading(painter, {c.List1, c.Picture2, c.Picture5, "song", "songs"});
-  paintHeading(painter, {finalList, c.Picture3, c.Picture6, "song", "songs"});
+  paintHeading(painter, {c.List2, c.Picture1, c.Picture4});
+  paintHeading(painter, {c.List1, c.Picture2, c.Picture5});
+  paintHeading(painter, {finalList, c.Picture3, c.Picture6});
   paintLogoUnderArtists(painter);
   paintHint(painter);
   paintLogoBesidePanel(painter);
@@ -89,17 +87,29 @@ void FormCanvas::paintEvent(QPaintEvent*) {
   paintMixedColour(painter);
 }
 
-void FormCanvas::paintHeading(QPainter& painter, const Column& column) const {
-  const ListBox& list = column.list;
-  const bool folded = column.closedHandle.showing();
-  if (!list.showing() || (!folded && !column.openHandle.showing())) return;
-  const QRect listRect = rectOf(list);
-  const QRect handle = rectOf(column.closedHandle);
-  QString count = counted(list.count(), column.oneRow, column.manyRows);
+QString FormCanvas::countText(const ListBox& list) const {
+  const bool artists = &list == &controls_->List2;
+  QString count = counted(list.count(), artists ? "artist" : "song", artists ? "artists" : "songs");
   if (list.selectedCount() > 0) {
     const char* state = list.style() == ListBox::Style::checkBoxes ? "ticked" : "selected";
     count += QStringLiteral("  ·  ") + counted(list.selectedCount(), state, state);
   }
+  return count;
+}
+
+bool FormCanvas::counts(const ListBox& list) const {
+  return controls_ != nullptr && (&list == &controls_->List2 || &list == &controls_->List1 ||
+                                  &list == &controls_->List4 || &list == &controls_->List6);
+}
+
+void FormCanvas::paintHeading(QPainter& painter, const Column& column) const {
+  const ListBox& list = column.list;
+  // A handle that is hidden during a command leaves the heading as it is. The colour editor takes the headings' area.
+  const bool folded = !column.openHandle.showing();
+  if (!list.showing() || controls_->Slider1.showing()) return;
+  const QRect listRect = rectOf(list);
+  const QRect handle = rectOf(column.closedHandle);
+  const QString count = countText(list);
   if (!folded) {
     // The strip's buttons cover the heading: only the count is shown, next to the handle.
     const int left = handle.right() + spacing();
@@ -144,6 +154,7 @@ void FormCanvas::paintHint(QPainter& painter) const {
   const Form1Controls& c = *controls_;
   const QRect player = rectOf(c.MediaPlayer1);
   const bool strips = c.Picture3.showing() || c.Picture6.showing();
+  if (c.Frame1.showing() || c.Frame2.showing()) return;  // the panel would cut it
   if (!c.List2.showing() || !strips || c.MediaPlayer1.showing() || player.left() < rectOf(c.List2).right()) return;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
@@ -159,7 +170,7 @@ void FormCanvas::paintHint(QPainter& painter) const {
 // The settings or the welcome alone leave half of the window empty.
 void FormCanvas::paintLogoBesidePanel(QPainter& painter) const {
   const bool settings = controls_->Frame1.showing();
-  if (settings == controls_->Frame2.showing()) return;
+  if (settings == controls_->Frame2.showing() || controls_->List1.showing()) return;
   const QRect panel = rectOf(settings ? controls_->Frame1 : controls_->Frame2);
   QRect empty(0, panel.top(), panel.left(), panel.height());
   if (!settings) empty = QRect(panel.right(), panel.top(), width() - panel.right(), panel.height());
@@ -173,11 +184,11 @@ void FormCanvas::paintLogoBesidePanel(QPainter& painter) const {
   painter.drawText(title, Qt::AlignCenter, programTitle());
 }
 
-// The first run leaves the band between the handles and the panels empty, unless a strip is open there.
+// The first run leaves the band above the panels empty, unless a strip is open there.
 void FormCanvas::paintFirstRunBand(QPainter& painter) const {
   const Form1Controls& c = *controls_;
   if (c.List2.showing() || !c.Frame2.showing() || !c.Frame1.showing()) return;
-  if (!c.Picture1.showing() || !c.Picture2.showing() || !c.Picture3.showing()) return;
+  if (c.Picture4.showing() || c.Picture5.showing() || c.Picture6.showing()) return;
   const QRect panel = rectOf(c.Frame2);
   const int top = rectOf(c.Picture1).bottom() + spacing();
   const QRect band(panel.left(), top, rectOf(c.Frame1).right() - panel.left(), panel.top() - spacing() - top);

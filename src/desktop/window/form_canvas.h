@@ -16,6 +16,9 @@ class FormCanvas : public QWidget {
 
   // Repaints if what the painting depends on has changed. `compact`: only the player is visible.
   void refresh(bool compact);
+  // How many rows a list with a heading has: "5 songs  ·  2 selected".
+  QString countText(const ListBox& list) const;
+  bool counts(const ListBox& list) const;  // true for a list with a heading
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -13,6 +13,7 @@
 #include "desktop/binders/bind_timer.h"
 #include "desktop/theme/strings.h"
 #include "desktop/widgets/list_view.h"
+#include "desktop/widgets/status_line.h"
 #include "desktop/window/form_canvas.h"
 
 namespace plimo {
@@ -20,7 +21,7 @@ namespace plimo {
 FormWindow::FormWindow(Form& form, const Form1Controls* controls, MpvPlayer& player, std::function<bool()> compact)
     : form_(form), player_(player), compact_(std::move(compact)), panels_(form) {
   setObjectName(qstring(form.name()));
-  setWindowTitle(qstring(form.caption()));
+  setWindowTitle(shownText(form.caption()));
   setMouseTracking(true);
   menus_ = std::make_unique<BoundMenus>(form, *this);
   menuBar_ = menus_->bar();
@@ -28,12 +29,16 @@ FormWindow::FormWindow(Form& form, const Form1Controls* controls, MpvPlayer& pla
   canvas_->setParent(this);
   canvas_->setMouseTracking(true);
   canvas_->installEventFilter(this);
+  if (menuBar_ != nullptr) status_ = new StatusLine(this);
   for (Control* control : form.controls()) bind(*control);
   setTabOrders();
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { reportFocus(now); });
 }
 
-FormWindow::~FormWindow() = default;
+FormWindow::~FormWindow() {
+  // The focus moves once more when the widgets are destroyed, after the window's members.
+  disconnect(qApp, &QApplication::focusChanged, this, nullptr);
+}
 
 void FormWindow::installAccessible() {
   QAccessible::installFactory([](const QString&, QObject* object) -> QAccessibleInterface* {
@@ -127,12 +132,26 @@ void FormWindow::refresh() {
 
 void FormWindow::applyVisibility(bool compactView) {
   for (const auto& binder : binders_) {
-    const bool inView = !compactView || binder->control().kind() == ControlKind::mediaPlayer;
-    binder->applyVisible(inView && !panels_.covered(binder->control()));
+    const bool isPlayer = binder->control().kind() == ControlKind::mediaPlayer;
+    const bool inView = !compactView || isPlayer;
+    const bool hidden =
+        isPlayer ? !compactView && panels_.hides(binder->control()) : panels_.covered(binder->control());
+    binder->applyVisible(inView && !hidden);
     if (compactView && !wasCompact_ && inView) binder->widget()->setFocus();
   }
-  wasCompact_ = compactView;
+  if (compactView != wasCompact_) {
+    wasCompact_ = compactView;
+    if (compactView) {
+      focusBeforeCompact_ = form_.focus();
+    } else {
+      leftCompact_ = true;
+    }
+    // Not at once: a handler is running, which has not moved the controls yet.
+    QMetaObject::invokeMethod(
+        this, [this] { resized(); }, Qt::QueuedConnection);
+  }
   canvas_->refresh(compactView);
+  describeLists();
   menus_->refresh();
   if (menuBar_ != nullptr) {
     // Without visible menus it is hidden; its area stays empty.
@@ -142,9 +161,22 @@ void FormWindow::applyVisibility(bool compactView) {
   }
 }
 
+// The headings are painted only: assistive tools find the counts as the lists' descriptions.
+void FormWindow::describeLists() {
+  for (const auto& binder : binders_) {
+    if (binder->control().kind() != ControlKind::listBox) continue;
+    const auto& list = static_cast<const ListBox&>(binder->control());
+    if (canvas_->counts(list)) binder->widget()->setAccessibleDescription(canvas_->countText(list));
+  }
+}
+
+void FormWindow::showStatus() {
+  if (status_ != nullptr) status_->showText(shownText(form_.status()));
+}
+
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (acceptsInput()) form_.userClose();
+  closed();
 }
 
 void FormWindow::popUp(Menu& menu) {
@@ -178,10 +210,9 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FormWindow::reportHover(Control* control) {
-  if (hoverKnown_ && control == hovered_) return;
+  if (!acceptsInput() || (hoverKnown_ && control == hovered_)) return;
   hovered_ = control;
   hoverKnown_ = true;
-  if (!acceptsInput()) return;
   if (control != nullptr) {
     control->userMouseMove();
   } else {

@@ -22,6 +22,7 @@ namespace plimo {
 
 class BoundMenus;
 class FormCanvas;
+class StatusLine;
 struct Form1Controls;
 class TimerBinder;
 
@@ -50,8 +51,13 @@ class FormWindow : public QWidget {
   // opened or closed, the focus moves with them, and the form is notified.
   void refresh();
 
-  // The window's own input (closing it, moving the pointer, Escape) is ignored while this returns false.
+  // Shows the form's status at the foot of the window, and announces it to assistive tools.
+  void showStatus();
+
+  // The window's own input (moving the pointer, Escape) is ignored while this returns false.
   std::function<bool()> acceptsInput = [] { return true; };
+  // The user closes the window, at any time. It stays until the form is unloaded.
+  std::function<void()> closed = [this] { form_.userClose(); };
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -66,15 +72,19 @@ class FormWindow : public QWidget {
   void bind(Control& control);
   std::unique_ptr<Binder> makeBinderFor(Control& control, QWidget* parent);
   void applyVisibility(bool compactView);
+  void describeLists();
   void reportHover(Control* control);
   Control* controlOf(const QWidget* widget) const;
   Binder* binderOf(const Control* control) const;
 
   // --- The window's size and state: form_window_size.cpp ---
   void applyOuterSize();
+  void applyMinimumSize();
+  void resized();
   void fitFonts();
   void layOut();
   void reportSize();
+  int statusHeight() const;  // pixels; 0 if the window shows no status
 
   // --- The keyboard focus: form_window_focus.cpp ---
   void setTabOrders();
@@ -89,6 +99,8 @@ class FormWindow : public QWidget {
   bool focusable(const Control* control) const;
   // The control that gets the focus because panels have been opened or closed since the last call; null for no change.
   Control* focusAfterPanelChange();
+  // The same after the compact view has been left.
+  Control* focusAfterCompactView();
   // The button that closes the panel with the focus; null if there is none.
   CommandButton* cancelButton() const;
 
@@ -97,6 +109,7 @@ class FormWindow : public QWidget {
   std::function<bool()> compact_;
   QMenuBar* menuBar_ = nullptr;
   FormCanvas* canvas_ = nullptr;
+  StatusLine* status_ = nullptr;
   std::vector<std::unique_ptr<Binder>> binders_;
   std::unordered_map<const Control*, Binder*> byControl_;
   std::unordered_map<const QWidget*, Control*> byWidget_;
@@ -112,6 +125,8 @@ class FormWindow : public QWidget {
   QPoint menuPosition_;  // where the user last asked for a menu, in global coordinates
   bool presented_ = false;
   bool wasCompact_ = false;
+  bool leftCompact_ = false;  // the focus is to return to where it was before
+  Control* focusBeforeCompact_ = nullptr;
 };
 
 }  // namespace plimo

@@ -59,9 +59,22 @@ Control* FormWindow::focusAfterPanelChange() {
   return to;
 }
 
+Control* FormWindow::focusAfterCompactView() {
+  Control* to = focusable(focusBeforeCompact_) ? focusBeforeCompact_ : firstList();
+  if (panels_.top() != nullptr && (to == nullptr || to->container() != panels_.top())) {
+    to = firstFocusableIn(*panels_.top());
+  }
+  if (!focusable(to)) return nullptr;  // in the middle of a handler: the controls are not visible yet
+  leftCompact_ = false;
+  panels_.clearChanged();
+  return to;
+}
+
 void FormWindow::applyFocus(bool compactView) {
   Control* wanted = form_.focus();
-  if (Control* moved = compactView ? nullptr : focusAfterPanelChange()) {
+  Control* moved = nullptr;
+  if (!compactView) moved = leftCompact_ ? focusAfterCompactView() : focusAfterPanelChange();
+  if (moved != nullptr) {
     form_.userFocus(moved);
     wanted = moved;
   }

@@ -9,6 +9,7 @@
 #include "desktop/binders/bind_timer.h"
 #include "desktop/theme/scaling.h"
 #include "desktop/theme/units.h"
+#include "desktop/widgets/status_line.h"
 #include "desktop/window/form_canvas.h"
 #include "desktop/window/form_window.h"
 
@@ -24,6 +25,7 @@ void FormWindow::present() {
   geometry.moveCenter(available.center());
   setGeometry(geometry);
   presented_ = true;
+  applyMinimumSize();
   if (isSplash) {
     show();
     return;
@@ -71,14 +73,28 @@ void FormWindow::resizeOuter(double width, double height) {
   });
 }
 
+// Below it the captions could not be read. While the window is still smaller, because it is leaving the compact view,
+// the toolkit would resize it, and the window manager would not maximise it.
+void FormWindow::applyMinimumSize() {
+  if (menuBar_ == nullptr) return;
+  constexpr QSize compact(120, 80);
+  const QSize large = QSize(640, 480).boundedTo(screen()->availableGeometry().size() * 0.9);
+  const QSize wanted = compact_() ? compact : large;
+  if (wanted.boundedTo(size()) == wanted) setMinimumSize(wanted);
+}
+
 void FormWindow::applyOuterSize() {
+  applyMinimumSize();
   if (!wantedOuter_.isValid() || isMaximized() || isMinimized()) return;
   const QSize frame = frameGeometry().size() - size();
   const QSize inner = wantedOuter_ - frame;
   if (inner != size()) resize(inner.expandedTo(QSize(120, 80)));
 }
 
-void FormWindow::resizeEvent(QResizeEvent*) {
+void FormWindow::resizeEvent(QResizeEvent*) { resized(); }
+
+void FormWindow::resized() {
+  if (presented_) applyMinimumSize();
   fitFonts();
   layOut();
   reportSize();
@@ -98,7 +114,16 @@ void FormWindow::fitFonts() {
 void FormWindow::layOut() {
   const int barHeight = menuBar_ == nullptr ? 0 : menus_->barHeight();
   if (menuBar_ != nullptr) menuBar_->setGeometry(0, 0, width(), barHeight);
-  canvas_->setGeometry(0, barHeight, width(), height() - barHeight);
+  const int footHeight = statusHeight();
+  canvas_->setGeometry(0, barHeight, width(), height() - barHeight - footHeight);
+  if (status_ == nullptr) return;
+  status_->setVisible(footHeight > 0);
+  status_->setGeometry(0, height() - footHeight, width(), footHeight);
+}
+
+// The line keeps its height while it is empty, so that the controls above it do not move.
+int FormWindow::statusHeight() const {
+  return status_ == nullptr || compact_() ? 0 : status_->fontMetrics().height() + scaled(6);
 }
 
 void FormWindow::reportSize() {
@@ -108,6 +133,8 @@ void FormWindow::reportSize() {
 }
 
 void FormWindow::changeEvent(QEvent* event) {
+  // A box that was open has been closed: the pointer may be anywhere.
+  if (event->type() == QEvent::ActivationChange) hoverKnown_ = false;
   if (event->type() == QEvent::WindowStateChange && presented_) {
     form_.windowStateChanged(isMinimized()   ? WindowState::minimised
                              : isMaximized() ? WindowState::maximised

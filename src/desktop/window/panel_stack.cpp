@@ -41,6 +41,11 @@ bool PanelStack::covered(const Control& frame) const {
          });
 }
 
+bool PanelStack::hides(const Control& control) const {
+  return std::any_of(open_.begin(), open_.end(),
+                     [&control](const Open& open) { return overlap(control.geometry(), open.frame->geometry()); });
+}
+
 void PanelStack::visibilityChanged(const Control& frame) {
   const auto panel = std::find_if(open_.begin(), open_.end(), [&](const Open& open) { return open.frame == &frame; });
   if (!frame.visible()) {

@@ -20,6 +20,9 @@ class PanelStack {
   // first run are side by side.
   bool covered(const Control& frame) const;
 
+  // True for a control, not in a panel, that would be seen in part behind an open one.
+  bool hides(const Control& control) const;
+
   // True if panels have been opened or closed since the last clearChanged().
   bool changed() const { return changed_; }
   void clearChanged() { changed_ = false; }
