@@ -168,11 +168,13 @@ TEST_F(ChangedFilesTest, EveryReaderReportsATruncatedFile) {
 TEST_F(ChangedFilesTest, ASmallFileIsReadAsItWasOrNotAtAll) {
   constexpr std::size_t size = 900 * 1024;
   const std::string path = addFile(size);
+  const std::string all(size, 'x');
+  std::atomic<int> writes = 0;
   std::atomic<bool> stop = false;
   std::thread other([&] {
-    while (!stop) writeFile(path, std::string(size, 'x'));
+    for (; !stop; ++writes) writeFile(path, all);
   });
-  for (int round = 0; round < 1000; ++round) {
+  while (writes < 1000) {
     std::string content;
     const int error = errorOf([&] { content = files_.openForReading(path)->bytes(); });
     if (content.find_first_not_of('x') == std::string::npos && (error == 0 || error == 75)) continue;
