@@ -13,6 +13,7 @@
 #include "platform/linux/atomic_file.h"
 #include "platform/linux/linux_files.h"
 #include "support/temporary_folder.h"
+#include "support/test_program.h"
 
 namespace plimo {
 namespace {
@@ -66,6 +67,21 @@ TEST_F(TemporaryFilesTest, ALeftoverThatMayNotBeReadIsRemoved) {
     files_.removeLeftovers(folder.path());
     EXPECT_TRUE(fs::is_empty(folder.path())) << mode;
   }
+}
+
+TEST_F(TemporaryFilesTest, ALeftoverInTheProgramsFolderIsRemovedAtItsStart) {
+  leaveBehind();
+  writeFile(folder_ / "plimo.ini", settingsText({}));
+  FakePlayer player;
+  TestDialogs dialogs;
+  FakeLauncher launcher(files_);
+  QuietProgress progress;
+  Program program(Platform{files_, player, dialogs, launcher, progress});
+  const fs::path before = fs::current_path();
+  fs::current_path(folder_.path());
+  program.start();
+  fs::current_path(before);
+  EXPECT_EQ(names(), Names{"plimo.ini"});
 }
 
 TEST_F(TemporaryFilesTest, ALeftoverIsRemovedWhenTheNextHiddenFileIsMade) {
