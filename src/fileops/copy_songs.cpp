@@ -65,7 +65,7 @@ CopyResult copySongs(FileSystemObject& files, Progress& progress, const std::str
 }
 
 std::string copyStatus(const CopyResult& result, std::string_view folder) {
-  std::string text = counted(result.copied, "song") + " copied to " + std::string(folder);
+  std::string text = counted(result.copied, "song") + " copied to " + elideMiddle(folder, longestShownText);
   const std::size_t leftOut = result.alreadyThere + result.missing + result.failed;
   if (leftOut == 0) return text;
   text += ", " + std::to_string(leftOut) + " left out: ";

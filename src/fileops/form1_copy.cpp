@@ -40,7 +40,7 @@ PresentFile presentFileMessages(Dialogs& dialogs) {
   return [&dialogs, first = true, silent = false](std::string_view name) mutable {
     if (silent) return;
     const std::string text =
-        std::string("This file ").append(name).append(" is already present in the destination folder!");
+        "This file " + elideMiddle(name, longestShownText) + " is already present in the destination folder!";
     if (first) {
       dialogs.message(text);
     } else {

@@ -87,7 +87,8 @@ void Form1::finalListKey(ListBox& list, char KeyAscii) {
     case 'q':
       if (list.current()) {
         pickedUp_ = list.currentText();
-        setStatus("picked up: " + std::string(trimBlanks(pickedUp_)) + " - w drops it below the current song");
+        setStatus("picked up: " + elideMiddle(trimBlanks(pickedUp_), longestShownText) +
+                  " - w drops it below the current song");
       }
       list.clearSelection();
       break;

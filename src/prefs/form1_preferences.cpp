@@ -30,6 +30,7 @@ void Form1::Preferences_Click() {
 }
 
 void Form1::rememberPanel() {
+  if (Frame1.visible()) return;  // an opening that failed has remembered it
   finalListAtOpening_ = &finalList();
   panelAtOpening_ = {Option4.value(), Option5.value(), makethefile,   Check3.value(),
                      Check4.value(),  Check5.value(),  Check6.value()};
