@@ -52,12 +52,7 @@ void Program::offerToStartAnew(const RuntimeError& error) {
   }
   try {
     const std::string target = platform_.files.join(folder, kept);
-    deleteIfPresent(platform_.files, target);
-    if (!platform_.files.moveFile(path, target)) {
-      platform_.files.copyFile(path, target, true);
-      platform_.files.deleteFile(path, Force::yes);
-    }
-    startsAnew_ = true;
+    startsAnew_ = platform_.files.moveFile(path, target, Force::own);
   } catch (const RuntimeError& failure) {
     platform_.dialogs.report(failure);
   }

@@ -162,7 +162,8 @@ class FileSystemObject {
   // second copy. Returns false, and changes nothing, if the machine cannot do it in one step (two file systems, a link)
   // or if the old file is read-only.
   // Throws as copyFile and deleteFile do.
-  virtual bool moveFile(std::string_view from, std::string_view to) = 0;
+  // With force, the permissions of both files do not matter.
+  virtual bool moveFile(std::string_view from, std::string_view to, Force force = Force::no) = 0;
   // Removes the temporary files that killed processes of this program have left in a folder. Never throws; leaves the
   // files of running processes, and everything else.
   virtual void removeLeftovers(std::string_view /*folder*/) {}

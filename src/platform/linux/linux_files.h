@@ -45,7 +45,7 @@ class LinuxFiles : public FileSystemObject {
   std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) override;
   void deleteFile(std::string_view path, Force force) override;
   bool copyFile(std::string_view from, std::string_view to, bool overwrite, const CopyProgress& progress) override;
-  bool moveFile(std::string_view from, std::string_view to) override;
+  bool moveFile(std::string_view from, std::string_view to, Force force = Force::no) override;
   void removeLeftovers(std::string_view folder) override;
 
  private:

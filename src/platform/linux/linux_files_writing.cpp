@@ -99,14 +99,16 @@ CopyResult copyContent(CopyJob& job) {
 }
 
 // The target of a copy; throws as copyFile does.
-WriteTarget copyTarget(std::string_view to, bool overwrite) {
+WriteTarget copyTarget(std::string_view to, bool overwrite, Force force = Force::no) {
   WriteTarget target;
   if (!resolveWriteTarget(to, target)) {
     throwError(errno == ENOTDIR ? ErrorNumber::pathNotFound : mapWriteError(errno, ErrorNumber::permissionDenied), to);
   }
   if (target.exists && !S_ISREG(target.status.st_mode)) throwError(ErrorNumber::permissionDenied, to);
   if (target.exists && !overwrite) throwError(ErrorNumber::fileExists, to);
-  if (target.exists && isReadOnly(target.path, target.status)) throwError(ErrorNumber::permissionDenied, to);
+  if (target.exists && force == Force::no && isReadOnly(target.path, target.status)) {
+    throwError(ErrorNumber::permissionDenied, to);
+  }
   return target;
 }
 
@@ -177,16 +179,18 @@ void LinuxFiles::removeLeftovers(std::string_view folder) {
   if (directory) removeLeftoversIn(directory.get());
 }
 
-bool LinuxFiles::moveFile(std::string_view from, std::string_view to) {
+bool LinuxFiles::moveFile(std::string_view from, std::string_view to, Force force) {
   if (!fileExists(from)) throwError(ErrorNumber::fileNotFound, from);
   if (sameFile(from, to)) throwError(ErrorNumber::permissionDenied, to);
   const std::string source(from);
   struct stat status {};
   if (::lstat(source.c_str(), &status) != 0) throwError(ErrorNumber::fileNotFound, from);
   if (!S_ISREG(status.st_mode)) return false;  // a link is not moved: its content is copied
-  const WriteTarget target = copyTarget(to, true);
-  if (::faccessat(AT_FDCWD, source.c_str(), R_OK, AT_EACCESS) != 0) throwError(ErrorNumber::permissionDenied, from);
-  if (isReadOnly(source, status)) return false;  // it is copied, and its deletion fails
+  const WriteTarget target = copyTarget(to, true, force);
+  if (force == Force::no) {
+    if (::faccessat(AT_FDCWD, source.c_str(), R_OK, AT_EACCESS) != 0) throwError(ErrorNumber::permissionDenied, from);
+    if (isReadOnly(source, status)) return false;  // it is copied, and its deletion fails
+  }
   if (::rename(source.c_str(), target.path.c_str()) == 0) {
     const UniqueFd folder(::open(parentPath(target.path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder) ::fsync(folder.get());  // best effort: some file systems cannot flush a folder

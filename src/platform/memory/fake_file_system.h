@@ -87,7 +87,7 @@ class FakeFileSystem : public FileSystemObject {
   std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) override;
   void deleteFile(std::string_view path, Force force) override;
   bool copyFile(std::string_view from, std::string_view to, bool overwrite, const CopyProgress& progress) override;
-  bool moveFile(std::string_view from, std::string_view to) override;
+  bool moveFile(std::string_view from, std::string_view to, Force force = Force::no) override;
 
  private:
   class Replacement;
@@ -136,7 +136,7 @@ class FakeFileSystem : public FileSystemObject {
   FolderContents list(std::string_view folder);
   // Throws as replaceFile does.
   // The target of a copy; throws as copyFile does, except for a full disk.
-  Location locateForCopying(std::string_view from, std::string_view to, bool overwrite) const;
+  Location locateForCopying(std::string_view from, std::string_view to, bool overwrite, Force force = Force::no) const;
   Location locateForReplacing(std::string_view path, Force force) const;
 
   std::vector<DriveEntry> driveTable_;

@@ -87,14 +87,15 @@ void FakeFileSystem::deleteFile(std::string_view path, Force force) {
   location.parent->remove(*location.node);
 }
 
-FakeFileSystem::Location FakeFileSystem::locateForCopying(std::string_view from, std::string_view to,
-                                                          bool overwrite) const {
+FakeFileSystem::Location FakeFileSystem::locateForCopying(std::string_view from, std::string_view to, bool overwrite,
+                                                          Force force) const {
   const auto throwError = [](ErrorNumber number, std::string_view path) {
     throw RuntimeError(number, std::string(path));
   };
   const FakeNode* source = findFile(from);
   if (!source) throwError(ErrorNumber::fileNotFound, from);
-  if (source->fileFlags.locked || source->fileFlags.unreadable) throwError(ErrorNumber::permissionDenied, from);
+  if (source->fileFlags.locked || (source->fileFlags.unreadable && force == Force::no))
+    throwError(ErrorNumber::permissionDenied, from);
 
   const Location location = locateVisible(to);
   if (location.node == source || (location.node && location.node->isFolder()))
@@ -103,7 +104,7 @@ FakeFileSystem::Location FakeFileSystem::locateForCopying(std::string_view from,
   if (!isValidName(location.name)) throwError(ErrorNumber::badFileName, to);
   if (location.node && !overwrite) throwError(ErrorNumber::fileExists, to);
   if (location.parent->folderFlags.unwritable) throwError(ErrorNumber::permissionDenied, to);
-  if (location.node && (location.node->fileFlags.readOnly || location.node->fileFlags.locked))
+  if (location.node && ((location.node->fileFlags.readOnly && force == Force::no) || location.node->fileFlags.locked))
     throwError(ErrorNumber::permissionDenied, to);
   return location;
 }
@@ -123,11 +124,11 @@ bool FakeFileSystem::copyFile(std::string_view from, std::string_view to, bool o
   return true;
 }
 
-bool FakeFileSystem::moveFile(std::string_view from, std::string_view to) {
+bool FakeFileSystem::moveFile(std::string_view from, std::string_view to, Force force) {
   step(from);
-  const Location location = locateForCopying(from, to, true);
+  const Location location = locateForCopying(from, to, true, force);
   const Location source = locateVisible(from);
-  if (location.disk != source.disk || source.node->fileFlags.readOnly) return false;
+  if (location.disk != source.disk || (source.node->fileFlags.readOnly && force == Force::no)) return false;
   FakeNode& target = location.node ? *location.node : location.parent->add(FakeNode::Kind::file, location.name);
   target.content = source.node->content;
   target.size = source.node->size;
