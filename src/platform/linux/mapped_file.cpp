@@ -15,13 +15,13 @@ namespace plimo {
 struct MappedRange {
   std::atomic<bool> used{false};
   std::atomic<bool> truncated{false};
-  std::atomic<std::uintptr_t> begin{0};
-  std::atomic<std::uintptr_t> end{0};  // 0: nothing is mapped
+  std::atomic<char*> begin{nullptr};
+  std::atomic<char*> end{nullptr};  // null: nothing is mapped
 };
 
 namespace {
 
-static_assert(std::atomic<std::uintptr_t>::is_always_lock_free && std::atomic<bool>::is_always_lock_free);
+static_assert(std::atomic<char*>::is_always_lock_free && std::atomic<bool>::is_always_lock_free);
 
 std::array<MappedRange, 16> ranges;
 std::uintptr_t pageSize = 0;
@@ -48,15 +48,15 @@ void callPreviousHandler(int signal, siginfo_t* info, void* context) {
 // Makes only system calls, which are safe in a signal handler.
 void handleBusError(int signal, siginfo_t* info, void* context) {
   const int savedError = errno;
-  const auto address = reinterpret_cast<std::uintptr_t>(info->si_addr);
+  char* const address = static_cast<char*>(info->si_addr);
   const bool isFault = info->si_code > 0;  // not sent by a program
   bool handled = false;
   for (MappedRange& range : ranges) {
-    const std::uintptr_t end = range.end;
+    char* const end = range.end;
     if (!isFault || address >= end || address < range.begin) continue;
     range.truncated = true;
-    const std::uintptr_t page = address - address % pageSize;
-    handled = ::mmap(reinterpret_cast<void*>(page), end - page, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1,
+    char* const page = address - reinterpret_cast<std::uintptr_t>(address) % pageSize;
+    handled = ::mmap(page, static_cast<std::size_t>(end - page), PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1,
                      0) != MAP_FAILED;
   }
   if (!handled) callPreviousHandler(signal, info, context);
@@ -89,12 +89,12 @@ std::unique_ptr<MappedFile> MappedFile::map(int fd, std::size_t size) {
 
 MappedFile::MappedFile(MappedRange& range, void* start, std::size_t size) : range_(range), start_(start), size_(size) {
   range_.truncated = false;
-  range_.begin = reinterpret_cast<std::uintptr_t>(start);
-  range_.end = range_.begin + size;
+  range_.begin = static_cast<char*>(start);
+  range_.end = static_cast<char*>(start) + size;
 }
 
 MappedFile::~MappedFile() {
-  range_.end = 0;
+  range_.end = nullptr;
   ::munmap(start_, size_);
   range_.used = false;
 }
