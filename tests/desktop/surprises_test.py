@@ -106,6 +106,28 @@ class Panels(WindowTestCase):
         self.assertTrue(window.has("showing"))
 
 
+class Fonts(WindowTestCase):
+    def row_height(self):
+        return self.program.list("Artists").row("ALDER").rect[3]
+
+    def test_rows_shrink_with_the_window(self):
+        p = self.start_with_lists()
+        before = self.row_height()
+        left, _, width, _ = p.find("Plimo!", "frame").rect
+        screen.click((left + width // 2, 8), times=2)
+        number = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Plimo"], capture_output=True,
+                                text=True, check=True).stdout.split()[0]
+        subprocess.run(["xdotool", "windowsize", number, "700", "520"], check=True)
+        wait(lambda: self.row_height() <= before * 3 // 4, "smaller rows")
+
+    def test_a_large_font_of_the_desktop_leaves_the_rows_and_captions_room(self):
+        (self.home / "kdeglobals").write_text("[General]\nfont=DejaVu Sans,18,-1,5,50,0,0,0,0,0\n")
+        desktop = ["env", f"XDG_CONFIG_HOME={self.home}", "QT_QPA_PLATFORMTHEME=kde", "XDG_CURRENT_DESKTOP=KDE",
+                   "KDE_FULL_SESSION=true", "KDE_SESSION_VERSION=5"]
+        self.start_with_lists(*desktop)
+        self.assertLessEqual(self.row_height(), 32)
+
+
 class Boxes(WindowTestCase):
     def test_a_long_path_is_broken_into_lines(self):
         deep = self.data
