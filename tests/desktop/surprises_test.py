@@ -1,7 +1,7 @@
 """The window under unusual conditions: small, with a large font, with long texts, over panels."""
 import subprocess
 
-from tests.support.desktop import screen
+from tests.support.desktop import screen, songs
 from tests.support.desktop.settings_file import settings
 from tests.support.desktop.test_case import ALDER, PROGRAM, WindowTestCase
 from tests.support.desktop.waiting import wait
@@ -64,6 +64,28 @@ class Lists(WindowTestCase):
         p = self.start()
         rows = wait(lambda: p.visible("Artists", "list") and p.list("Artists").rows(), "the artists")
         self.assertEqual([len(name) for name in rows], [500])
+
+
+    def test_a_playlist_of_one_huge_line_is_skipped(self):
+        self.add_songs()
+        compact = settings().split(b"\r\n")
+        compact[5] = b"1"
+        (self.data / "plimo.ini").write_bytes(b"\r\n".join(compact))
+        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
+        with open(self.data / "default.m3u", "wb") as playlist:
+            playlist.truncate(200_000_000)
+        p = self.start()
+        wait(lambda: [note for note in p.elements(role="notification") if "Skipped" in note.name], "the note", 30)
+
+    def test_a_huge_path_of_winamp_does_not_hold_the_window(self):
+        self.add_songs()
+        (self.data / "plimo.ini").write_bytes(b"1" + settings()[1:])
+        (self.data / "path.kvx").write_bytes(b'"' + b"/x" * 500_000 + b'"\r\n')
+        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
+        p = self.start()
+        wait(lambda: p.visible("Artists", "list"), "the artists")
+        p.choose("Settings", "Preferences")
+        p.find("Settings", "panel")
 
 
 class Panels(WindowTestCase):
@@ -161,7 +183,6 @@ class Drives(WindowTestCase):
     def test_a_drive_behind_one_that_is_not_ready_is_reached_by_keys(self):
         usb = self.home / "usb"
         usb.mkdir()
-        p = None
         self.add_songs()
         p = self.start_with_lists_on(f"C={self.library}", f"D={self.stick}:removable", f"E={usb}:removable")
         self.stick.rmdir()
@@ -176,7 +197,6 @@ class Drives(WindowTestCase):
         p.find(f"Copies go to {usb}")
 
     def start_with_lists_on(self, *drives):
-        from tests.support.desktop import songs
         (self.data / "plimo.ini").write_bytes(settings())
         (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
         p = self.start(drives=drives)
