@@ -8,6 +8,9 @@ namespace {
 
 constexpr std::string_view winampName = "winamp.exe";
 
+// No machine has a longer path, in bytes. A damaged path.kvx may name one with a million levels.
+constexpr std::size_t longestPath = 32768;
+
 bool isWinamp(std::string_view name) { return upperAscii(name) == "WINAMP.EXE"; }
 
 // The parent folder; empty at the top.
@@ -33,6 +36,7 @@ std::string winampPath(FileSystemObject& files, std::string_view folder, std::st
 std::optional<std::string> folderOfWinamp(FileSystemObject& files, std::string_view winampPath) {
   std::string folder = files.caseSensitive() ? std::string(winampPath) : upperAscii(winampPath);
   if (isWinamp(files.fileName(folder))) folder = files.folderOf(folder);
+  if (folder.size() > longestPath) folder = files.folderOf(folder.substr(0, longestPath));
   while (!folder.empty() && !files.folderExists(folder)) folder = above(files, folder);
   if (folder.empty()) return std::nullopt;
   return folder;

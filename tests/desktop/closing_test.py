@@ -1,9 +1,10 @@
 """Closing the window, and requests to end the program, while it works or a box is open."""
 import signal
 
-from tests.support.desktop import screen
+from tests.support.desktop import screen, songs
+from tests.support.desktop.program import SLOW_DISK
 from tests.support.desktop.settings_file import settings
-from tests.support.desktop.test_case import WindowTestCase
+from tests.support.desktop.test_case import ALDER, WindowTestCase
 from tests.support.desktop.waiting import wait
 
 
@@ -28,6 +29,30 @@ class Closing(WindowTestCase):
         p.process.send_signal(signal.SIGTERM)
         self.assertEqual(p.wait_for_exit(), 0)
         self.assertTrue((self.data / "plimo.kvx").stat().st_size > 0, "the songs found are lost")
+
+    def test_closing_the_window_during_a_copy_leaves_no_part_of_a_file(self):
+        self.add_songs()
+        for title in ALDER:
+            songs.enlarge(self.library / f"Alder -{title}.mp3", 40)
+        p = self.start_with_lists(*SLOW_DISK, artists={"Beech": ["Fir"]})
+        p.tick("Artists", "ALDER")
+        self.assert_rows("Scratch playlist", ALDER)
+        p.click_row("Scratch playlist", "Ash")
+        with screen.holding("shift"):
+            p.click_row("Scratch playlist", "Elm")
+        screen.key("v")
+        screen.click(p.context_menu()["Copy Selected files to .."].centre())
+        p.find("Copy Files to ..", "panel")
+        screen.click(p.find(None, "combo box").centre())
+        screen.key("End", "Return")
+        p.find(f"Copies go to {self.stick}")
+        p.press("Start Copying")
+        wait(lambda: p.progress_panel("Copying"), "the progress panel", 20)
+        screen.key("alt+F4")
+        self.assertEqual(p.wait_for_exit(), 0)
+        copies = list(self.stick.iterdir())
+        self.assertLess(len(copies), 5)
+        self.assertTrue(all(copy.stat().st_size >= 40 << 20 for copy in copies), copies)
 
     def test_a_signal_ends_the_program_while_a_box_is_open(self):
         p = self.start_with_lists()

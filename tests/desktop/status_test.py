@@ -33,6 +33,17 @@ class StatusLine(WindowTestCase):
         p.choose("View", "Large")
         p.list("Artists")
 
+    def test_the_heading_of_the_final_playlist_stays_while_a_file_is_chosen(self):
+        p = self.start_with_final_playlist()
+        left, top, width, _ = p.list("Final playlist").rect
+        heading = (left, top - 100, width, 60)
+        before = screen.pixels(heading)
+        self.assertGreater(len(set(before)), 2, "the heading is not painted")
+        p.choose("Function", "Save")
+        p.answer("No")
+        p.find("File name:", "text")
+        self.assert_becomes(lambda: screen.pixels(heading) == before, True, "the same heading")
+
     def test_a_deletion_says_beforehand_how_much_and_no_is_the_default(self):
         p = self.start_with_final_playlist()
         p.press("Show the song commands")

@@ -1,7 +1,7 @@
 """The window under unusual conditions: small, with a large font, with long texts, over panels."""
 import subprocess
 
-from tests.support.desktop import screen
+from tests.support.desktop import screen, songs
 from tests.support.desktop.settings_file import settings
 from tests.support.desktop.test_case import ALDER, PROGRAM, WindowTestCase
 from tests.support.desktop.waiting import wait
@@ -66,6 +66,28 @@ class Lists(WindowTestCase):
         self.assertEqual([len(name) for name in rows], [500])
 
 
+    def test_a_playlist_of_one_huge_line_is_skipped(self):
+        self.add_songs()
+        compact = settings().split(b"\r\n")
+        compact[5] = b"1"
+        (self.data / "plimo.ini").write_bytes(b"\r\n".join(compact))
+        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
+        with open(self.data / "default.m3u", "wb") as playlist:
+            playlist.truncate(200_000_000)
+        p = self.start()
+        wait(lambda: [note for note in p.elements(role="notification") if "Skipped" in note.name], "the note", 30)
+
+    def test_a_huge_path_of_winamp_does_not_hold_the_window(self):
+        self.add_songs()
+        (self.data / "plimo.ini").write_bytes(b"1" + settings()[1:])
+        (self.data / "path.kvx").write_bytes(b'"' + b"/x" * 500_000 + b'"\r\n')
+        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
+        p = self.start()
+        wait(lambda: p.visible("Artists", "list"), "the artists")
+        p.choose("Settings", "Preferences")
+        p.find("Settings", "panel")
+
+
 class Panels(WindowTestCase):
     def test_the_player_does_not_show_behind_a_panel(self):
         p = self.start_with_final_playlist()
@@ -106,6 +128,28 @@ class Panels(WindowTestCase):
         self.assertTrue(window.has("showing"))
 
 
+class Fonts(WindowTestCase):
+    def row_height(self):
+        return self.program.list("Artists").row("ALDER").rect[3]
+
+    def test_rows_shrink_with_the_window(self):
+        p = self.start_with_lists()
+        before = self.row_height()
+        left, _, width, _ = p.find("Plimo!", "frame").rect
+        screen.click((left + width // 2, 8), times=2)
+        number = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Plimo"], capture_output=True,
+                                text=True, check=True).stdout.split()[0]
+        subprocess.run(["xdotool", "windowsize", number, "700", "520"], check=True)
+        wait(lambda: self.row_height() <= before * 3 // 4, "smaller rows")
+
+    def test_a_large_font_of_the_desktop_leaves_the_rows_and_captions_room(self):
+        (self.home / "kdeglobals").write_text("[General]\nfont=DejaVu Sans,18,-1,5,50,0,0,0,0,0\n")
+        desktop = ["env", f"XDG_CONFIG_HOME={self.home}", "QT_QPA_PLATFORMTHEME=kde", "XDG_CURRENT_DESKTOP=KDE",
+                   "KDE_FULL_SESSION=true", "KDE_SESSION_VERSION=5"]
+        self.start_with_lists(*desktop)
+        self.assertLessEqual(self.row_height(), 32)
+
+
 class Boxes(WindowTestCase):
     def test_a_long_path_is_broken_into_lines(self):
         deep = self.data
@@ -139,7 +183,6 @@ class Drives(WindowTestCase):
     def test_a_drive_behind_one_that_is_not_ready_is_reached_by_keys(self):
         usb = self.home / "usb"
         usb.mkdir()
-        p = None
         self.add_songs()
         p = self.start_with_lists_on(f"C={self.library}", f"D={self.stick}:removable", f"E={usb}:removable")
         self.stick.rmdir()
@@ -154,7 +197,6 @@ class Drives(WindowTestCase):
         p.find(f"Copies go to {usb}")
 
     def start_with_lists_on(self, *drives):
-        from tests.support.desktop import songs
         (self.data / "plimo.ini").write_bytes(settings())
         (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
         p = self.start(drives=drives)

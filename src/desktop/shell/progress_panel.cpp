@@ -41,6 +41,7 @@ ProgressPanel::ProgressPanel(QWidget* window)
     cancelled_ = true;
     cancel_->setEnabled(false);
   });
+  setFont(windowFont());
   title_->setFont(titleFont());
   setTextColour(*title_, theme().accent);
   setTextColour(*item_, theme().quiet);

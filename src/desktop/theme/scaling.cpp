@@ -43,17 +43,19 @@ double roomIn(QSize size, double largest) {
   return std::clamp(std::min(size.width() / designedWidth, size.height() / designedHeight), smallest, largest);
 }
 
-// The window is designed for fonts of up to 16 pixels. A larger one is honoured in menus and dialogs, and in the window
-// as far as it has room: otherwise captions would be elided.
-double fitting(double room) {
-  constexpr double largest = 16;
+// The largest fonts, in pixels, that the window is designed for. A larger one is honoured in menus and dialogs, and in
+// the window as far as it has room: otherwise captions would be elided and texts would not fit.
+constexpr double largestUsual = 16;
+constexpr double largestReading = 13.5;  // before titles and long texts are enlarged
+
+double fitting(double largest, double room) {
   return std::min(1.0, largest * room / std::max(1, QFontInfo(scales().usual).pixelSize()));
 }
 
 // The same at the scale of the window, which is at most 1.
 double fittingScale() {
   const Scales& now = scales();
-  return std::min(now.window, fitting(std::max(now.room, now.window)));
+  return std::min(now.window, fitting(largestUsual, std::max(now.room, now.window)));
 }
 
 }  // namespace
@@ -87,11 +89,11 @@ QFont windowFont() { return usualFont(fittingScale()); }
 QFont smallFont() { return usualFont(0.9 * fittingScale()); }
 
 QFont titleFont() {
-  QFont font = usualFont(1.25 * scales().reading * fitting(1));
+  QFont font = usualFont(1.25 * scales().reading * fitting(largestReading, 1));
   font.setBold(true);
   return font;
 }
 
-QFont readingFont() { return usualFont(7.0 / 6 * scales().reading * fitting(1)); }
+QFont readingFont() { return usualFont(7.0 / 6 * scales().reading * fitting(largestReading, 1)); }
 
 }  // namespace plimo

@@ -84,6 +84,8 @@ void installTheme(QApplication& application) {
   QApplication::setStyle(new Style);
   QApplication::setPalette(paletteOf(current()));
   scaleToScreen();
+  // Otherwise an application with a style sheet does not pass the window's font on to its widgets.
+  QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
   application.setStyleSheet(menuStyleSheet());
 }
 
