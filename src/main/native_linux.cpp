@@ -1,6 +1,10 @@
+#include <QSocketNotifier>
+#include <utility>
+
 #include "main/native.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/linux_launcher.h"
+#include "platform/linux/termination_signals.h"
 
 namespace plimo {
 
@@ -12,5 +16,24 @@ std::unique_ptr<FileSystemObject> nativeFiles(const std::vector<NamedDrive>& nam
 }
 
 std::unique_ptr<Launcher> nativeLauncher() { return std::make_unique<LinuxLauncher>(); }
+
+namespace {
+
+struct SignalWatch {
+  explicit SignalWatch(std::function<void()> requested) : notifier(signals.fd(), QSocketNotifier::Read) {
+    QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [this, requested = std::move(requested)] {
+      if (signals.take()) requested();
+    });
+  }
+
+  TerminationSignals signals;
+  QSocketNotifier notifier;
+};
+
+}  // namespace
+
+std::shared_ptr<void> onTerminationRequest(std::function<void()> requested) {
+  return std::make_shared<SignalWatch>(std::move(requested));
+}
 
 }  // namespace plimo

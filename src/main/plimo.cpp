@@ -169,6 +169,7 @@ int main(int count, char** words) {
   const auto launcher = plimo::nativeLauncher();
   for (;;) {
     plimo::Desktop desktop(*files, *launcher);
+    const auto watch = plimo::onTerminationRequest([&desktop] { desktop.requestEnd(); });
     const int status = desktop.run();
     if (!desktop.startsAnew()) return status;
   }

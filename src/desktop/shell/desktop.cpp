@@ -1,6 +1,7 @@
 #include "desktop/shell/desktop.h"
 
 #include <QApplication>
+#include <QSessionManager>
 #include <QThread>
 #include <QTimer>
 
@@ -29,8 +30,8 @@ MpvHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting) {
 Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
     : player_(hooksFor(blocker_, [this] { program_.dispatcher().flush(); })),
       progress_(blocker_),
-      program_(Platform{files, player_, dialogs_, launcher, progress_}),
-      endSignals_([this] { end(); }) {
+      program_(Platform{files, player_, dialogs_, launcher, progress_}) {
+  QObject::connect(qApp, &QGuiApplication::commitDataRequest, &context_, [this](QSessionManager&) { requestEnd(); });
   const auto flush = [this] { program_.dispatcher().flush(); };
   dialogs_.beforeBox = flush;
   dialogs_.owner = [this] { return frontWindow(); };
@@ -85,7 +86,7 @@ void Desktop::close(Form& form) {
   form.userClose();
 }
 
-void Desktop::end() {
+void Desktop::requestEnd() {
   if (!program_.running()) {
     QCoreApplication::exit();
     return;

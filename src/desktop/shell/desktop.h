@@ -1,11 +1,11 @@
 // The desktop program: windows, dialogs, player and progress panel around the toolkit-free models.
 #pragma once
 
+#include <QObject>
 #include <memory>
 
 #include "app/program.h"
 #include "desktop/shell/dialogs.h"
-#include "desktop/shell/end_signals.h"
 #include "desktop/shell/input_blocker.h"
 #include "desktop/shell/progress.h"
 #include "desktop/window/form_window.h"
@@ -21,6 +21,9 @@ class Desktop : public FormHost {
 
   // Starts the program and runs the event loop until it has ended; returns its exit status.
   int run();
+  // Ends the program on request of the session or the system, as closing its window does, and without an answer from
+  // the user: open boxes are closed.
+  void requestEnd();
   // True if the start-up has failed and the user wants to start again: create a new Desktop and run it.
   bool startsAnew() const { return program_.startsAnew(); }
 
@@ -40,8 +43,6 @@ class Desktop : public FormHost {
   void bindWindows();
   // Ends the program as closing its window does. A command that is running is cancelled, and its handler ends first.
   void close(Form& form);
-  // The same on request of the session or by a signal, which do not wait for an answer: boxes are closed.
-  void end();
 
   InputBlocker blocker_;
   MpvPlayer player_;
@@ -50,7 +51,7 @@ class Desktop : public FormHost {
   Program program_;
   std::unique_ptr<FormWindow> main_;
   std::unique_ptr<FormWindow> splash_;
-  EndSignals endSignals_;
+  QObject context_;  // of the connections to the application
 };
 
 }  // namespace plimo
