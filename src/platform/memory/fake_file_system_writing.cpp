@@ -97,7 +97,7 @@ FakeFileSystem::Location FakeFileSystem::locateForCopying(std::string_view from,
   if (source->fileFlags.locked || (source->fileFlags.unreadable && force == Force::no))
     throwError(ErrorNumber::permissionDenied, from);
 
-  const Location location = locateVisible(to);
+  Location location = locateVisible(to);
   if (location.node == source || (location.node && location.node->isFolder()))
     throwError(ErrorNumber::permissionDenied, to);
   if (!location.parent || to.ends_with('\\')) throwError(ErrorNumber::pathNotFound, to);
