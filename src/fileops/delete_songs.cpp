@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "base/errors.h"
-#include "base/string_arena.h"
 #include "base/string_interner.h"
 #include "catalogue/song_lookup.h"
 #include "catalogue/song_name.h"
@@ -13,19 +12,19 @@ namespace plimo {
 SongFiles countSongFiles(FileSystemObject& files, const std::string& catalogue,
                          std::span<const std::string_view> names) {
   const SongPaths found(files, catalogue, names, OnTruncation::ignore);
-  StringArena texts;
-  StringInterner paths;
+  StringInterner uniqueNames(names.size());
   StringInterner folders;
+  std::size_t count = 0;
   for (std::size_t name = 0; name < names.size(); ++name) {
+    if (uniqueNames.find(names[name]) != StringInterner::none) continue;
+    uniqueNames.add(names[name]);
     for (const StoredPath& path : found.of(name)) {
-      const std::string text = path.text();
-      if (paths.find(text) != StringInterner::none) continue;
-      if (!isSongFile(files.fileName(text)) || !files.fileExists(text)) continue;  // nothing will be deleted
+      if (!isSongFile(path.name)) continue;  // it will not be deleted
+      ++count;
       folders.add(path.folder);
-      paths.add(texts.store(text));
     }
   }
-  return {paths.size(), folders.size()};
+  return {count, folders.size()};
 }
 
 void deleteSongs(FileSystemObject& files, Progress& progress, const std::string& catalogue,

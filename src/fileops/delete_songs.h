@@ -11,7 +11,8 @@
 
 namespace plimo {
 
-// The song files that exist of all records that match some names, each file counted once.
+// The song files of all records that match some names, each record counted once. Whether the files exist is not
+// checked: with a long list that would delay the question.
 struct SongFiles {
   std::size_t files = 0;
   std::size_t folders = 0;

@@ -34,6 +34,11 @@ class LinuxFileReplacement : public FileReplacement {
   }
 
   void write(std::string_view bytes) override {
+    if (bytes.size() >= bufferSize) {  // large pieces are not copied
+      flush();
+      if (!file_.write(bytes)) throwWriteError();
+      return;
+    }
     buffer_.append(bytes);
     if (buffer_.size() >= bufferSize) flush();
   }
