@@ -132,8 +132,10 @@ void copyFile(benchmark::State& state) {
       const auto now = Clock::now();
       gap = std::max(gap, std::chrono::duration<double, std::milli>(now - last).count());
       last = now;
+      return true;
     };
-    files.copyFile(folder / "song.mp3", folder / "copy.mp3", true, [&](std::uint64_t, std::uint64_t) { report(); });
+    files.copyFile(folder / "song.mp3", folder / "copy.mp3", true,
+                   [&](std::uint64_t, std::uint64_t) { return report(); });
     report();
     longest += gap;
   }
