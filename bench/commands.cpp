@@ -25,12 +25,12 @@ std::size_t rowOf(Fixture& fixture, std::size_t artist) {
 
 // An artist with 20 songs from the middle of the catalogue.
 std::size_t someArtist(Fixture& fixture) {
-  std::size_t artist = fixture.library().smallArtists() / 2;
+  std::size_t artist = fixture.songLibrary().smallArtists() / 2;
   if (artist % 64 == 63) --artist;  // a nameless one
   return rowOf(fixture, artist);
 }
 
-std::size_t largeArtist(Fixture& fixture) { return rowOf(fixture, fixture.library().largeArtist()); }
+std::size_t largeArtist(Fixture& fixture) { return rowOf(fixture, fixture.songLibrary().largeArtist()); }
 
 // All lists are empty and no artist is ticked.
 void clearAll(Fixture& fixture) {
@@ -101,7 +101,7 @@ void prepareToOpen(Fixture& fixture) {
 // All songs in the scratch playlist; the catalogue's last song is selected and has a file.
 void createLastSong(Fixture& fixture) {
   fillScratch(fixture);
-  const SampleLibrary library = fixture.library();
+  const SampleLibrary library = fixture.songLibrary();
   std::ofstream(lastSongPath(library, fixture.program.form().defdir)) << "a song";
   ListBox& list = fixture.program.form().List1;
   const SongName name = splitFileName(songFileName(library, library.songs - 1));

@@ -14,7 +14,7 @@ namespace plimo::bench {
 struct Fixture {
   BenchProgram& program;
   std::size_t songs;
-  SampleLibrary library() const { return {songs, songs / songsPerArtist, ArtistOrder::grouped}; }
+  SampleLibrary songLibrary() const { return {songs, songs / songsPerArtist, ArtistOrder::grouped}; }
   // The length of a playlist that is opened, saved or played: a tenth of the songs, from all over the catalogue.
   std::size_t playlistRows() const { return songs / 10; }
 };

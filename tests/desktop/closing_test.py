@@ -12,7 +12,7 @@ class Closing(WindowTestCase):
     def start_long_scan(self):
         self.add_songs()
         for number in range(1500):
-            (self.library / f"empty {number}").mkdir()
+            (self.collection / f"empty {number}").mkdir()
         (self.data / "plimo.ini").write_bytes(settings("C:" * 9000, scan=True))
         p = self.start()
         wait(lambda: p.progress_panel("song"), "the progress panel", 20)
@@ -33,7 +33,7 @@ class Closing(WindowTestCase):
     def test_closing_the_window_during_a_copy_leaves_no_part_of_a_file(self):
         self.add_songs()
         for title in ALDER:
-            songs.enlarge(self.library / f"Alder -{title}.mp3", 40)
+            songs.enlarge(self.collection / f"Alder -{title}.mp3", 40)
         p = self.start_with_lists(*SLOW_DISK, artists={"Beech": ["Fir"]})
         p.tick("Artists", "ALDER")
         self.assert_rows("Scratch playlist", ALDER)

@@ -28,11 +28,11 @@ class FilesTestCase(WindowTestCase):
         return p
 
     def song(self, title):
-        return self.library / f"Alder - {title}.mp3"
+        return self.collection / f"Alder - {title}.mp3"
 
     def titles_on_disk(self):
         """The titles of the artist's songs that are on the disk."""
-        return [" " + path.stem.split(" - ")[1] for path in sorted(self.library.glob("Alder - *.mp3"))]
+        return [" " + path.stem.split(" - ")[1] for path in sorted(self.collection.glob("Alder - *.mp3"))]
 
     def choose_from_menu(self, row, item):
         self.program.click_row("Scratch playlist", row)
@@ -109,7 +109,7 @@ class Deleting(FilesTestCase):
         self.assert_answer(DELETE_ALL, "Yes")
         self.assert_answer(SCAN_AFTER_DELETING, "No")
         self.assertEqual(self.titles_on_disk(), [])
-        self.assertEqual(sorted(os.listdir(self.library)),
+        self.assertEqual(sorted(os.listdir(self.collection)),
                          ["Beech - Fir.mp3", "Beech - Gorse.mp3", "Cypress - Hazel.mp3"])
         self.assertEqual(p.list("Scratch playlist").rows(), ALDER)
 
@@ -198,7 +198,7 @@ class Renaming(FilesTestCase):
 
     def test_a_failed_renaming_is_reported(self):
         p = self.start_with_scratch_playlist()
-        taken = self.library / "Alder - Folder.mp3"
+        taken = self.collection / "Alder - Folder.mp3"
         taken.mkdir()
         failures = (("Alder - Folder", "70", "Permission denied", str(taken)),
                     ("Alder - Birch", "70", "Permission denied", str(self.song("Birch"))),

@@ -34,7 +34,7 @@ class FirstRun(WindowTestCase):
         p.find("File name:", "text")
         screen.type_text(str(self.data / "mine"))
         screen.key("Return")
-        paths = (self.library / "Beech - Gorse.mp3", self.library / "Beech - Fir.mp3")
+        paths = (self.collection / "Beech - Gorse.mp3", self.collection / "Beech - Fir.mp3")
         lines = b"".join(os.fsencode(path) + b"\r\n" for path in paths)
         self.assert_becomes(lambda: read_file(self.data / "mine.m3u"), lines, "playlist")
         self.assert_becomes(lambda: read_file(self.data / "default.m3u"), lines, "default playlist")
@@ -92,7 +92,7 @@ class ScanAtStart(WindowTestCase):
         """Starts the program with a scan of minutes. The Cancel button."""
         self.add_songs()
         for number in range(1500):
-            (self.library / f"empty {number}").mkdir()
+            (self.collection / f"empty {number}").mkdir()
         # The same drive is scanned 9000 times.
         (self.data / "plimo.ini").write_bytes(settings("C:" * 9000, scan=True))
         p = self.start()

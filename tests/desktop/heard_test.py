@@ -47,10 +47,10 @@ class Heard(WindowTestCase):
         p = self.start_with_lists()
         p.choose("Function", "Scan other drives for Mp3s")
         row = p.list("Drives to scan").row("C: Hard Drive")
-        self.assertEqual(row.accessible.get_description(), str(self.library))
+        self.assertEqual(row.accessible.get_description(), str(self.collection))
 
     def test_an_artist_without_a_name_is_named(self):
-        songs.write_song(self.library / " - Nobody.mp3", 0.2)
+        songs.write_song(self.collection / " - Nobody.mp3", 0.2)
         p = self.start_with_lists(artists={"Alder": ["Ash"]})
         self.assertEqual(p.list("Artists").rows(), ["(no artist)", "ALDER"])
 
@@ -72,10 +72,10 @@ class Heard(WindowTestCase):
         self.assertEqual(Element(item.accessible.get_parent(), 1).name, "Scratch playlist commands")
 
     def test_the_position_in_a_song_is_a_time_and_songs_are_announced(self):
-        songs.write_song(self.library / "Alder - Ash.mp3", 30)
-        songs.write_song(self.library / "Beech - Fir.mp3", 30)
+        songs.write_song(self.collection / "Alder - Ash.mp3", 30)
+        songs.write_song(self.collection / "Beech - Fir.mp3", 30)
         (self.data / "plimo.ini").write_bytes(settings())
-        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
+        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.collection))
         p = self.start()
         wait(lambda: p.visible("Artists", "list") and p.list("Artists").count(), "the artists")
         p.press("Select all") if p.visible("Select all", "push button") else p.tick("Artists", "ALDER")

@@ -39,7 +39,7 @@ class Artists(ListsTestCase):
 
     def test_names_that_are_no_valid_text_are_shown_and_kept(self):
         name = b"N\xfcrnberg - Stra\xdfe \xff.mp3"
-        songs.write_song(os.path.join(os.fsencode(self.library), name), 0.2)
+        songs.write_song(os.path.join(os.fsencode(self.collection), name), 0.2)
         p = self.start_with_lists(artists={"Alder": ["Ash"]})
         self.assertIn("N\ufffdRNBERG", p.list("Artists").rows())
         p.tick("Artists", "N\ufffdRNBERG")
@@ -47,7 +47,7 @@ class Artists(ListsTestCase):
         p.click_row("Scratch playlist", "Stra\ufffde \ufffd")
         screen.key("space")
         p.press("Play all songs on the final playlist")
-        line = os.path.join(os.fsencode(self.library), name) + b"\r\n"
+        line = os.path.join(os.fsencode(self.collection), name) + b"\r\n"
         self.assert_becomes(lambda: read_file(self.data / "list.m3u"), line, "list.m3u")
 
 
@@ -154,7 +154,7 @@ class FinalPlaylist(ListsTestCase):
     def test_a_double_click_plays_from_that_song_onwards(self):
         p = self.start_with_final_focus()
         p.click_row("Final playlist", "Damson", times=2)
-        paths = [self.library / f"Alder - {title}.mp3" for title in ("Damson", "Elm")]
+        paths = [self.collection / f"Alder - {title}.mp3" for title in ("Damson", "Elm")]
         lines = b"".join(os.fsencode(path) + b"\r\n" for path in paths)
         self.assert_becomes(lambda: read_file(self.data / "list.m3u"), lines, "list.m3u")
         p.find("Place in the song", "slider")

@@ -50,7 +50,7 @@ class StatusLine(WindowTestCase):
         p.press("Delete All")
         p.find("5 files in 1 folder will be deleted.", "label")
         p.answer()
-        self.assertEqual(len(list(self.library.glob("Alder*"))), 5)
+        self.assertEqual(len(list(self.collection.glob("Alder*"))), 5)
         p.press("Delete All")
         p.answer("Yes")
         p.answer("No")
@@ -85,9 +85,9 @@ class UnreadableFolders(WindowTestCase):
     def start_scan(self):
         self.add_songs()
         for name in ("one", "two"):
-            (self.library / name).mkdir()
-            (self.library / name).chmod(0)
-            self.addCleanup((self.library / name).chmod, 0o755)
+            (self.collection / name).mkdir()
+            (self.collection / name).chmod(0)
+            self.addCleanup((self.collection / name).chmod, 0o755)
         wrapper = ["setpriv", "--bounding-set", "-dac_override,-dac_read_search"] if os.geteuid() == 0 else []
         p = self.start_with_lists(*wrapper, artists={"Alder": ["Ash"]})
         p.choose("Function", "Scan other drives for Mp3s")
@@ -98,7 +98,7 @@ class UnreadableFolders(WindowTestCase):
     def test_each_may_be_skipped(self):
         p = self.start_scan()
         for name in ("one", "two"):
-            self.assertEqual(p.answer("Skip"), f"This folder cannot be read:\n\n{self.library / name}")
+            self.assertEqual(p.answer("Skip"), f"This folder cannot be read:\n\n{self.collection / name}")
         self.assert_rows("Artists", ["ALDER", "BEECH", "CYPRESS"])
         wait(lambda: p.visible("2 folders skipped"), "the status")
 

@@ -71,7 +71,7 @@ class Lists(WindowTestCase):
         compact = settings().split(b"\r\n")
         compact[5] = b"1"
         (self.data / "plimo.ini").write_bytes(b"\r\n".join(compact))
-        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
+        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.collection))
         with open(self.data / "default.m3u", "wb") as playlist:
             playlist.truncate(200_000_000)
         p = self.start()
@@ -81,7 +81,7 @@ class Lists(WindowTestCase):
         self.add_songs()
         (self.data / "plimo.ini").write_bytes(b"1" + settings()[1:])
         (self.data / "path.kvx").write_bytes(b'"' + b"/x" * 500_000 + b'"\r\n')
-        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
+        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.collection))
         p = self.start()
         wait(lambda: p.visible("Artists", "list"), "the artists")
         p.choose("Settings", "Preferences")
@@ -184,7 +184,7 @@ class Drives(WindowTestCase):
         usb = self.home / "usb"
         usb.mkdir()
         self.add_songs()
-        p = self.start_with_lists_on(f"C={self.library}", f"D={self.stick}:removable", f"E={usb}:removable")
+        p = self.start_with_lists_on(f"C={self.collection}", f"D={self.stick}:removable", f"E={usb}:removable")
         self.stick.rmdir()
         self.addCleanup(self.stick.mkdir)
         p.click_row("Scratch playlist", "Ash")
@@ -198,7 +198,7 @@ class Drives(WindowTestCase):
 
     def start_with_lists_on(self, *drives):
         (self.data / "plimo.ini").write_bytes(settings())
-        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
+        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.collection))
         p = self.start(drives=drives)
         wait(lambda: p.visible("Artists", "list") and p.list("Artists").count(), "the artists")
         p.tick("Artists", "ALDER")

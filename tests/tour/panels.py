@@ -30,14 +30,14 @@ ForegroundNormal=236,236,240
 class Panels:
     def __init__(self, program, out, home, options):
         self.out = out
-        self.library = home / "library"
-        self.album = self.library / "Albums" / "Anna Berg"
+        self.collection = home / "library"
+        self.album = self.collection / "Albums" / "Anna Berg"
         self.scale = options.scale
         self.environment = {}
         self.program = None
-        songs.make_library(self.library)
+        songs.make_library(self.collection)
         if options.documentation:
-            os.remove(os.path.join(os.fsencode(self.library), b"Singles", songs.NOT_UTF8))
+            os.remove(os.path.join(os.fsencode(self.collection), b"Singles", songs.NOT_UTF8))
         for title in songs.PLAYED:
             songs.write_song(self.album / f"Anna Berg - {title}.mp3", 205)
         songs.enlarge(self.album / "Anna Berg - The Long Way Round.mp3", 60)
@@ -45,7 +45,7 @@ class Panels:
         if options.dark:
             (home / "kdeglobals").write_text(DARK_SCHEME)
             self.environment = {"XDG_CONFIG_HOME": str(home), "XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"}
-        self.command = [str(program), "--folder", str(home / "data"), "--drive", f"C={self.library}",
+        self.command = [str(program), "--folder", str(home / "data"), "--drive", f"C={self.collection}",
                         "--drive", f"D={home / 'stick'}:removable"]
 
     def start(self, *wrapper):

@@ -35,13 +35,13 @@ class Scene:
         self.out = out
         self.home = home
         self.data = home / "data"
-        self.library = home / "library"
+        self.collection = home / "library"
         self.stick = home / "stick"
         self.number = 0
-        songs.make_library(self.library)
+        songs.make_library(self.collection)
         songs.write_song(self.stick / "Wanderer - Milestone.mp3")
         songs.write_song(self.stick / "Wanderer - Crossroads.mp3")
-        self.program = Program(*SLOW_DISK, str(program), "--folder", str(self.data), "--drive", f"C={self.library}",
+        self.program = Program(*SLOW_DISK, str(program), "--folder", str(self.data), "--drive", f"C={self.collection}",
                                "--drive", f"D={self.stick}:removable")
 
     def picture(self, name):
@@ -83,8 +83,8 @@ class Scene:
         p.press("Accept")
         wait(lambda: p.visible("Artists", "list") and p.list("Artists").count(), "the artists", 20)
         check_equal(self.read("plimo.ini"), settings(scan=True), "plimo.ini")
-        check_equal(self.read("plimo.kvx"), songs.expected_catalogue(self.library), "plimo.kvx")
-        check_equal(self.rows("Artists"), songs.library_artists(self.library), "artists")
+        check_equal(self.read("plimo.kvx"), songs.expected_catalogue(self.collection), "plimo.kvx")
+        check_equal(self.rows("Artists"), songs.library_artists(self.collection), "artists")
         self.picture("scanned")
         p.press("Yeah, Yeah.....")
         p.wait_until_gone("A Warm Welcome to Plimo!", "panel")
@@ -130,7 +130,7 @@ class Scene:
         playlist = self.data / "evening.m3u"
         wait(playlist.exists, "evening.m3u")
         p.wait_until_gone("Save", "dialog")
-        album = self.library / "Albums" / "Anna Berg"
+        album = self.collection / "Albums" / "Anna Berg"
         expected = b"".join(os.fsencode(album / f"Anna Berg -{title}.mp3") + b"\r\n" for title in FINAL)
         check_equal(playlist.read_bytes(), expected, "evening.m3u")
         wait((self.data / "default.m3u").exists, "default.m3u")
@@ -215,12 +215,12 @@ class Scene:
         check_equal(self.read("plimo.kvx"), songs.expected_catalogue(self.stick), "plimo.kvx")
         self.picture("other-drive")
         p.choose("Function", "Scan preferred drives for Mp3s")
-        wait(lambda: self.rows("Artists") == songs.library_artists(self.library), "the artists of the preferred drive")
-        check_equal(self.read("plimo.kvx"), songs.expected_catalogue(self.library), "plimo.kvx")
+        wait(lambda: self.rows("Artists") == songs.library_artists(self.collection), "the artists of the preferred drive")
+        check_equal(self.read("plimo.kvx"), songs.expected_catalogue(self.collection), "plimo.kvx")
 
     def copy(self):
         p = self.program
-        songs.enlarge(self.library / "Singles" / "Kestrel - Gliding.Mp3", 25)
+        songs.enlarge(self.collection / "Singles" / "Kestrel - Gliding.Mp3", 25)
         p.tick("Artists", "KESTREL")
         wait(lambda: "Gliding" in "".join(self.rows("Scratch playlist")), "the songs")
         p.click_row("Scratch playlist", "Gliding")
@@ -252,7 +252,7 @@ class Scene:
         p.click_row("Scratch playlist", "Gliding", button=3)
         screen.click(p.context_menu()["Information"].centre())
         text = p.message()
-        check(str(self.library / "Singles" / "Kestrel - Gliding.Mp3") in text, f"the message is {text!r}")
+        check(str(self.collection / "Singles" / "Kestrel - Gliding.Mp3") in text, f"the message is {text!r}")
         self.picture("information")
         p.answer()
         screen.key("space")
@@ -279,7 +279,7 @@ class Scene:
 
     def tick_after_scan(self, artist):
         wait(lambda: self.rows("Scratch playlist") == [] and self.rows("Artists"), "the lists after the scan")
-        check_equal(self.read("plimo.kvx"), songs.expected_catalogue(self.library), "plimo.kvx")
+        check_equal(self.read("plimo.kvx"), songs.expected_catalogue(self.collection), "plimo.kvx")
         self.program.tick("Artists", artist)
         wait(lambda: self.rows("Scratch playlist"), f"songs of {artist}")
 
@@ -291,17 +291,17 @@ class Scene:
         self.picture("rename")
         screen.key("Return")
         self.confirm("incorporate the changes (RECOMMENDED)?", "renamed", "Yes")
-        check((self.library / "Singles" / "Kestrel - Soaring.mp3").exists(), "the song was not renamed")
+        check((self.collection / "Singles" / "Kestrel - Soaring.mp3").exists(), "the song was not renamed")
         self.tick_after_scan("KESTREL")
 
     def delete(self):
         self.choose_from_menu("Soaring", "Delete Selected")
         self.confirm("say goodbye to the selected files!", "delete", "Yes")
         self.confirm("Do you want to re-scan your hard drive", "deleted", "Yes")
-        check(not (self.library / "Singles" / "Kestrel - Soaring.mp3").exists(), "the song was not deleted")
+        check(not (self.collection / "Singles" / "Kestrel - Soaring.mp3").exists(), "the song was not deleted")
         self.tick_after_scan("KESTREL")
         check_equal(self.rows("Scratch playlist"), [" Thermal", " Windhover"], "songs")
-        (self.library / "Albums" / "Kestrel" / "Kestrel - Thermal.mp3").unlink()
+        (self.collection / "Albums" / "Kestrel" / "Kestrel - Thermal.mp3").unlink()
         self.choose_from_menu("Thermal", "Delete Selected")
         self.program.answer("Yes")
         self.confirm("could not be deleted", "delete-failed", "OK")

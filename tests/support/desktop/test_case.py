@@ -33,9 +33,9 @@ class WindowTestCase(unittest.TestCase):
         self.addCleanup(home.cleanup)
         self.home = pathlib.Path(home.name)
         self.data = self.home / "data"
-        self.library = self.home / "library"
+        self.collection = self.home / "library"
         self.stick = self.home / "stick"
-        for folder in (self.data, self.library, self.stick):
+        for folder in (self.data, self.collection, self.stick):
             folder.mkdir()
         self.program = None
         # Cleanups run in reverse order: the screenshot is taken while the program is still on the screen.
@@ -67,11 +67,11 @@ class WindowTestCase(unittest.TestCase):
         """Writes tiny songs into the library, by default those of ARTISTS."""
         for artist, titles in (artists or ARTISTS).items():
             for title in titles:
-                songs.write_song(self.library / f"{artist} - {title}.mp3", 0.2)
+                songs.write_song(self.collection / f"{artist} - {title}.mp3", 0.2)
 
     def start(self, *wrapper, drives=()):
         """Starts the program, by the words of the wrapper command if there are any. Nothing is written before."""
-        drives = drives or (f"C={self.library}", f"D={self.stick}:removable")
+        drives = drives or (f"C={self.collection}", f"D={self.stick}:removable")
         options = [word for drive in drives for word in ("--drive", drive)]
         self.program = Program(*wrapper, str(PROGRAM), "--folder", str(self.data), *options)
         return self.program
@@ -80,7 +80,7 @@ class WindowTestCase(unittest.TestCase):
         """Starts the program with settings and a catalogue, and waits until the artists are listed."""
         self.add_songs(artists)
         (self.data / "plimo.ini").write_bytes(settings(scan=scan))
-        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.library))
+        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.collection))
         p = self.start(*wrapper)
         wait(lambda: p.visible("Artists", "list") and p.list("Artists").count(), "the artists")
         return p
@@ -127,7 +127,7 @@ class WindowTestCase(unittest.TestCase):
 
     def assert_catalogue_is_written(self):
         """Waits until plimo.kvx is the result of a scan of the library."""
-        expected = songs.expected_catalogue(self.library)
+        expected = songs.expected_catalogue(self.collection)
         self.assert_becomes(lambda: read_file(self.data / "plimo.kvx"), expected, "plimo.kvx")
 
     def assert_answer(self, text, button):
