@@ -102,6 +102,24 @@ void lookUpSingly(benchmark::State& state, const Columns& columns) {
   }
 }
 
+void insertBatched(benchmark::State& state, const Columns& columns) {
+  const std::vector<std::string_view> keys(columns.titles.begin(), columns.titles.end());
+  std::vector<std::uint32_t> ids(keys.size());
+  for ([[maybe_unused]] const auto _ : state) {
+    StringInterner interner(keys.size());
+    interner.add(keys, ids);
+    benchmark::DoNotOptimize(ids.data());
+  }
+}
+
+void insertSingly(benchmark::State& state, const Columns& columns) {
+  const std::vector<std::string_view> keys(columns.titles.begin(), columns.titles.end());
+  for ([[maybe_unused]] const auto _ : state) {
+    StringInterner interner(keys.size());
+    for (const std::string_view key : keys) benchmark::DoNotOptimize(interner.add(key));
+  }
+}
+
 void lookUpSharing(benchmark::State& state, const Columns& columns) {
   KeyBatch batch;
   const auto unchanged = [](std::string_view source, std::string&) { return source; };
@@ -194,6 +212,8 @@ int main(int count, char** arguments) {
   };
   add("batched lookups/technique", lookUpBatched);
   add("batched lookups/plain", lookUpSingly);
+  add("batched insertions/technique", insertBatched);
+  add("batched insertions/plain", insertSingly);
   add("shared lookups/technique", lookUpSharing);
   add("shared lookups/plain", lookUpEach);
   add("shared folders/technique", storePathsSharing);

@@ -86,16 +86,29 @@ void StringInterner::find(std::span<const std::string_view> texts, std::span<std
   }
 }
 
-std::uint32_t StringInterner::add(std::string_view text) {
+void StringInterner::add(std::span<const std::string_view> texts, std::span<std::uint32_t> ids) {
+  for (; texts.size() > maxBatch; texts = texts.subspan(maxBatch), ids = ids.subspan(maxBatch)) {
+    add(texts.first(maxBatch), ids.first(maxBatch));
+  }
+  std::array<std::uint64_t, maxBatch> hashes;
+  std::array<Slot, maxBatch> slots;  // as they are before the first insertion of the batch
+  for (std::size_t i = 0; i < texts.size(); ++i) hashes[i] = hash(texts[i]);
+  for (std::size_t i = 0; i < texts.size(); ++i) slots[i] = slots_[homeSlot(hashes[i])];
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const bool likely = slots[i].id != none && slots[i].tag == tagOf(hashes[i]);
+    ids[i] = likely && texts_[slots[i].id] == texts[i] ? slots[i].id : add(texts[i], hashes[i]);
+  }
+}
+
+std::uint32_t StringInterner::add(std::string_view text, std::uint64_t hash) {
   if ((texts_.size() + 1) * 2 > slots_.size()) grow();
-  const std::uint64_t hashed = hash(text);
   const std::size_t mask = slots_.size() - 1;
-  std::size_t slot = homeSlot(hashed);
+  std::size_t slot = homeSlot(hash);
   for (; slots_[slot].id != none; slot = (slot + 1) & mask) {
-    if (slots_[slot].tag == tagOf(hashed) && texts_[slots_[slot].id] == text) return slots_[slot].id;
+    if (slots_[slot].tag == tagOf(hash) && texts_[slots_[slot].id] == text) return slots_[slot].id;
   }
   const auto id = static_cast<std::uint32_t>(texts_.size());
-  slots_[slot] = {tagOf(hashed), id};
+  slots_[slot] = {tagOf(hash), id};
   texts_.push_back(text);
   return id;
 }

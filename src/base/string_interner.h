@@ -22,17 +22,16 @@ class StringInterner {
   // Batched lookup, `ids` as long as `texts`: in a table larger than the caches, the cache misses of a batch overlap.
   void find(std::span<const std::string_view> texts, std::span<std::uint32_t> ids) const;
   // Adds the string if it is new. Returns its id either way.
-  std::uint32_t add(std::string_view text);
-  // Adds many strings in order; `ids` must be as long as `texts`.
-  void add(std::span<const std::string_view> texts, std::span<std::uint32_t> ids) {
-    for (std::size_t i = 0; i < texts.size(); ++i) ids[i] = add(texts[i]);
-  }
+  std::uint32_t add(std::string_view text) { return add(text, hash(text)); }
+  // Batched insertion in order, `ids` as long as `texts`; the cache misses of a batch overlap as those of `find` do.
+  void add(std::span<const std::string_view> texts, std::span<std::uint32_t> ids);
   std::size_t size() const { return texts_.size(); }
   std::string_view text(std::uint32_t id) const { return texts_[id]; }
 
  private:
   static std::uint64_t hash(std::string_view text);
   std::uint32_t find(std::string_view text, std::uint64_t hash) const;
+  std::uint32_t add(std::string_view text, std::uint64_t hash);
   // The slot at which probing for this hash starts.
   std::size_t homeSlot(std::uint64_t hash) const { return hash & (slots_.size() - 1); }
   void grow();
