@@ -102,6 +102,8 @@ class CatalogueJoin {
     const std::uint32_t group = groupOfKey_[key];
     return std::span(values_).subspan(starts_[group], starts_[group + 1] - starts_[group]);
   }
+  // The values of all keys, each key once.
+  std::span<const Value> distinct() const { return values_; }
 
  private:
   struct Match {

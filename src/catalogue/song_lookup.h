@@ -27,6 +27,8 @@ class SongPaths {
   std::span<const StoredPath> of(std::size_t name) const {
     return join_ ? join_->of(name) : std::span<const StoredPath>();
   }
+  // The paths for all names, each record once.
+  std::span<const StoredPath> distinct() const { return join_ ? join_->distinct() : std::span<const StoredPath>(); }
   // Set if the catalogue's last record is truncated and that was ignored.
   const std::optional<RuntimeError>& truncation() const { return truncation_; }
 

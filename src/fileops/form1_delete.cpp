@@ -33,11 +33,14 @@ void Form1::deleteallfiles() {
 bool Form1::sureToDelete(const char* question, const std::vector<std::string_view>& names) {
   std::string extent;
   try {
-    const SongFiles found = countSongFiles(platform.files, ownFile(catalogueName), names);
+    deletion_ = std::make_shared<SongDeletion>(platform.files, ownFile(catalogueName), names);
+    const SongFiles found = deletion_->extent();
     extent = counted(found.files, "file") + " in " + counted(found.folders, "folder") + " will be deleted.";
-  } catch (const RuntimeError&) {  // the deletion itself will report it
+  } catch (const RuntimeError&) {  // the deletion tries again and reports it
+    deletion_.reset();
   }
   const bool sure = platform.dialogs.ask({question, extent, Question::Default::no});
+  if (!sure) deletion_.reset();
   Form_MouseMove();
   return sure;
 }
@@ -46,11 +49,15 @@ void Form1::deleteFilesOf(const ListBox& list, const char* failureMessage) {
   std::size_t deleted = 0;
   std::string failure;
   try {
-    deleteSongs(platform.files, platform.progress, ownFile(catalogueName), list.texts(), deleted);
+    if (!deletion_) {
+      deletion_ = std::make_shared<SongDeletion>(platform.files, ownFile(catalogueName), list.texts());
+    }
+    deletion_->run(platform.progress, deleted);
   } catch (const RuntimeError& error) {
     failure = std::string(", then stopped: ").append(error.what());
     platform.dialogs.message(failureMessage);
   }
+  deletion_.reset();
   setStatus(counted(deleted, "file") + " deleted" + failure);
   if (!closing()) offerScan();
 }

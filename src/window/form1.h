@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -21,6 +22,8 @@
 #include "window/layout.h"
 
 namespace plimo {
+
+class SongDeletion;
 
 class Form1 : public Form, public Form1Controls {
  public:
@@ -304,6 +307,8 @@ class Form1 : public Form, public Form1Controls {
   bool sureToDelete(const char* question, const std::vector<std::string_view>& names);
   void deleteFilesOf(const ListBox& list, const char* failureMessage);
   void offerScan();
+  // While the user is asked, and while it runs. Shared, because only its own folder knows the type.
+  std::shared_ptr<SongDeletion> deletion_;
 
   // --- Renaming: fileops/form1_rename.cpp ---
  public:

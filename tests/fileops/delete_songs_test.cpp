@@ -7,8 +7,9 @@ namespace {
 
 class DeleteSongs : public Library {
  protected:
+  void deleteFiles(const Names& names) { SongDeletion(files, catalogueFile, names).run(progress, deleted_); }
   std::optional<ErrorNumber> failureOfDeleting(const Names& names) {
-    return failureOf([&] { deleteSongs(files, progress, catalogueFile, names, deleted_); });
+    return failureOf([&] { deleteFiles(names); });
   }
 
   std::size_t deleted_ = 0;
@@ -18,7 +19,7 @@ TEST_F(DeleteSongs, DeletesEveryFileOfAName) {
   addSong(R"(C:\a\x.mp3)");
   addSong(R"(C:\y.mp3)");
   addSong(R"(C:\b\x.mp3)");
-  deleteSongs(files, progress, catalogueFile, Names{"x"}, deleted_);
+  deleteFiles(Names{"x"});
   EXPECT_FALSE(files.fileExists(R"(C:\a\x.mp3)"));
   EXPECT_FALSE(files.fileExists(R"(C:\b\x.mp3)"));
   EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
@@ -28,14 +29,14 @@ TEST_F(DeleteSongs, ReportsItsProgress) {
   addSong(R"(C:\a\x.mp3)");
   addSong(R"(C:\b\x.mp3)");
   addSong(R"(C:\y.mp3)");
-  deleteSongs(files, progress, catalogueFile, Names{"y", "x"}, deleted_);
+  deleteFiles(Names{"y", "x"});
   EXPECT_EQ(progress.updates, (std::vector<std::string>{"1/3", "2/3", "3/3"}));
   EXPECT_EQ(progress.ends, 1);
 }
 
 TEST_F(DeleteSongs, SkipsNamesWithoutARecord) {
   addSong(R"(C:\x.mp3)");
-  deleteSongs(files, progress, catalogueFile, Names{"gone", "X", "x"}, deleted_);
+  deleteFiles(Names{"gone", "X", "x"});
   EXPECT_FALSE(files.fileExists(R"(C:\x.mp3)"));
 }
 
@@ -91,7 +92,7 @@ TEST_F(DeleteSongs, StopsIfTheUserCancels) {
   addSong(R"(C:\x.mp3)");
   addSong(R"(C:\y.mp3)");
   progress.cancelAfter = 2;
-  deleteSongs(files, progress, catalogueFile, Names{"x", "y"}, deleted_);
+  deleteFiles(Names{"x", "y"});
   EXPECT_EQ(deleted_, 1U);
   EXPECT_TRUE(files.fileExists(R"(C:\y.mp3)"));
 }
@@ -100,10 +101,10 @@ TEST_F(DeleteSongs, CountsEachFileAndFolderOnce) {
   addSong(R"(C:\a\x.mp3)");
   addSong(R"(C:\a\y.mp3)");
   addSong(R"(C:\b\x.mp3)");
-  const SongFiles found = countSongFiles(files, catalogueFile, Names{"x", "y", "x", "gone"});
+  const SongFiles found = SongDeletion(files, catalogueFile, Names{"x", "x", "y", "x", "gone"}).extent();
   EXPECT_EQ(found.files, 3U);
   EXPECT_EQ(found.folders, 2U);
-  EXPECT_EQ(countSongFiles(files, R"(C:\none)", {}).files, 0U);
+  EXPECT_EQ(SongDeletion(files, R"(C:\none)", {}).extent().files, 0U);
 }
 
 }  // namespace
