@@ -1,11 +1,11 @@
 #include "platform/linux/directory_lister.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
+#include <array>
 
 #include "base/text.h"
 
@@ -32,17 +32,9 @@ Kind kindOf(int folder, const char* name, unsigned char type, const ListingFilte
 
 }  // namespace
 
-UniqueDir openDirectory(int parent, const char* path, bool followLink) {
+UniqueFd openDirectory(int parent, const char* path, bool followLink) {
   const int flags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC | (followLink ? 0 : O_NOFOLLOW);
-  const int fd = ::openat(parent, path, flags);
-  if (fd < 0) return nullptr;
-  UniqueDir directory(::fdopendir(fd));
-  if (!directory) {
-    const int error = errno;
-    ::close(fd);
-    errno = error;
-  }
-  return directory;
+  return UniqueFd(::openat(parent, path, flags));
 }
 
 void DirectoryLister::add(Names& names, std::string_view name) {
@@ -65,26 +57,34 @@ void DirectoryLister::sort(Names& names) const {
   for (const Name& name : names.found) names.sorted.push_back(text.substr(name.offset, name.length));
 }
 
-bool DirectoryLister::list(DIR& directory, const ListingFilter& filter) {
+void DirectoryLister::addEntry(int directory, const char* entryName, unsigned char type, const ListingFilter& filter) {
+  const std::string_view name = entryName;
+  if (name == "." || name == "..") return;
+  if (type == DT_DIR && !filter.folders) return;
+  const bool accepted = !filter.acceptFile || filter.acceptFile(name);
+  // Resolving a link takes a system call, so unwanted links are skipped first.
+  if (!accepted && (type == DT_REG || (type == DT_LNK && !filter.linkedFolders))) return;
+  const Kind kind = kindOf(directory, entryName, type, filter);
+  if (kind == Kind::file && accepted) add(files_, name);
+  if (kind == Kind::folder && filter.folders) add(folders_, name);
+}
+
+bool DirectoryLister::list(int directory, const ListingFilter& filter) {
   text_.clear();
   files_.found.clear();
   folders_.found.clear();
-  const int fd = ::dirfd(&directory);
+  // Not readdir(3): fdopendir(3) takes three more system calls for each folder.
+  alignas(dirent64) std::array<char, 64 * 1024> buffer;
   for (;;) {
-    errno = 0;
-    const dirent* const entry = ::readdir(&directory);
-    if (entry == nullptr) break;
-    const std::string_view name = entry->d_name;
-    if (name == "." || name == "..") continue;
-    if (entry->d_type == DT_DIR && !filter.folders) continue;
-    const bool accepted = !filter.acceptFile || filter.acceptFile(name);
-    // Resolving a link takes a system call, so unwanted links are skipped first.
-    if (!accepted && (entry->d_type == DT_REG || (entry->d_type == DT_LNK && !filter.linkedFolders))) continue;
-    const Kind kind = kindOf(fd, entry->d_name, entry->d_type, filter);
-    if (kind == Kind::file && accepted) add(files_, name);
-    if (kind == Kind::folder && filter.folders) add(folders_, name);
+    const ssize_t filled = ::getdents64(directory, buffer.data(), buffer.size());
+    if (filled < 0) return false;
+    if (filled == 0) break;
+    for (ssize_t offset = 0; offset < filled;) {
+      const auto& entry = *reinterpret_cast<const dirent64*>(buffer.data() + offset);
+      offset += entry.d_reclen;
+      addEntry(directory, entry.d_name, entry.d_type, filter);
+    }
   }
-  if (errno != 0) return false;
   sort(files_);
   sort(folders_);
   return true;

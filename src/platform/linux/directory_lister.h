@@ -1,23 +1,17 @@
 // Reads the names in one directory, sorted.
 #pragma once
 
-#include <dirent.h>
-
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/linux/unique_fd.h"
+
 namespace plimo {
 
-struct CloseDirectory {
-  void operator()(DIR* directory) const { ::closedir(directory); }
-};
-using UniqueDir = std::unique_ptr<DIR, CloseDirectory>;
-
-// Opens a folder by its path relative to the folder open as `parent` (or AT_FDCWD). Null, with errno, on failure.
-UniqueDir openDirectory(int parent, const char* path, bool followLink = true);
+// Opens a folder by its path relative to the folder open as `parent` (or AT_FDCWD). Empty, with errno, on failure.
+UniqueFd openDirectory(int parent, const char* path, bool followLink = true);
 
 // Which entries are wanted.
 struct ListingFilter {
@@ -29,8 +23,9 @@ struct ListingFilter {
 // Reusable, so that reading many directories takes few allocations. The names are valid until the next `list`.
 class DirectoryLister {
  public:
-  // Files are regular files and links to them. False on failure, with errno.
-  bool list(DIR& directory, const ListingFilter& filter);
+  // Reads on from the position of the descriptor. Files are regular files and links to them. False on failure, with
+  // errno.
+  bool list(int directory, const ListingFilter& filter);
 
   // Each sorted by the case-folded name, equal ones by bytes.
   const std::vector<std::string_view>& files() const { return files_.sorted; }
@@ -48,6 +43,7 @@ class DirectoryLister {
     std::vector<std::string_view> sorted;
   };
 
+  void addEntry(int directory, const char* name, unsigned char type, const ListingFilter& filter);
   void add(Names& names, std::string_view name);
   void sort(Names& names) const;
 

@@ -116,15 +116,16 @@ void DirectoryPrefetcher::list(Directories::iterator directory, std::unique_lock
 
 void DirectoryPrefetcher::read(Directory& directory, Directories& subfolders) const {
   const bool isRoot = directory.parent == nullptr;
-  const int parent = isRoot ? AT_FDCWD : ::dirfd(directory.parent.get());
-  const std::shared_ptr<DIR> opened = openDirectory(parent, directory.path.c_str() + directory.nameOffset, isRoot);
-  if (!opened) directory.openError = errno;
+  const int parent = isRoot ? AT_FDCWD : directory.parent->get();
+  const auto opened =
+      std::make_shared<const UniqueFd>(openDirectory(parent, directory.path.c_str() + directory.nameOffset, isRoot));
+  if (!*opened) directory.openError = errno;
   directory.parent.reset();
-  if (!opened) return;
+  if (!*opened) return;
   ListingFilter filter;
   filter.acceptFile = acceptFile_;
   filter.folders = directory.depth > 0;
-  if (!directory.names->list(*opened, filter)) {
+  if (!directory.names->list(opened->get(), filter)) {
     directory.readError = errno;
     return;
   }

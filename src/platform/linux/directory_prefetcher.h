@@ -28,9 +28,9 @@ class DirectoryPrefetcher {
  public:
   struct Directory {
     std::string path;
-    std::size_t nameOffset = 0;   // of its own name, in the path
-    std::shared_ptr<DIR> parent;  // null for the walk's first directory
-    int depth = 0;                // levels of subfolders wanted below it
+    std::size_t nameOffset = 0;              // of its own name, in the path
+    std::shared_ptr<const UniqueFd> parent;  // null for the walk's first directory
+    int depth = 0;                           // levels of subfolders wanted below it
 
     enum class State { pending, listing, listed };
     State state = State::pending;

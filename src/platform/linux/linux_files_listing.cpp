@@ -26,10 +26,10 @@ ErrorNumber LinuxFiles::listingError(int error, std::string_view folder) const {
 
 FolderContents LinuxFiles::contents(std::string_view folder) {
   DirectoryLister lister;
-  const UniqueDir directory = openDirectory(AT_FDCWD, std::string(folder).c_str());
+  const UniqueFd directory = openDirectory(AT_FDCWD, std::string(folder).c_str());
   ListingFilter filter;
   filter.linkedFolders = true;
-  if (!directory || !lister.list(*directory, filter)) throwError(listingError(errno, folder), folder);
+  if (!directory || !lister.list(directory.get(), filter)) throwError(listingError(errno, folder), folder);
   FolderContents contents;
   contents.files.assign(lister.files().begin(), lister.files().end());
   for (const std::string_view name : lister.folders()) {

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <string>
 #include <string_view>
 
 #include "platform/linux/directory_lister.h"
@@ -55,10 +56,11 @@ void lockTemporary(int file) {
 }
 
 void removeLeftoversIn(int folder) {
-  const UniqueDir directory = openDirectory(folder, ".");
-  while (const dirent* const entry = directory ? ::readdir(directory.get()) : nullptr) {
-    if (isTemporaryName(entry->d_name)) removeIfLeft(folder, entry->d_name);
-  }
+  const UniqueFd directory = openDirectory(folder, ".");
+  DirectoryLister lister;
+  const ListingFilter filter{.acceptFile = isTemporaryName, .folders = false, .linkedFolders = false};
+  if (!directory || !lister.list(directory.get(), filter)) return;
+  for (const std::string_view name : lister.files()) removeIfLeft(folder, std::string(name).c_str());
 }
 
 }  // namespace plimo
