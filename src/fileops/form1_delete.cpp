@@ -58,8 +58,11 @@ void Form1::deleteFilesOf(const ListBox& list, const char* failureMessage) {
     platform.dialogs.message(failureMessage);
   }
   deletion_.reset();
-  setStatus(counted(deleted, "file") + " deleted" + failure);
-  if (!closing()) offerScan();
+  const std::string outcome = counted(deleted, "file") + " deleted" + failure;
+  setStatus(outcome);
+  if (closing()) return;
+  offerScan();
+  if (status() != outcome) setStatus(outcome + ", " + status());  // the scan has skipped folders
 }
 
 void Form1::offerScan() {
