@@ -54,6 +54,19 @@ class Closing(WindowTestCase):
         self.assertLess(len(copies), 5)
         self.assertTrue(all(copy.stat().st_size >= 40 << 20 for copy in copies), copies)
 
+    def test_closing_the_window_during_a_deletion_keeps_the_remaining_files(self):
+        artists = {"Alder": [f"Song {number}" for number in range(60)]}
+        p = self.start_with_lists(*SLOW_DISK, artists=artists)
+        p.tick("Artists", "ALDER")
+        wait(lambda: p.list("Scratch playlist").count() == 60, "the songs")
+        p.press("Show the song commands")
+        p.press("Delete All")
+        p.answer("Yes")
+        wait(lambda: p.progress_panel("Deleting"), "the progress panel", 20)
+        screen.key("alt+F4")
+        self.assertEqual(p.wait_for_exit(), 0)
+        self.assertGreater(len(list(self.collection.iterdir())), 0)
+
     def test_a_signal_ends_the_program_while_a_box_is_open(self):
         p = self.start_with_lists()
         p.choose("Function", "Hotkeys")

@@ -47,6 +47,18 @@ class FirstRun(WindowTestCase):
         p.find("Settings", "panel")
         self.assertFalse(p.visible("Plimo!", "push button"), "the splash is still visible")
 
+    def test_nothing_of_the_logo_shows_between_the_lists_after_accepting(self):
+        self.add_songs()
+        p = self.start()
+        p.tick("Drives to scan during startup", "C: Hard Drive")
+        p.press("Accept")
+        self.assert_rows("Artists", ["ALDER", "BEECH", "CYPRESS"])
+        scratch, final = p.list("Scratch playlist").rect, p.list("Final playlist").rect
+        right = scratch[0] + scratch[2] + 4
+        gap = (right, scratch[1], final[0] - 4 - right, scratch[3])
+        self.assertGreater(gap[2], 2)
+        self.assert_becomes(lambda: len(set(screen.pixels(gap))), 1, "the number of colours in the gap")
+
     def test_accepting_without_a_drive_is_refused(self):
         p = self.start()
         p.press("Accept")
