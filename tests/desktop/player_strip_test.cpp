@@ -201,6 +201,16 @@ TEST_F(Strip, SaysWhyASongIsNotPlayed) {
   EXPECT_EQ(text("playerSong"), "Nothing is playing");
 }
 
+TEST_F(Strip, KeepsTheReasonOfASkipVisibleInANarrowStrip) {
+  test.player.open(songs / (std::string(200, 'x') + ".mp3"));
+  auto* const note = strip.findChild<QLabel*>(QStringLiteral("playerNote"));
+  note->resize(300, note->sizeHint().height());
+  const QImage shown = note->grab().toImage();
+  note->setText(note->fontMetrics().elidedText(note->text(), Qt::ElideMiddle, note->contentsRect().width()));
+  EXPECT_TRUE(note->text().endsWith(QStringLiteral("the file is gone."))) << note->text().toStdString();
+  EXPECT_EQ(note->grab().toImage(), shown);
+}
+
 TEST_F(Strip, ASearchThroughManyBadSongsCanBeStopped) {
   test.player.open(songs.list(std::vector<std::string>(5000, "/gone.mp3")));
   EXPECT_TRUE(button("playerStop")->isEnabled());

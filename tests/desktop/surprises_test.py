@@ -161,6 +161,9 @@ class Boxes(WindowTestCase):
         p = self.start()
         text = p.message()
         self.assertIn("plimo.ini", text)
+        left, top, width, height = p.find(text, "label").rect
+        edge = screen.pixels((left + width - 2, top, 2, height))
+        self.assertEqual(len(set(edge)), 1, "a line is cut at the right edge")
         box = p.find("Plimo!", "alert") if p.visible("Plimo!", "alert") else p.find("Plimo!", "dialog")
         left, _, width, _ = box.rect
         self.assertGreaterEqual(left, 0)

@@ -56,7 +56,7 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
     state.checkable = boxes;
     state.checked = boxes && list.selected(row());
     state.selected = boxes ? isCurrent : list.selected(row());
-    state.focused = isCurrent && view_->hasFocus() && view_->isVisible();
+    state.focused = isCurrent && view_->hasFocus();
     state.invisible = !view_->isVisible();
     state.offscreen = !view_->viewport()->rect().intersects(view_->rowRect(row()));
     state.disabled = !view_->isEnabled();
