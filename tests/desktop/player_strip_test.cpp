@@ -11,6 +11,7 @@
 #include <QToolButton>
 
 #include "desktop/theme/strings.h"
+#include "desktop/widgets/elided_label.h"
 #include "platform/mpv/test_player.h"
 
 namespace plimo {
@@ -203,12 +204,10 @@ TEST_F(Strip, SaysWhyASongIsNotPlayed) {
 
 TEST_F(Strip, KeepsTheReasonOfASkipVisibleInANarrowStrip) {
   test.player.open(songs / (std::string(200, 'x') + ".mp3"));
-  auto* const note = strip.findChild<QLabel*>(QStringLiteral("playerNote"));
+  auto* const note = static_cast<ElidedLabel*>(strip.findChild<QLabel*>(QStringLiteral("playerNote")));
   note->resize(300, note->sizeHint().height());
-  const QImage shown = note->grab().toImage();
-  note->setText(note->fontMetrics().elidedText(note->text(), Qt::ElideMiddle, note->contentsRect().width()));
-  EXPECT_TRUE(note->text().endsWith(QStringLiteral("the file is gone."))) << note->text().toStdString();
-  EXPECT_EQ(note->grab().toImage(), shown);
+  EXPECT_LT(note->shownText().size(), note->text().size());
+  EXPECT_TRUE(note->shownText().endsWith(QStringLiteral("the file is gone."))) << note->shownText().toStdString();
 }
 
 TEST_F(Strip, ASearchThroughManyBadSongsCanBeStopped) {

@@ -13,9 +13,9 @@ QSize ElidedLabel::minimumSizeHint() const { return {0, fontMetrics().height()};
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setPen(palette().color(foregroundRole()));
-  const QRect area = contentsRect();
-  painter.drawText(area, static_cast<int>(alignment()) | Qt::TextSingleLine,
-                   fontMetrics().elidedText(text(), mode_, area.width()));
+  painter.drawText(contentsRect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shownText());
 }
+
+QString ElidedLabel::shownText() const { return fontMetrics().elidedText(text(), mode_, contentsRect().width()); }
 
 }  // namespace plimo

@@ -10,6 +10,7 @@ class ElidedLabel : public QLabel {
   ElidedLabel(Qt::TextElideMode mode, QWidget* parent);
 
   QSize minimumSizeHint() const override;
+  QString shownText() const;  // the text, elided to the present width
 
  protected:
   void paintEvent(QPaintEvent* event) override;
