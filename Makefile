@@ -5,7 +5,7 @@
 
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help build program run test tour bench lint asan package setup clean
+.PHONY: help build program run test tour bench lint asan kill powercut package setup clean
 
 # The start in seconds since 1970: each progress line shows the time since then.
 ifndef PLIMO_STARTED
@@ -26,6 +26,8 @@ help:
 	@echo "make bench    measure the times on large libraries"
 	@echo "make lint     check the formatting and run clang-tidy"
 	@echo "make asan     run the tests with the address and undefined-behaviour sanitizers"
+	@echo "make kill     kill the program at each system call, and let each call fail (COMMANDS=... for some)"
+	@echo "make powercut cut the power at each system call; needs root and loop devices"
 	@echo "make package  make a Debian package"
 	@echo "make build    build the programs into build/bin"
 	@echo "make clean    remove everything built"
@@ -39,6 +41,9 @@ build/build.ninja build-asan/build.ninja build-bench/build.ninja build-package/b
 	@scripts/step "Configuring $(@D)"
 	@cmake --preset $(preset) && touch $@
 
+# The commands of the program that `make kill` and `make powercut` go through (COMMANDS="accept save").
+COMMANDS ?=
+
 # Without a display, `make run` plays the scene of the tour instead of starting the program.
 scene := $(if $(DISPLAY)$(WAYLAND_DISPLAY),,run)
 
@@ -46,6 +51,7 @@ scene := $(if $(DISPLAY)$(WAYLAND_DISPLAY),,run)
 needs := build run
 needs += $(if $(filter asan,$(MAKECMDGOALS)),test)
 needs += $(if $(filter test,$(MAKECMDGOALS)),display test)
+needs += $(if $(filter kill powercut,$(MAKECMDGOALS)),test kill)
 needs += $(if $(filter tour $(scene),$(MAKECMDGOALS)),display tour)
 needs += $(if $(filter bench,$(MAKECMDGOALS)),display bench)
 needs += $(if $(filter lint,$(MAKECMDGOALS)),lint)
@@ -92,6 +98,19 @@ asan: build-asan/build.ninja
 	@scripts/step "Building the tests with the sanitizers"
 	@cmake --build --preset asan
 	@scripts/test build-asan
+
+kill: build/build.ninja
+	@scripts/step "Building the program that kills"
+	@cmake --build build --target plimo-kill
+	@scripts/step "Killing at each system call, and letting each fail"
+	@build/bin/plimo-kill $(COMMANDS)
+
+# Where it is not possible, plimo-kill says so and exits 77, which is no failure.
+powercut: build/build.ninja
+	@scripts/step "Building the program that kills"
+	@cmake --build build --target plimo-kill
+	@scripts/step "Cutting the power at each system call"
+	@build/bin/plimo-kill --power-cut $(COMMANDS) || [ $$? -eq 77 ]
 
 package: build-package/build.ninja
 	@scripts/step "Building for the package"

@@ -69,7 +69,7 @@ void writePanelSettings(FileSystemObject& files, const std::string& path, const 
 void storeScheme(FileSystemObject& files, const std::string& path, const std::string& temporary,
                  const ColourScheme& scheme) {
   std::string panel(emptyPanelText);
-  if (files.fileExists(path)) panel = panelTextOf(readWhole(files, path), path);
+  if (checkedFileExists(files, path)) panel = panelTextOf(readWhole(files, path), path);
   const std::string content = settingsText(panel, scheme);
   replaceWhole(files, temporary, content, Force::own);
   try {
