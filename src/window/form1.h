@@ -342,6 +342,7 @@ class Form1 : public Form, public Form1Controls {
 
  private:
   void rememberPanel();  // for Cancel
+  void offerAccept();    // the button can be used, with its own caption
   void showSettings();   // those of plimo.ini
   void showWinampChooser(bool visible);
   void showWinampFolder();  // the one in path.kvx
