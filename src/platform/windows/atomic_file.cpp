@@ -7,7 +7,6 @@
 
 #include "platform/shared/temporary_name.h"
 #include "platform/windows/error_mapping.h"
-#include "platform/windows_paths/path_rules.h"
 
 namespace plimo {
 

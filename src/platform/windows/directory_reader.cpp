@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "platform/windows/native_path.h"
-#include "platform/windows_paths/path_rules.h"
 
 namespace plimo {
 

@@ -1,6 +1,5 @@
 #include "platform/windows/native_path.h"
 
-#include "platform/windows_paths/path_rules.h"
 #include "platform/windows_paths/wtf8.h"
 
 namespace plimo {

@@ -3,13 +3,27 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/windows/unique_handle.h"
+#include "platform/windows_paths/path_rules.h"
 
 namespace plimo {
+
+using windows_paths::absolutePath;
+using windows_paths::baseName;
+using windows_paths::endsInSeparator;
+using windows_paths::extendedPath;
+using windows_paths::folderContains;
+using windows_paths::isAbsolutePath;
+using windows_paths::isAllowedName;
+using windows_paths::isRootPath;
+using windows_paths::joinPath;
+using windows_paths::parentPath;
+using windows_paths::plainPath;
 
 // Characters of the system, which are UTF-16 units.
 std::wstring toWide(std::string_view text);

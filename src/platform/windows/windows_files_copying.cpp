@@ -7,7 +7,6 @@
 #include "platform/windows/error_mapping.h"
 #include "platform/windows/native_path.h"
 #include "platform/windows/windows_files.h"
-#include "platform/windows_paths/path_rules.h"
 
 namespace plimo {
 

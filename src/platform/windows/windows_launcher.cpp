@@ -8,7 +8,6 @@
 #include "platform/windows/error_mapping.h"
 #include "platform/windows/native_path.h"
 #include "platform/windows/unique_handle.h"
-#include "platform/windows_paths/path_rules.h"
 
 namespace plimo {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace plimo {
+namespace plimo::windows_paths {
 namespace {
 
 const std::string current = R"(C:\Plimo\Data)";
@@ -118,4 +118,4 @@ TEST(WindowsName, ANameHasAtMost255Units) {
 }
 
 }  // namespace
-}  // namespace plimo
+}  // namespace plimo::windows_paths

@@ -9,7 +9,6 @@
 
 #include "platform/windows/native_path.h"
 #include "platform/windows/unique_handle.h"
-#include "platform/windows_paths/path_rules.h"
 #include "support/windows/disk.h"
 
 namespace plimo {
