@@ -34,8 +34,8 @@ TEST(WindowsPath, DotsAndBlanksAtTheEndOfANameAreKept) {
 }
 
 TEST(WindowsPath, AnAbsolutePathHasADriveAndASeparatorOrAShare) {
-  for (const char* path : {R"(C:\)", "c:/a", R"(\nas\music\a)"}) EXPECT_TRUE(isAbsolutePath(path)) << path;
-  for (const char* path : {"", "a", "C:", "C:a", R"(\a)", R"(\nas)"}) EXPECT_FALSE(isAbsolutePath(path)) << path;
+  for (const char* path : {R"(C:\)", "c:/a", R"(\\nas\music\a)"}) EXPECT_TRUE(isAbsolutePath(path)) << path;
+  for (const char* path : {"", "a", "C:", "C:a", R"(\a)", R"(\\nas)"}) EXPECT_FALSE(isAbsolutePath(path)) << path;
 }
 
 TEST(WindowsPath, AShareIsARoot) {
