@@ -15,7 +15,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
 # Windows 10 is the oldest supported system. No file asks for it except the headers of mingw-w64.
 foreach(language C CXX)
-  set(CMAKE_${language}_FLAGS_INIT "-D_WIN32_WINNT=0x0A00 -DWINVER=0x0A00 -DNTDDI_VERSION=0x0A000006 -DUNICODE -D_UNICODE")
+  string(JOIN " " CMAKE_${language}_FLAGS_INIT -D_WIN32_WINNT=0x0A00 -DWINVER=0x0A00 -DNTDDI_VERSION=0x0A000006
+         -DUNICODE -D_UNICODE)
 endforeach()
 
 # The runtime libraries of the compiler become part of the program.

@@ -46,17 +46,20 @@ class RealWindowsFolder : public testing::Test {
 
 TEST_F(RealWindowsFolder, SongsAreCopiedRenamedAndDeleted) {
   for (const std::string name : {"\u00C4 - \u4E2D\U0001F3B5.mp3", "  A -   b  .mp3", ".A - b.mp3"}) {
-    program_.startWith({song(name)});
-    program_.copyTo(folder_ / "out");
+    RealProgram program(files_, folder_ / "home");
+    program.startWith({song(name)});
+    program.copyTo(folder_ / "out");
     EXPECT_EQ(namesIn("out"), Files{name});
     EXPECT_EQ(readFile(folder_ / ("out/" + name)), name);
     files_.deleteFile(folder_ / ("out/" + name), Force::no);
-    program_.rename("New");
-    EXPECT_FALSE(program_.dialogs.hasMessageOrReport());
+    program.rename("New");
+    EXPECT_FALSE(program.dialogs.hasMessageOrReport());
     EXPECT_EQ(namesIn("music"), Files{"New.mp3"});
     EXPECT_EQ(readFile(folder_ / "music/New.mp3"), name);
-    program_.startWith({folder_ / "music/New.mp3"});
-    program_.deleteSelected();
+    RealProgram again(files_, folder_ / "home");
+    again.startWith({folder_ / "music/New.mp3"});
+    again.deleteSelected();
+    EXPECT_FALSE(again.dialogs.hasMessageOrReport());
     EXPECT_EQ(namesIn("music"), Files{});
   }
 }
