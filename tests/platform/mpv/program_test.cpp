@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "platform/mpv/test_player.h"
+#include "support/linux/permissions.h"
 
 namespace plimo {
 namespace {
