@@ -14,6 +14,7 @@
 
 #include "app/program.h"
 #include "desktop/shell/desktop.h"
+#include "desktop/theme/art.h"
 #include "desktop/theme/strings.h"
 #include "desktop/theme/theme.h"
 #include "main/native.h"
@@ -156,9 +157,7 @@ int main(int count, char** words) {
   QApplication::setDesktopFileName(QStringLiteral("plimo"));
   QApplication::setQuitOnLastWindowClosed(false);
   plimo::installTheme(application);
-  QIcon icon(QStringLiteral(":/art/plimo.svg"));
-  icon.addFile(QStringLiteral(":/art/plimo-small.svg"), QSize(16, 16));
-  QApplication::setWindowIcon(icon);
+  QApplication::setWindowIcon(plimo::programIcon());
 
   std::string reason;
   if (!options.folder.empty() && !enter(options.folder, reason)) {
