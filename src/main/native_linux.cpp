@@ -24,6 +24,8 @@ struct SignalWatch {
     QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [this, requested = std::move(requested)] {
       if (signals.take()) requested();
     });
+    // One of the player's audio outputs would otherwise replace the handlers of the signals.
+    qputenv("SDL_NO_SIGNAL_HANDLERS", "1");
   }
 
   TerminationSignals signals;

@@ -18,7 +18,7 @@
 #include "desktop/theme/strings.h"
 #include "desktop/theme/theme.h"
 #include "main/native.h"
-#include "platform/mpv/m3u_entries.h"
+#include "platform/player/m3u_entries.h"
 
 namespace {
 

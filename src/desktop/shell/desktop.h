@@ -9,7 +9,7 @@
 #include "desktop/shell/input_blocker.h"
 #include "desktop/shell/progress.h"
 #include "desktop/window/form_window.h"
-#include "platform/mpv/mpv_player.h"
+#include "platform/player/playlist_player.h"
 
 namespace plimo {
 
@@ -45,7 +45,7 @@ class Desktop : public FormHost {
   void close(Form& form);
 
   InputBlocker blocker_;
-  MpvPlayer player_;
+  PlaylistPlayer player_;
   DesktopDialogs dialogs_;
   DesktopProgress progress_;
   Program program_;

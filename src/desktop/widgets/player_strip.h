@@ -12,14 +12,14 @@ class QToolButton;
 
 namespace plimo {
 
-class MpvPlayer;
+class PlaylistPlayer;
 class SeekSlider;
 
 class PlayerStrip : public QWidget {
   Q_OBJECT
 
  public:
-  PlayerStrip(MpvPlayer& player, QWidget* parent);
+  PlayerStrip(PlaylistPlayer& player, QWidget* parent);
   ~PlayerStrip() override;
 
  protected:
@@ -37,7 +37,7 @@ class PlayerStrip : public QWidget {
   void showState();
   void showTexts();
 
-  MpvPlayer& player_;
+  PlaylistPlayer& player_;
   QLabel* song_;
   QLabel* note_;
   QLabel* times_;

@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/mpv/m3u_entries.h"
-#include "platform/mpv/test_player.h"
+#include "platform/player/m3u_entries.h"
+#include "support/player/test_player.h"
 
 namespace plimo {
 namespace {

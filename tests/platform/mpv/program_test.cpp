@@ -15,7 +15,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/mpv/test_player.h"
+#include "support/player/test_player.h"
 
 namespace plimo {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/mpv/m3u_entries.h"
+#include "platform/player/m3u_entries.h"
 
 #include <algorithm>
 #include <cctype>
