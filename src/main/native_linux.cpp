@@ -1,4 +1,6 @@
 #include <QSocketNotifier>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "main/native.h"
@@ -7,6 +9,28 @@
 #include "platform/linux/termination_signals.h"
 
 namespace plimo {
+
+void prepareProcess() {}
+
+std::vector<std::string> commandLine(int count, char** words) { return {words, words + count}; }
+
+std::optional<std::string> absoluteFolder(const std::string& path) {
+  std::error_code failed;
+  if (!std::filesystem::is_directory(path, failed)) return std::nullopt;
+  const std::filesystem::path folder = std::filesystem::absolute(path, failed).lexically_normal();
+  if (failed) return std::nullopt;
+  return folder.has_filename() || folder == folder.root_path() ? folder.string() : folder.parent_path().string();
+}
+
+bool enterFolder(const std::string& path, std::string& reason) {
+  std::error_code failed;
+  std::filesystem::create_directories(path, failed);
+  std::filesystem::current_path(path, failed);
+  if (failed) reason = path + ": " + failed.message();
+  return !failed;
+}
+
+std::string preferredFolder() { return {}; }
 
 std::unique_ptr<FileSystemObject> nativeFiles(const std::vector<NamedDrive>& named) {
   if (named.empty()) return std::make_unique<LinuxFiles>();
