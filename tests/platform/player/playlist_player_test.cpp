@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Playlist : public testing::Test {
+class PlaylistPlayback : public testing::Test {
  protected:
   // Opens a playlist of songs of these names.
   void open(const std::vector<std::string>& names) {
@@ -52,7 +52,7 @@ class Playlist : public testing::Test {
   PlaylistPlayer& player = test.player;
 };
 
-TEST_F(Playlist, PlaysOneSongAfterTheOther) {
+TEST_F(PlaylistPlayback, PlaysOneSongAfterTheOther) {
   open({"a.mp3", "b.mp3", "c.mp3"});
   EXPECT_EQ(test.state().count, 3u);
   EXPECT_THAT(loaded(), ElementsAre("a.mp3"));
@@ -65,7 +65,7 @@ TEST_F(Playlist, PlaysOneSongAfterTheOther) {
   EXPECT_TRUE(test.state().opened);
 }
 
-TEST_F(Playlist, AfterTheLastSongNothingIsOpen) {
+TEST_F(PlaylistPlayback, AfterTheLastSongNothingIsOpen) {
   open({"a.mp3"});
   begin(10);
   script->position(9.9);
@@ -80,7 +80,7 @@ TEST_F(Playlist, AfterTheLastSongNothingIsOpen) {
   EXPECT_THAT(loaded(), ElementsAre("a.mp3")) << "the list is played again";
 }
 
-TEST_F(Playlist, ReportsEachFileOnceWhenItsLengthIsKnown) {
+TEST_F(PlaylistPlayback, ReportsEachFileOnceWhenItsLengthIsKnown) {
   open({"a.mp3", "b.mp3"});
   script->duration(0);
   handle();
@@ -97,7 +97,7 @@ TEST_F(Playlist, ReportsEachFileOnceWhenItsLengthIsKnown) {
   EXPECT_THAT(test.played, ElementsAre("a.mp3", "b.mp3"));
 }
 
-TEST_F(Playlist, ADamagedSongIsSkippedWithItsReason) {
+TEST_F(PlaylistPlayback, ADamagedSongIsSkippedWithItsReason) {
   open({"a.mp3", "b.mp3"});
   fail();
   EXPECT_THAT(loaded(), ElementsAre("a.mp3", "b.mp3"));
@@ -109,13 +109,13 @@ TEST_F(Playlist, ADamagedSongIsSkippedWithItsReason) {
   EXPECT_EQ(test.note(), "");
 }
 
-TEST_F(Playlist, TheReasonIsTheEngines) {
+TEST_F(PlaylistPlayback, TheReasonIsTheEngines) {
   open({"a.mp3"});
   fail("the moon is full");
   EXPECT_EQ(test.note(), "Skipped a.mp3: the moon is full.");
 }
 
-TEST_F(Playlist, AListOfOnlyDamagedSongsStopsAndIsReported) {
+TEST_F(PlaylistPlayback, AListOfOnlyDamagedSongsStopsAndIsReported) {
   open({"a.mp3", "b.mp3", "c.mp3"});
   fail();
   fail();
@@ -126,7 +126,7 @@ TEST_F(Playlist, AListOfOnlyDamagedSongsStopsAndIsReported) {
   EXPECT_EQ(test.state().index, 0u);
 }
 
-TEST_F(Playlist, AFailureInTheMiddleOfASongContinuesWithTheNext) {
+TEST_F(PlaylistPlayback, AFailureInTheMiddleOfASongContinuesWithTheNext) {
   open({"a.mp3", "b.mp3"});
   begin(10);
   script->position(5);
@@ -135,7 +135,7 @@ TEST_F(Playlist, AFailureInTheMiddleOfASongContinuesWithTheNext) {
   EXPECT_EQ(player.currentPosition(), 0);
 }
 
-TEST_F(Playlist, PreviousAtTheStartOfTheListSeeksToTheStartOfTheSong) {
+TEST_F(PlaylistPlayback, PreviousAtTheStartOfTheListSeeksToTheStartOfTheSong) {
   open({"a.mp3", "b.mp3"});
   begin(10);
   script->position(1);
@@ -146,7 +146,7 @@ TEST_F(Playlist, PreviousAtTheStartOfTheListSeeksToTheStartOfTheSong) {
   EXPECT_THAT(loaded(), IsEmpty());
 }
 
-TEST_F(Playlist, PreviousNearTheStartOfASongGoesToTheSongBefore) {
+TEST_F(PlaylistPlayback, PreviousNearTheStartOfASongGoesToTheSongBefore) {
   open({"a.mp3", "b.mp3"});
   player.next();
   begin(10);
@@ -163,7 +163,7 @@ TEST_F(Playlist, PreviousNearTheStartOfASongGoesToTheSongBefore) {
   EXPECT_EQ(test.state().song, "b.mp3");
 }
 
-TEST_F(Playlist, PreviousSkipsADamagedSongBackwards) {
+TEST_F(PlaylistPlayback, PreviousSkipsADamagedSongBackwards) {
   open({"a.mp3", "b.mp3", "c.mp3"});
   end();
   end();
@@ -173,7 +173,7 @@ TEST_F(Playlist, PreviousSkipsADamagedSongBackwards) {
   EXPECT_THAT(loaded(), ElementsAre("b.mp3", "a.mp3"));
 }
 
-TEST_F(Playlist, PreviousReturnsToTheSongItCameFromIfAllBeforeAreDamaged) {
+TEST_F(PlaylistPlayback, PreviousReturnsToTheSongItCameFromIfAllBeforeAreDamaged) {
   open({"a.mp3", "b.mp3", "c.mp3"});
   fail();
   fail();
@@ -184,7 +184,7 @@ TEST_F(Playlist, PreviousReturnsToTheSongItCameFromIfAllBeforeAreDamaged) {
   EXPECT_THAT(loaded(), ElementsAre("b.mp3", "a.mp3", "c.mp3"));
 }
 
-TEST_F(Playlist, NextAfterTheLastSongDoesNothing) {
+TEST_F(PlaylistPlayback, NextAfterTheLastSongDoesNothing) {
   open({"a.mp3"});
   begin(10);
   loaded();
@@ -193,7 +193,7 @@ TEST_F(Playlist, NextAfterTheLastSongDoesNothing) {
   EXPECT_TRUE(test.state().opened);
 }
 
-TEST_F(Playlist, ASeekIsKeptWithinTheSong) {
+TEST_F(PlaylistPlayback, ASeekIsKeptWithinTheSong) {
   open({"a.mp3"});
   player.seek(5);
   EXPECT_EQ(lastCall(), "seek 0") << "the length is not known yet";
@@ -205,7 +205,7 @@ TEST_F(Playlist, ASeekIsKeptWithinTheSong) {
   EXPECT_EQ(lastCall(), "seek 0");
 }
 
-TEST_F(Playlist, StopWhileASongIsLoadingPlaysNothing) {
+TEST_F(PlaylistPlayback, StopWhileASongIsLoadingPlaysNothing) {
   open({"a.mp3", "b.mp3"});
   const auto song = script->song;
   player.stop();
@@ -222,7 +222,7 @@ TEST_F(Playlist, StopWhileASongIsLoadingPlaysNothing) {
   EXPECT_EQ(test.note(), "");
 }
 
-TEST_F(Playlist, PlayAfterStopPlaysTheSameSong) {
+TEST_F(PlaylistPlayback, PlayAfterStopPlaysTheSameSong) {
   open({"a.mp3", "b.mp3"});
   player.next();
   player.stop();
@@ -231,7 +231,7 @@ TEST_F(Playlist, PlayAfterStopPlaysTheSameSong) {
   EXPECT_THAT(loaded(), ElementsAre("b.mp3"));
 }
 
-TEST_F(Playlist, OpeningDuringPlaybackStopsTheSongAndPlaysTheNewOne) {
+TEST_F(PlaylistPlayback, OpeningDuringPlaybackStopsTheSongAndPlaysTheNewOne) {
   open({"a.mp3", "b.mp3"});
   begin(10);
   script->position(5);
@@ -244,7 +244,7 @@ TEST_F(Playlist, OpeningDuringPlaybackStopsTheSongAndPlaysTheNewOne) {
   EXPECT_EQ(player.currentPosition(), 0);
 }
 
-TEST_F(Playlist, LateEventsOfAFormerSongAreIgnored) {
+TEST_F(PlaylistPlayback, LateEventsOfAFormerSongAreIgnored) {
   open({"a.mp3"});
   const auto former = script->song;
   begin(10);
@@ -263,7 +263,7 @@ TEST_F(Playlist, LateEventsOfAFormerSongAreIgnored) {
   EXPECT_THAT(test.lengths, ElementsAre(10));
 }
 
-TEST_F(Playlist, EventsAfterTheEndOfASongAreIgnored) {
+TEST_F(PlaylistPlayback, EventsAfterTheEndOfASongAreIgnored) {
   open({"a.mp3"});
   begin(10);
   end();
@@ -274,7 +274,7 @@ TEST_F(Playlist, EventsAfterTheEndOfASongAreIgnored) {
   EXPECT_THAT(loaded(), ElementsAre("a.mp3"));
 }
 
-TEST_F(Playlist, TheSongsOfAListHaveDifferentNumbers) {
+TEST_F(PlaylistPlayback, TheSongsOfAListHaveDifferentNumbers) {
   open({"a.mp3", "b.mp3"});
   const auto first = script->song;
   end();
@@ -285,7 +285,7 @@ TEST_F(Playlist, TheSongsOfAListHaveDifferentNumbers) {
   EXPECT_NE(script->song, first);
 }
 
-TEST_F(Playlist, WithoutAutoStartTheFirstSongIsLoadedPausedAndTheOthersPlay) {
+TEST_F(PlaylistPlayback, WithoutAutoStartTheFirstSongIsLoadedPausedAndTheOthersPlay) {
   player.setAutoStart(false);
   open({"a.mp3", "b.mp3"});
   EXPECT_THAT(loaded(), ElementsAre("a.mp3 paused"));
@@ -300,14 +300,14 @@ TEST_F(Playlist, WithoutAutoStartTheFirstSongIsLoadedPausedAndTheOthersPlay) {
   EXPECT_THAT(loaded(), ElementsAre("b.mp3"));
 }
 
-TEST_F(Playlist, ASongAfterADamagedOneIsPausedAsThatWasToBe) {
+TEST_F(PlaylistPlayback, ASongAfterADamagedOneIsPausedAsThatWasToBe) {
   player.setAutoStart(false);
   open({"a.mp3", "b.mp3"});
   fail();
   EXPECT_THAT(loaded(), ElementsAre("a.mp3 paused", "b.mp3 paused"));
 }
 
-TEST_F(Playlist, VolumeAndMuteAreKeptWithinTheirRangeAndGivenToTheEngineAtItsStart) {
+TEST_F(PlaylistPlayback, VolumeAndMuteAreKeptWithinTheirRangeAndGivenToTheEngineAtItsStart) {
   player.setVolume(140);
   player.setVolume(30);
   player.setMuted(true);
@@ -320,7 +320,7 @@ TEST_F(Playlist, VolumeAndMuteAreKeptWithinTheirRangeAndGivenToTheEngineAtItsSta
   EXPECT_EQ(lastCall(), "sound");
 }
 
-TEST_F(Playlist, AnEngineThatCannotBeStartedIsReportedAndTriedAgain) {
+TEST_F(PlaylistPlayback, AnEngineThatCannotBeStartedIsReportedAndTriedAgain) {
   script->problem = "Nothing can be played here: there is no sound.";
   open({"a.mp3"});
   EXPECT_EQ(test.note(), script->problem);
@@ -336,7 +336,7 @@ TEST_F(Playlist, AnEngineThatCannotBeStartedIsReportedAndTriedAgain) {
   EXPECT_THAT(loaded(), ElementsAre("a.mp3"));
 }
 
-TEST_F(Playlist, NewStreamWaitsUntilTheProgramListensAgain) {
+TEST_F(PlaylistPlayback, NewStreamWaitsUntilTheProgramListensAgain) {
   test.listening = false;
   open({"a.mp3"});
   begin(10);
@@ -348,7 +348,7 @@ TEST_F(Playlist, NewStreamWaitsUntilTheProgramListensAgain) {
   EXPECT_EQ(test.lengths.size(), 1u);
 }
 
-TEST_F(Playlist, AHandlerOfNewStreamMayOpenAnotherSong) {
+TEST_F(PlaylistPlayback, AHandlerOfNewStreamMayOpenAnotherSong) {
   const auto other = songs.add("other.mp3");
   player.newStream = [&] {
     player.newStream = nullptr;
@@ -362,7 +362,7 @@ TEST_F(Playlist, AHandlerOfNewStreamMayOpenAnotherSong) {
   EXPECT_EQ(player.currentPosition(), 0) << "the position was the former song's";
 }
 
-TEST_F(Playlist, TheEngineWakesThePlayerFromAnyThread) {
+TEST_F(PlaylistPlayback, TheEngineWakesThePlayerFromAnyThread) {
   open({"a.mp3"});
   script->duration(10);
   script->host.runInBackground([this] { script->host.wake(); });
@@ -370,7 +370,7 @@ TEST_F(Playlist, TheEngineWakesThePlayerFromAnyThread) {
   EXPECT_TRUE(test.untilNewStreams(1));
 }
 
-TEST_F(Playlist, AWakeAfterThePlayersEndIsIgnored) {
+TEST_F(PlaylistPlayback, AWakeAfterThePlayersEndIsIgnored) {
   auto late = std::make_shared<Script>();
   std::vector<std::function<void()>> posted;
   {
