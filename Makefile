@@ -37,12 +37,14 @@ build/build.ninja: preset = run
 build-asan/build.ninja: preset = asan
 build-bench/build.ninja: preset = bench
 build-package/build.ninja: preset = package
-build-windows/build.ninja: preset = windows
-# Only for Windows: Qt, which takes long if it has to be built.
-build-windows/build.ninja: export PLIMO_WINDOWS_QT_FOLDER = $(shell scripts/windows-qt)
-build/build.ninja build-windows/build.ninja build-asan/build.ninja build-bench/build.ninja build-package/build.ninja: CMakePresets.json | setup
+build/build.ninja build-asan/build.ninja build-bench/build.ninja build-package/build.ninja: CMakePresets.json | setup
 	@scripts/step "Configuring $(@D)"
 	@cmake --preset $(preset) && touch $@
+
+# Qt for Windows takes long if it has to be built.
+build-windows/build.ninja: CMakePresets.json | setup
+	@scripts/step "Configuring $(@D)"
+	@qt=$$(scripts/windows-qt) && PLIMO_WINDOWS_QT_FOLDER=$$qt cmake --preset windows && touch $@
 
 # Without a display, `make run` plays the scene of the tour instead of starting the program.
 scene := $(if $(DISPLAY)$(WAYLAND_DISPLAY),,run)

@@ -14,6 +14,12 @@ void prepareProcess() {}
 
 std::vector<std::string> commandLine(int count, char** words) { return {words, words + count}; }
 
+std::string absolutePath(const std::string& path) {
+  std::error_code failed;
+  const std::filesystem::path absolute = std::filesystem::absolute(path, failed);
+  return failed ? path : absolute.string();
+}
+
 std::optional<std::string> absoluteFolder(const std::string& path) {
   std::error_code failed;
   if (!std::filesystem::is_directory(path, failed)) return std::nullopt;

@@ -103,6 +103,8 @@ std::vector<std::string> commandLine(int /*count*/, char** /*words*/) {
   return arguments;
 }
 
+std::string absolutePath(const std::string& path) { return toUtf8(fullPath(toWide(path))); }
+
 std::optional<std::string> absoluteFolder(const std::string& path) {
   std::wstring full = fullPath(toWide(path));
   if (!isFolder(full)) return std::nullopt;

@@ -22,6 +22,7 @@ namespace {
 struct Options {
   std::string folder;  // empty: the current one
   std::vector<plimo::NamedDrive> drives;
+  std::string playlist;  // absolute; empty: none
 };
 
 std::optional<plimo::DriveType> kindOf(std::string_view name) {
@@ -88,6 +89,8 @@ std::optional<int> readOptions(const std::vector<std::string>& words, Options& o
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Sort MP3 files by artist, build playlists and play them."));
   parser.addOptions({folder, drive, help, version});
+  parser.addPositionalArgument(QStringLiteral("playlist"), QStringLiteral("A playlist to be opened at start."),
+                               QStringLiteral("[PLAYLIST.m3u]"));
 
   QStringList arguments;
   for (const std::string& word : words) arguments << argumentOf(word.c_str());
@@ -113,7 +116,8 @@ std::optional<int> readOptions(const std::vector<std::string>& words, Options& o
     }
   }
   if (const QStringList others = parser.positionalArguments(); !others.isEmpty()) {
-    return fail(QStringLiteral("Unexpected argument '%1'.").arg(others.constFirst()));
+    if (others.size() > 1) return fail(QStringLiteral("Unexpected argument '%1'.").arg(others.at(1)));
+    options.playlist = plimo::absolutePath(bytesOf(others.constFirst()));
   }
   for (const QString& value : parser.values(drive)) {
     std::string reason;
@@ -150,7 +154,7 @@ int main(int count, char** words) {
   const auto files = plimo::nativeFiles(options.drives);
   const auto launcher = plimo::nativeLauncher();
   for (;;) {
-    plimo::Desktop desktop(*files, *launcher);
+    plimo::Desktop desktop(*files, *launcher, options.playlist);
     const auto watch = plimo::onTerminationRequest([&desktop] { desktop.requestEnd(); });
     const int status = desktop.run();
     if (!desktop.startsAnew()) return status;

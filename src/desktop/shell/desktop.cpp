@@ -29,7 +29,7 @@ PlayerHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting)
 
 }  // namespace
 
-Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
+Desktop::Desktop(FileSystemObject& files, Launcher& launcher, std::string playlist)
     : player_(hooksFor(blocker_, [this] { program_.dispatcher().flush(); })),
       progress_(blocker_),
       program_(Platform{files, player_, dialogs_, launcher, progress_}) {
@@ -41,6 +41,7 @@ Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
   progress_.beforePaint = flush;
   progress_.window = [this] { return frontWindow(); };
   blocker_.unblocked = [this] { player_.drainEvents(); };
+  program_.openAtStart(std::move(playlist));
   installListAccessible();
   installWidgetAccessible();
   FormWindow::installAccessible();

@@ -16,7 +16,8 @@ namespace plimo {
 class Desktop : public FormHost {
  public:
   // Needs the application object. The arguments must outlive it.
-  Desktop(FileSystemObject& files, Launcher& launcher);
+  // `playlist` is opened at start if it is not empty; an absolute path.
+  Desktop(FileSystemObject& files, Launcher& launcher, std::string playlist = {});
   ~Desktop() override;
 
   // Starts the program and runs the event loop until it has ended; returns its exit status.
