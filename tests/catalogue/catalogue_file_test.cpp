@@ -6,10 +6,11 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "catalogue/catalogue_join.h"
-#include "platform/linux/linux_files.h"
+#include "support/native_files.h"
 #include "support/temporary_folder.h"
 
 namespace plimo {
@@ -48,7 +49,7 @@ class CatalogueFileTest : public testing::Test {
 
   // All fields in order; checks the number of readers.
   Texts collect(std::size_t readers, OnTruncation end = OnTruncation::fail) {
-    CatalogueFile catalogue(files_, writeCatalogue());
+    CatalogueFile catalogue(*files_, writeCatalogue());
     const auto parts = catalogue.parallelCollect<CollectedFields>(
         end, [](CollectedFields& part, std::span<const CatalogueRecord> records) {
           for (const CatalogueRecord& record : records) {
@@ -65,7 +66,7 @@ class CatalogueFileTest : public testing::Test {
   }
 
   TemporaryFolder folder_;
-  LinuxFiles files_{std::vector<DriveRoot>{}};
+  std::unique_ptr<FileSystemObject> files_ = nativeFilesIn(folder_.path());
   std::string bytes_;
   Texts fields_;
   bool truncation_ = false;
@@ -117,7 +118,7 @@ TEST_F(CatalogueFileTest, AStrayValueShiftsAllRecordsAfterIt) {
 
 TEST_F(CatalogueFileTest, AJoinReturnsEachKeysRecordsInOrder) {
   addSongs(large);
-  CatalogueFile catalogue(files_, writeCatalogue());
+  CatalogueFile catalogue(*files_, writeCatalogue());
   const std::vector<std::string_view> keys = {"Artist 3", "nobody", "Artist 8", "Artist 3"};
   const CatalogueJoin<std::string_view> titles(
       catalogue, keys, OnTruncation::fail, [](const CatalogueRecord& record) { return std::optional(record.artist); },
@@ -145,19 +146,21 @@ TEST_F(CatalogueFileTest, FailsIfItIsTruncatedMeanwhile) {
   };
   for (const std::size_t size : {large / 8, large}) {  // one reader, two readers
     addSongs(size);
-    const auto truncateOnce = [this] {
-      if (!truncatedMeanwhile_.exchange(true)) std::filesystem::resize_file(folder_ / "plimo.kvx", 5000);
+    std::error_code failure;
+    const auto truncateOnce = [&] {
+      if (!truncatedMeanwhile_.exchange(true)) std::filesystem::resize_file(folder_ / "plimo.kvx", 5000, failure);
     };
     for (const OnTruncation end : {OnTruncation::fail, OnTruncation::ignore}) {
-      CatalogueFile catalogue(files_, writeCatalogue());
+      CatalogueFile catalogue(*files_, writeCatalogue());
       truncatedMeanwhile_ = false;
       EXPECT_EQ(errorOf([&] {
                   catalogue.parallelCollect<CollectedFields>(
                       end, [&](CollectedFields&, std::span<const CatalogueRecord>) { truncateOnce(); });
                 }),
-                75);
+                failure ? 0 : 75);
+      if (failure) GTEST_SKIP() << "the system does not allow it: " << failure.message();
     }
-    CatalogueFile catalogue(files_, writeCatalogue());
+    CatalogueFile catalogue(*files_, writeCatalogue());
     truncatedMeanwhile_ = false;
     EXPECT_EQ(errorOf([&] {
                 catalogue.read([&](const CatalogueRecord&) {
@@ -171,7 +174,7 @@ TEST_F(CatalogueFileTest, FailsIfItIsTruncatedMeanwhile) {
 
 TEST_F(CatalogueFileTest, ReadStopsOnRequest) {
   addSongs(large);
-  CatalogueFile catalogue(files_, writeCatalogue());
+  CatalogueFile catalogue(*files_, writeCatalogue());
   std::size_t read = 0;
   catalogue.read([&read](const CatalogueRecord&) { return ++read < 1000; });
   EXPECT_EQ(read, 1000U);

@@ -15,6 +15,7 @@
 #include <thread>
 #include <vector>
 
+#include "support/linux/permissions.h"
 #include "support/player/test_player.h"
 
 namespace plimo {

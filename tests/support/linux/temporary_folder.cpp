@@ -1,8 +1,5 @@
 #include "support/temporary_folder.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -13,23 +10,11 @@ namespace plimo {
 
 namespace {
 
-constexpr uid_t nobody = 65534;
-
 void require(bool condition, const std::string& message) {
   if (!condition) throw std::runtime_error(message);
 }
 
 }  // namespace
-
-UnprivilegedUser::UnprivilegedUser() {
-  if (::geteuid() != 0) return;
-  require(::setegid(nobody) == 0 && ::seteuid(nobody) == 0, "cannot drop root privileges");
-  changed_ = true;
-}
-
-UnprivilegedUser::~UnprivilegedUser() {
-  if (changed_ && (::seteuid(0) != 0 || ::setegid(0) != 0)) std::abort();
-}
 
 TemporaryFolder::TemporaryFolder() : path_(std::filesystem::temp_directory_path() / "plimo-test-XXXXXX") {
   require(::mkdtemp(path_.data()) != nullptr, "cannot create a temporary folder");
@@ -48,6 +33,8 @@ TemporaryFolder::~TemporaryFolder() {
   fs::remove_all(path_, ignored);
 }
 
+std::string TemporaryFolder::operator/(const std::string& name) const { return path_ + "/" + name; }
+
 void writeFile(const std::string& path, const std::string& content) {
   makeFolders(std::filesystem::path(path).parent_path());
   std::ofstream file(path, std::ios::binary);
@@ -57,7 +44,5 @@ void writeFile(const std::string& path, const std::string& content) {
 }
 
 void makeFolders(const std::string& path) { std::filesystem::create_directories(path); }
-
-void changeMode(const std::string& path, unsigned mode) { require(::chmod(path.c_str(), mode) == 0, "chmod " + path); }
 
 }  // namespace plimo

@@ -1,4 +1,4 @@
-#include "platform/file_system_backends.h"
+#include "platform/native_backend.h"
 
 #include <fcntl.h>
 #include <sched.h>
@@ -6,58 +6,48 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "platform/linux/linux_files.h"
+#include "support/linux/permissions.h"
+#include "support/temporary_folder.h"
+
 namespace plimo {
 
-// --- FakeBackend ---
+struct NativeBackend::Disk {
+  UnprivilegedUser user;
+  TemporaryFolder folder;
+  LinuxFiles files{
+      std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}, {'D', DriveType::cdrom, folder / "not-there"}}};
+};
 
-FakeBackend::FakeBackend() {
-  files_.remove("C:\\Plimo");
-  files_.addDrive('D', DriveType::cdrom, false);
-}
+NativeBackend::NativeBackend() : disk_(std::make_unique<Disk>()) {}
 
-void FakeBackend::setFlags(const std::string& path, FileFlags flags) {
-  files_.addTextFile(path, files_.fileContent(path).value(), flags);
-}
+NativeBackend::~NativeBackend() = default;
 
-void FakeBackend::makeReadOnly(const std::string& path) { setFlags(path, {true, false, false}); }
+FileSystemObject& NativeBackend::files() { return disk_->files; }
 
-void FakeBackend::makeUnreadable(const std::string& path) { setFlags(path, {false, false, true}); }
+std::string NativeBackend::root() const { return disk_->folder.path(); }
 
-bool FakeBackend::onFullDisk(const FullDiskCheck& check, std::string& failure) {
-  files_.addTextFile("C:\\full\\old", "old");
-  files_.setDiskFull('C', true);
-  failure = check(files_, "C:\\full");
-  return true;
-}
+void NativeBackend::addFile(const std::string& path, const std::string& content) { writeFile(path, content); }
 
-// --- LinuxBackend ---
+void NativeBackend::addFolder(const std::string& path) { makeFolders(path); }
 
-LinuxBackend::LinuxBackend()
-    : files_(std::vector<DriveRoot>{{'C', DriveType::fixed, folder_.path()},
-                                    {'D', DriveType::cdrom, folder_ / "not-there"}}) {}
+void NativeBackend::remove(const std::string& path) { std::filesystem::remove_all(path); }
 
-void LinuxBackend::addFile(const std::string& path, const std::string& content) { writeFile(path, content); }
+void NativeBackend::makeReadOnly(const std::string& path) { changeMode(path, 0444); }
 
-void LinuxBackend::addFolder(const std::string& path) { makeFolders(path); }
-
-void LinuxBackend::remove(const std::string& path) { std::filesystem::remove_all(path); }
-
-void LinuxBackend::makeReadOnly(const std::string& path) { changeMode(path, 0444); }
-
-void LinuxBackend::makeUnreadable(const std::string& path) { changeMode(path, 0200); }
+void NativeBackend::makeUnreadable(const std::string& path) { changeMode(path, 0200); }
 
 // Without read permission a folder cannot be listed, but its files can still be opened.
-void LinuxBackend::makeFolderUnreadable(const std::string& path) { changeMode(path, 0300); }
+void NativeBackend::makeFolderUnreadable(const std::string& path) { changeMode(path, 0300); }
 
-void LinuxBackend::makeFolderUnwritable(const std::string& path) { changeMode(path, 0500); }
+void NativeBackend::makeFolderUnwritable(const std::string& path) { changeMode(path, 0500); }
 
-std::optional<std::string> LinuxBackend::content(const std::string& path) const {
+std::optional<std::string> NativeBackend::content(const std::string& path) const {
   std::ifstream file(path, std::ios::binary);
   if (!file) return std::nullopt;
   return std::string(std::istreambuf_iterator<char>(file), {});
@@ -103,16 +93,16 @@ bool mountSmallDisk(const std::string& folder) {
 
 }  // namespace
 
-bool LinuxBackend::onFullDisk(const FullDiskCheck& check, std::string& failure) {
-  const std::string disk = folder_ / "disk";
+bool NativeBackend::onFullDisk(const FullDiskCheck& check, std::string& failure) {
+  const std::string disk = disk_->folder / "disk";
   makeFolders(disk);
-  const std::string report = folder_ / "report";
+  const std::string report = disk_->folder / "report";
   const pid_t child = ::fork();
   if (child == 0) {
     int result = unsupported;
     try {
       if (mountSmallDisk(disk)) {
-        const std::string message = check(files_, disk);
+        const std::string message = check(disk_->files, disk);
         result = message.empty() ? passed : failed;
         writeFile(report, message);
       }

@@ -11,8 +11,9 @@
 #include <fstream>
 #include <iterator>
 
-#include "platform/file_system_backends.h"
 #include "platform/linux/linux_files.h"
+#include "platform/native_backend.h"
+#include "support/linux/permissions.h"
 #include "support/temporary_folder.h"
 #include "support/test_program.h"
 
@@ -319,7 +320,7 @@ TEST_F(RealFolder, ACopyWithoutRoomIsRemovedAndARenameNeedsNone) {
 }
 
 TEST(RealFullDisk, ASongIsRenamed) {
-  LinuxBackend backend;
+  NativeBackend backend;
   std::string failure;
   const bool shown = backend.onFullDisk(
       [&](FileSystemObject& files, const std::string& folder) -> std::string {
