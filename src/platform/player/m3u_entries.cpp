@@ -6,10 +6,13 @@
 #include <type_traits>
 
 #include "base/text.h"
+#include "base/utf16.h"
 
 namespace plimo {
 
 namespace {
+
+using NativeCharacter = std::filesystem::path::value_type;
 
 bool endsWithIgnoringCase(std::string_view text, std::string_view ending) {
   if (text.size() < ending.size()) return false;
@@ -53,24 +56,21 @@ bool isPlaylistName(std::string_view name) {
   return endsWithIgnoringCase(name, ".m3u") || endsWithIgnoringCase(name, ".m3u8");
 }
 
-std::filesystem::path nativePath(std::string_view bytes) {
-  if constexpr (std::is_same_v<std::filesystem::path::value_type, char>) {
-    return std::filesystem::path(std::string(bytes));
+std::filesystem::path nativePath(std::string_view text) {
+  if constexpr (std::is_same_v<NativeCharacter, char>) {
+    return std::filesystem::path(std::string(text));
   } else {
-    try {
-      return std::filesystem::path(std::u8string(bytes.begin(), bytes.end()));
-    } catch (const std::system_error&) {
-      return {};
-    }
+    const std::u16string units = utf16FromUtf8(text);
+    return std::filesystem::path(std::basic_string<NativeCharacter>(units.begin(), units.end()));
   }
 }
 
 std::string nativeText(const std::filesystem::path& path) {
-  if constexpr (std::is_same_v<std::filesystem::path::value_type, char>) {
+  const auto& name = path.native();
+  if constexpr (std::is_same_v<NativeCharacter, char>) {
     return path.string();
   } else {
-    const std::u8string text = path.u8string();
-    return std::string(text.begin(), text.end());
+    return utf8FromUtf16(std::u16string(name.begin(), name.end()));
   }
 }
 

@@ -26,8 +26,8 @@ struct CheckedEntry {
 // /proc, which may block for ever when read, have the size 0 too. A relative entry is resolved against `folder`.
 CheckedEntry checkEntry(std::string_view entry, const std::filesystem::path& folder);
 
-// A path from bytes in the platform's encoding; empty if they are invalid.
-std::filesystem::path nativePath(std::string_view bytes);
+// A path from a text of the program: the system's bytes, or UTF-8 if its names are UTF-16.
+std::filesystem::path nativePath(std::string_view text);
 // The inverse.
 std::string nativeText(const std::filesystem::path& path);
 

@@ -12,7 +12,9 @@ std::string WindowsFiles::currentDirectory() { throw RuntimeError(ErrorNumber::i
 
 std::string WindowsFiles::join(std::string_view, std::string_view) { throw RuntimeError(ErrorNumber::invalidCall); }
 
-std::string WindowsFiles::joinAlwaysSeparated(std::string_view, std::string_view) { throw RuntimeError(ErrorNumber::invalidCall); }
+std::string WindowsFiles::joinAlwaysSeparated(std::string_view, std::string_view) {
+  throw RuntimeError(ErrorNumber::invalidCall);
+}
 
 std::string_view WindowsFiles::fileName(std::string_view) { throw RuntimeError(ErrorNumber::invalidCall); }
 
@@ -40,13 +42,19 @@ bool WindowsFiles::walk(std::string_view, int, const WalkVisitor&) { throw Runti
 
 std::uint64_t WindowsFiles::fileSize(std::string_view) { throw RuntimeError(ErrorNumber::invalidCall); }
 
-std::unique_ptr<FileView> WindowsFiles::openForReading(std::string_view) { throw RuntimeError(ErrorNumber::invalidCall); }
+std::unique_ptr<FileView> WindowsFiles::openForReading(std::string_view) {
+  throw RuntimeError(ErrorNumber::invalidCall);
+}
 
-std::unique_ptr<FileReplacement> WindowsFiles::replaceFile(std::string_view, Force) { throw RuntimeError(ErrorNumber::invalidCall); }
+std::unique_ptr<FileReplacement> WindowsFiles::replaceFile(std::string_view, Force) {
+  throw RuntimeError(ErrorNumber::invalidCall);
+}
 
 void WindowsFiles::deleteFile(std::string_view, Force) { throw RuntimeError(ErrorNumber::invalidCall); }
 
-bool WindowsFiles::copyFile(std::string_view, std::string_view, bool, const CopyProgress&) { throw RuntimeError(ErrorNumber::invalidCall); }
+bool WindowsFiles::copyFile(std::string_view, std::string_view, bool, const CopyProgress&) {
+  throw RuntimeError(ErrorNumber::invalidCall);
+}
 
 bool WindowsFiles::moveFile(std::string_view, std::string_view, Force) { throw RuntimeError(ErrorNumber::invalidCall); }
 

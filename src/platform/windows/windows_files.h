@@ -53,7 +53,6 @@ class WindowsFiles : public FileSystemObject {
   bool moveFile(std::string_view from, std::string_view to, Force force = Force::no) override;
   void removeLeftovers(std::string_view folder) override;
 
-
  private:
   std::optional<std::vector<DriveRoot>> fixedDrives_;
 };
