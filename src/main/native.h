@@ -24,7 +24,7 @@ struct NamedDrive {
 void prepareProcess();
 // The program's name and its arguments, from those of main().
 std::vector<std::string> commandLine(int count, char** words);
-std::string absolutePath(const std::string& path);
+std::string fullPath(const std::string& path);
 // The absolute path of a folder; nullopt if there is no such folder.
 std::optional<std::string> absoluteFolder(const std::string& path);
 // Makes the folder with its parents, and changes to it. Returns false and the reason if that fails.

@@ -14,7 +14,7 @@ void prepareProcess() {}
 
 std::vector<std::string> commandLine(int count, char** words) { return {words, words + count}; }
 
-std::string absolutePath(const std::string& path) {
+std::string fullPath(const std::string& path) {
   std::error_code failed;
   const std::filesystem::path absolute = std::filesystem::absolute(path, failed);
   return failed ? path : absolute.string();

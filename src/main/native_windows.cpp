@@ -1,17 +1,17 @@
 #include <windows.h>
-// windows.h comes first: the others need it.
+// It comes first: this one needs it.
 #include <shellapi.h>
 
 #include <QCoreApplication>
 #include <QMetaObject>
 #include <cstdio>
-#include <cwchar>
 #include <utility>
 
 #include "main/native.h"
+#include "platform/windows/native_path.h"
+#include "platform/windows/process_setup.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_launcher.h"
-#include "platform/windows/wide_text.h"
 
 namespace plimo {
 
@@ -45,19 +45,9 @@ std::wstring programFolder() {
   return path.substr(0, path.find_last_of(L'\\'));
 }
 
-std::wstring fullPath(const std::wstring& path) {
-  std::wstring full(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
-    const bool fits = length < full.size();
-    full.resize(length);
-    if (fits) return full;
-  }
-}
-
-bool isFolder(const std::wstring& path) {
-  const DWORD attributes = GetFileAttributesW(path.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+bool isFolder(const std::string& path) {
+  const auto status = fileStatus(path);
+  return status && status->isFolder();
 }
 
 // The last error as the system words it.
@@ -69,25 +59,21 @@ std::string lastErrorText() {
   std::wstring copy(text != nullptr ? text : L"", length);
   LocalFree(text);
   while (!copy.empty() && (copy.back() == L'\n' || copy.back() == L'\r' || copy.back() == L' ')) copy.pop_back();
-  return toUtf8(copy);
+  return fromWide(copy);
 }
 
-bool makeFolder(const std::wstring& path) {
+// Makes an absolute folder with its parents.
+bool makeFolder(const std::string& path) {
   if (isFolder(path)) return true;
-  const std::size_t separator = path.find_last_of(L'\\');
-  if (separator != std::wstring::npos && separator > 2 && !makeFolder(path.substr(0, separator))) return false;
-  return CreateDirectoryW(path.c_str(), nullptr) != 0 || isFolder(path);
+  const std::size_t separator = path.find_last_of('\\');
+  if (separator != std::string::npos && separator > 2 && !makeFolder(path.substr(0, separator))) return false;
+  return CreateDirectoryW(nativePath(path).c_str(), nullptr) != 0 || isFolder(path);
 }
 
 }  // namespace
 
 void prepareProcess() {
-  // A library next to the program, or in the current folder, is never taken for one of the system's.
-  SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
-  SetDllDirectoryW(L"");
-  // Failures are reported by the program itself, not by boxes of the system ("There is no disk in the drive").
-  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
-  HeapSetInformation(nullptr, HeapEnableTerminationOnCorruption, nullptr, 0);
+  hardenProcess();
   showOutputInConsole();
   // Dark window frames and colours if the user has chosen them for all programs.
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "windows:darkmode=2");
@@ -98,24 +84,25 @@ std::vector<std::string> commandLine(int /*count*/, char** /*words*/) {
   int count = 0;
   wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
   std::vector<std::string> arguments;
-  for (int i = 0; i < count; ++i) arguments.push_back(toUtf8(words[i]));
+  for (int i = 0; i < count; ++i) arguments.push_back(fromWide(words[i]));
   LocalFree(words);
   return arguments;
 }
 
-std::string absolutePath(const std::string& path) { return toUtf8(fullPath(toWide(path))); }
+std::string fullPath(const std::string& path) { return absolutePath(path).value_or(path); }
 
 std::optional<std::string> absoluteFolder(const std::string& path) {
-  std::wstring full = fullPath(toWide(path));
-  if (!isFolder(full)) return std::nullopt;
+  std::string folder = fullPath(path);
+  if (!isFolder(folder)) return std::nullopt;
   // A drive's root keeps its separator.
-  while (full.size() > 3 && full.back() == L'\\') full.pop_back();
-  return toUtf8(full);
+  while (folder.size() > 3 && folder.back() == '\\') folder.pop_back();
+  return folder;
 }
 
 bool enterFolder(const std::string& path, std::string& reason) {
-  const std::wstring folder = fullPath(toWide(path));
-  if (makeFolder(folder) && SetCurrentDirectoryW(folder.c_str()) != 0) return true;
+  const std::string folder = absoluteFolder(path).value_or(fullPath(path));
+  // The system knows no current directory in the extended form of paths.
+  if (makeFolder(folder) && SetCurrentDirectoryW(toWide(folder).c_str()) != 0) return true;
   reason = path + ": " + lastErrorText();
   return false;
 }
@@ -123,7 +110,7 @@ bool enterFolder(const std::string& path, std::string& reason) {
 std::string preferredFolder() {
   const std::wstring folder = programFolder();
   const bool portable = GetFileAttributesW((folder + L'\\' + portableMarker).c_str()) != INVALID_FILE_ATTRIBUTES;
-  return portable ? toUtf8(folder) : std::string();
+  return portable ? fromWide(folder) : std::string();
 }
 
 std::unique_ptr<FileSystemObject> nativeFiles(const std::vector<NamedDrive>& named) {

@@ -117,7 +117,7 @@ std::optional<int> readOptions(const std::vector<std::string>& words, Options& o
   }
   if (const QStringList others = parser.positionalArguments(); !others.isEmpty()) {
     if (others.size() > 1) return fail(QStringLiteral("Unexpected argument '%1'.").arg(others.at(1)));
-    options.playlist = plimo::absolutePath(bytesOf(others.constFirst()));
+    options.playlist = plimo::fullPath(bytesOf(others.constFirst()));
   }
   for (const QString& value : parser.values(drive)) {
     std::string reason;

@@ -213,28 +213,30 @@ void PlayerStrip::showTexts() {
 }
 
 void PlayerStrip::keyPressEvent(QKeyEvent* event) {
-  if (!player_.state().enabled) {
-    QWidget::keyPressEvent(event);
-    return;
-  }
-  switch (event->key()) {
+  if (!playByKey(player_, event->key())) QWidget::keyPressEvent(event);
+}
+
+bool playByKey(PlaylistPlayer& player, int key) {
+  if (!player.state().enabled) return false;
+  switch (key) {
     case Qt::Key_MediaTogglePlayPause:
     case Qt::Key_MediaPlay:
     case Qt::Key_MediaPause:
-      player_.playOrPause();
+      player.playOrPause();
       break;
     case Qt::Key_MediaStop:
-      player_.stop();
+      player.stop();
       break;
     case Qt::Key_MediaNext:
-      player_.next();
+      player.next();
       break;
     case Qt::Key_MediaPrevious:
-      player_.previous();
+      player.previous();
       break;
     default:
-      QWidget::keyPressEvent(event);
+      return false;
   }
+  return true;
 }
 
 }  // namespace plimo

@@ -53,4 +53,8 @@ class PlayerStrip : public QWidget {
   QString shownMuteArt_;
 };
 
+// Carries out a media key (Qt::Key_MediaPlay and the like), which a keyboard or the system sends. Returns false for any
+// other key, and if the player takes no commands.
+bool playByKey(PlaylistPlayer& player, int key);
+
 }  // namespace plimo
