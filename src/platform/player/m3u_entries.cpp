@@ -56,7 +56,7 @@ bool isPlaylistName(std::string_view name) {
   return endsWithIgnoringCase(name, ".m3u") || endsWithIgnoringCase(name, ".m3u8");
 }
 
-std::filesystem::path nativePath(std::string_view text) {
+std::filesystem::path toFilesystemPath(std::string_view text) {
   if constexpr (std::is_same_v<NativeCharacter, char>) {
     return std::filesystem::path(std::string(text));
   } else {
@@ -65,7 +65,7 @@ std::filesystem::path nativePath(std::string_view text) {
   }
 }
 
-std::string nativeText(const std::filesystem::path& path) {
+std::string fromFilesystemPath(const std::filesystem::path& path) {
   const auto& name = path.native();
   if constexpr (std::is_same_v<NativeCharacter, char>) {
     return path.string();
@@ -77,7 +77,7 @@ std::string nativeText(const std::filesystem::path& path) {
 CheckedEntry checkEntry(std::string_view entry, const std::filesystem::path& folder) {
   if (hasUrlScheme(entry) || entry.find('\0') != std::string_view::npos) return {Playable::notLocal, {}};
   if (isPlaylistName(entry)) return {Playable::notASong, {}};
-  const std::filesystem::path name = nativePath(entry);
+  const std::filesystem::path name = toFilesystemPath(entry);
   if (name.empty()) return {Playable::missing, {}};
   std::error_code failed;
   const std::filesystem::path path = std::filesystem::absolute(folder / name, failed);
@@ -86,7 +86,7 @@ CheckedEntry checkEntry(std::string_view entry, const std::filesystem::path& fol
   if (!std::filesystem::exists(status)) return {Playable::missing, {}};
   if (!std::filesystem::is_regular_file(status)) return {Playable::notASong, {}};
   if (std::filesystem::file_size(path, failed) == 0) return {Playable::empty, {}};
-  return {Playable::yes, nativeText(path)};
+  return {Playable::yes, fromFilesystemPath(path)};
 }
 
 }  // namespace plimo

@@ -16,7 +16,7 @@ namespace {
 constexpr int entriesPerTurn = 200;
 
 std::string displayName(std::string_view entry) {
-  const std::string name = nativeText(nativePath(entry).filename());
+  const std::string name = fromFilesystemPath(toFilesystemPath(entry).filename());
   return name.empty() ? std::string(entry) : name;
 }
 
@@ -88,7 +88,7 @@ void PlaylistPlayer::readEntries(const std::string& path) {
     entries_.push_back(path);
     return;
   }
-  const std::filesystem::path file = nativePath(path);
+  const std::filesystem::path file = toFilesystemPath(path);
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(file, ignored)) {
     state_.note = "Skipped " + displayName(path) + ": there is no such playlist.";
