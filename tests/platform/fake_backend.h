@@ -22,6 +22,8 @@ class FakeBackend {
   void addFolder(const std::string& path) { files_.addFolder(path); }
   void remove(const std::string& path) { files_.remove(path); }  // a folder with its content
   void makeReadOnly(const std::string& path);
+  // False if the system or its user cannot be denied access: what `make...Unreadable` does has no effect then.
+  bool deniesAccess() const { return true; }
   void makeUnreadable(const std::string& path);
   void makeFolderUnreadable(const std::string& path) { files_.addFolder(path, {true, false}); }
   void makeFolderUnwritable(const std::string& path) { files_.addFolder(path, {false, true}); }

@@ -25,6 +25,7 @@ class NativeBackend {
   void addFolder(const std::string& path);
   void remove(const std::string& path);
   void makeReadOnly(const std::string& path);
+  bool deniesAccess() const;
   void makeUnreadable(const std::string& path);
   void makeFolderUnreadable(const std::string& path);
   void makeFolderUnwritable(const std::string& path);

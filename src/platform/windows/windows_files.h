@@ -1,7 +1,10 @@
 // The drives, folders and files of a Windows system. Names are case-preserving but not case-sensitive.
 //
+// Defined in windows_files.cpp (drives, paths, existence), windows_files_listing.cpp (folders),
+// windows_files_reading.cpp, windows_files_writing.cpp (replacing, deleting) and windows_files_copying.cpp.
+//
 // Paths are UTF-8, with unpaired surrogates as WTF-8. Any length is supported: the system is given the long form
-// ("\\\\?\\C:\\..."), which never leaves this folder.
+// ("\\?\C:\..."), which never leaves this folder.
 #pragma once
 
 #include <memory>
@@ -12,19 +15,14 @@
 
 #include "base/errors.h"
 #include "platform/file_system_object.h"
+#include "platform/windows/drive_table.h"
 
 namespace plimo {
-
-struct DriveRoot {
-  char letter = 0;  // A to Z
-  DriveType type = DriveType::unknown;
-  std::string root;
-};
 
 class WindowsFiles : public FileSystemObject {
  public:
   // With the system's own drives, read again at each call that needs them.
-  WindowsFiles() = default;
+  WindowsFiles();
   // With exactly these drives.
   explicit WindowsFiles(std::vector<DriveRoot> drives);
 
@@ -54,6 +52,17 @@ class WindowsFiles : public FileSystemObject {
   void removeLeftovers(std::string_view folder) override;
 
  private:
+  std::vector<DriveRoot> driveRoots() const;
+  bool isDriveRoot(std::string_view folder) const;
+  // 71 for a path on a drive that is not ready, else 76.
+  ErrorNumber missingFolderError(std::string_view path) const;
+  // 53 if the file's folder exists, else as missingFolderError.
+  ErrorNumber missingFileError(std::string_view path) const;
+  // The error of listing a folder, for the system's error code.
+  ErrorNumber listingError(std::uint32_t error, std::string_view folder) const;
+  // The file that a copy or a move writes: `to`, or what it links to. Throws as copyFile does.
+  std::string copyTarget(std::string_view to, bool overwrite, Force force) const;
+
   std::optional<std::vector<DriveRoot>> fixedDrives_;
 };
 

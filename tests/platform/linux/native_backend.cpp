@@ -40,6 +40,8 @@ void NativeBackend::remove(const std::string& path) { std::filesystem::remove_al
 
 void NativeBackend::makeReadOnly(const std::string& path) { changeMode(path, 0444); }
 
+bool NativeBackend::deniesAccess() const { return true; }
+
 void NativeBackend::makeUnreadable(const std::string& path) { changeMode(path, 0200); }
 
 // Without read permission a folder cannot be listed, but its files can still be opened.

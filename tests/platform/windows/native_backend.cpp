@@ -1,11 +1,10 @@
 #include "platform/native_backend.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <windows.h>
 
 #include "platform/windows/windows_files.h"
 #include "support/temporary_folder.h"
+#include "support/windows/disk.h"
 
 namespace plimo {
 
@@ -27,22 +26,23 @@ void NativeBackend::addFile(const std::string& path, const std::string& content)
 
 void NativeBackend::addFolder(const std::string& path) { makeFolders(path); }
 
-void NativeBackend::remove(const std::string& path) { std::filesystem::remove_all(path); }
+void NativeBackend::remove(const std::string& path) { removeTree(path); }
 
-void NativeBackend::makeReadOnly(const std::string&) {}
+void NativeBackend::makeReadOnly(const std::string& path) { setAttributes(path, FILE_ATTRIBUTE_READONLY); }
 
-void NativeBackend::makeUnreadable(const std::string&) {}
+bool NativeBackend::deniesAccess() const { return accessCanBeDenied(); }
 
-void NativeBackend::makeFolderUnreadable(const std::string&) {}
+void NativeBackend::makeUnreadable(const std::string& path) { denyAccess(path, FILE_READ_DATA); }
 
-void NativeBackend::makeFolderUnwritable(const std::string&) {}
+void NativeBackend::makeFolderUnreadable(const std::string& path) { denyAccess(path, FILE_LIST_DIRECTORY); }
 
-std::optional<std::string> NativeBackend::content(const std::string& path) const {
-  std::ifstream file(std::filesystem::path(path), std::ios::binary);
-  if (!file) return std::nullopt;
-  return std::string(std::istreambuf_iterator<char>(file), {});
+void NativeBackend::makeFolderUnwritable(const std::string& path) {
+  denyAccess(path, FILE_ADD_FILE | FILE_DELETE_CHILD);
 }
 
+std::optional<std::string> NativeBackend::content(const std::string& path) const { return readFile(path); }
+
+// A small disk takes an administrator.
 bool NativeBackend::onFullDisk(const FullDiskCheck&, std::string&) { return false; }
 
 }  // namespace plimo

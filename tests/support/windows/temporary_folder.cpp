@@ -1,35 +1,40 @@
 #include "support/temporary_folder.h"
 
+#include <windows.h>
+
 #include <algorithm>
+#include <array>
 #include <atomic>
-#include <filesystem>
-#include <fstream>
-#include <random>
 #include <stdexcept>
-#include <system_error>
+
+#include "platform/windows/native_path.h"
+#include "platform/windows/unique_handle.h"
+#include "platform/windows_paths/path_rules.h"
+#include "support/windows/disk.h"
 
 namespace plimo {
 
 namespace {
 
-namespace fs = std::filesystem;
+void require(bool condition, const std::string& what) {
+  if (!condition) throw std::runtime_error(what + ": error " + std::to_string(::GetLastError()));
+}
 
-std::string newName() {
-  static const unsigned process = std::random_device{}();
+std::string newFolder() {
   static std::atomic<unsigned> count{0};
-  return "plimo-test-" + std::to_string(process) + "-" + std::to_string(count++);
+  std::array<wchar_t, MAX_PATH + 1> buffer{};
+  ::GetTempPathW(buffer.size(), buffer.data());
+  return joinPath(fromWide(buffer.data()), "plimo-test-" + std::to_string(::GetCurrentProcessId()) + "-" +
+                                               std::to_string(::GetTickCount()) + "-" + std::to_string(count++));
 }
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() : path_((fs::temp_directory_path() / newName()).string()) {
-  if (!fs::create_directory(path_)) throw std::runtime_error("cannot create a temporary folder");
+TemporaryFolder::TemporaryFolder() : path_(newFolder()) {
+  require(::CreateDirectoryW(nativePath(path_).c_str(), nullptr), "cannot create a temporary folder");
 }
 
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  fs::remove_all(path_, ignored);
-}
+TemporaryFolder::~TemporaryFolder() { removeTree(path_); }
 
 std::string TemporaryFolder::operator/(const std::string& name) const {
   std::string path = path_ + "\\" + name;
@@ -38,13 +43,19 @@ std::string TemporaryFolder::operator/(const std::string& name) const {
 }
 
 void writeFile(const std::string& path, const std::string& content) {
-  makeFolders(fs::path(path).parent_path().string());
-  std::ofstream file(fs::path(path), std::ios::binary);
-  file << content;
-  file.close();
-  if (!file) throw std::runtime_error("cannot write " + path);
+  makeFolders(parentPath(path));
+  const UniqueHandle file(
+      ::CreateFileW(nativePath(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+  DWORD written = 0;
+  require(file && ::WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr) &&
+              written == content.size(),
+          "cannot write " + path);
 }
 
-void makeFolders(const std::string& path) { fs::create_directories(path); }
+void makeFolders(const std::string& path) {
+  if (const auto status = fileStatus(path); status && status->isFolder()) return;
+  if (parentPath(path) != path) makeFolders(parentPath(path));
+  require(::CreateDirectoryW(nativePath(path).c_str(), nullptr), "cannot create " + path);
+}
 
 }  // namespace plimo
