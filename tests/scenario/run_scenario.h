@@ -24,16 +24,16 @@ struct TextFile {
 // Writes the files into a temporary folder and runs the first `scenarios` of them.
 inline ScenarioResult runScenarioFiles(const std::vector<TextFile>& files, std::size_t scenarios = 1) {
   const TemporaryFolder folder;
+  const std::string prefix = folder.path() + "/";
   std::vector<std::string> paths;
   for (const TextFile& file : files) {
-    const std::string path = folder / file.path;
+    const std::string path = prefix + file.path;
     writeFile(path, file.content);
     if (paths.size() < scenarios) paths.push_back(path);
   }
   std::ostringstream out;
   std::ostringstream err;
   ScenarioResult result{runScenarios(paths, out, err), out.str(), err.str()};
-  const std::string prefix = folder / "";
   for (std::size_t at = 0; (at = result.err.find(prefix, at)) != std::string::npos;) {
     result.err.erase(at, prefix.size());
   }

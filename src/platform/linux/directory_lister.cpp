@@ -4,10 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
-
-#include "base/text.h"
 
 namespace plimo {
 
@@ -45,30 +42,8 @@ UniqueDir openDirectory(int parent, const char* path, bool followLink) {
   return directory;
 }
 
-void DirectoryLister::add(Names& names, std::string_view name) {
-  Name entry{text_.size(), name.size(), 0, 0};
-  text_.append(name);
-  entry.key = text_.size();
-  appendFolded(text_, name);
-  entry.keyLength = text_.size() - entry.key;
-  names.found.push_back(entry);
-}
-
-void DirectoryLister::sort(Names& names) const {
-  const std::string_view text = text_;
-  std::sort(names.found.begin(), names.found.end(), [text](const Name& left, const Name& right) {
-    const int order = text.substr(left.key, left.keyLength).compare(text.substr(right.key, right.keyLength));
-    if (order != 0) return order < 0;
-    return text.substr(left.offset, left.length) < text.substr(right.offset, right.length);
-  });
-  names.sorted.clear();
-  for (const Name& name : names.found) names.sorted.push_back(text.substr(name.offset, name.length));
-}
-
-bool DirectoryLister::list(DIR& directory, const ListingFilter& filter) {
-  text_.clear();
-  files_.found.clear();
-  folders_.found.clear();
+bool listDirectory(DIR& directory, const ListingFilter& filter, ListedNames& names) {
+  names.clear();
   const int fd = ::dirfd(&directory);
   for (;;) {
     errno = 0;
@@ -81,12 +56,12 @@ bool DirectoryLister::list(DIR& directory, const ListingFilter& filter) {
     // Resolving a link takes a system call, so unwanted links are skipped first.
     if (!accepted && (entry->d_type == DT_REG || (entry->d_type == DT_LNK && !filter.linkedFolders))) continue;
     const Kind kind = kindOf(fd, entry->d_name, entry->d_type, filter);
-    if (kind == Kind::file && accepted) add(files_, name);
-    if (kind == Kind::folder && filter.folders) add(folders_, name);
+    if (kind == Kind::file && accepted) names.addFile(name);
+    if (kind == Kind::folder && filter.folders && !(filter.skipFolder && filter.skipFolder(name)))
+      names.addFolder(name);
   }
   if (errno != 0) return false;
-  sort(files_);
-  sort(folders_);
+  names.sort();
   return true;
 }
 

@@ -6,7 +6,7 @@
 #include <type_traits>
 
 #include "base/text.h"
-#include "base/utf16.h"
+#include "platform/windows_paths/wtf8.h"
 
 namespace plimo {
 
@@ -60,7 +60,7 @@ std::filesystem::path nativePath(std::string_view text) {
   if constexpr (std::is_same_v<NativeCharacter, char>) {
     return std::filesystem::path(std::string(text));
   } else {
-    const std::u16string units = utf16FromUtf8(text);
+    const std::u16string units = wtf8ToUtf16(text);
     return std::filesystem::path(std::basic_string<NativeCharacter>(units.begin(), units.end()));
   }
 }
@@ -70,7 +70,7 @@ std::string nativeText(const std::filesystem::path& path) {
   if constexpr (std::is_same_v<NativeCharacter, char>) {
     return path.string();
   } else {
-    return utf8FromUtf16(std::u16string(name.begin(), name.end()));
+    return utf16ToWtf8(std::u16string(name.begin(), name.end()));
   }
 }
 

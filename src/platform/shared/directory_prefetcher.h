@@ -2,9 +2,8 @@
 #pragma once
 
 #include <condition_variable>
-#include <cstddef>
+#include <cstdint>
 #include <exception>
-#include <functional>
 #include <list>
 #include <memory>
 #include <mutex>
@@ -13,9 +12,37 @@
 #include <thread>
 #include <vector>
 
-#include "platform/linux/directory_lister.h"
+#include "platform/shared/listed_names.h"
 
 namespace plimo {
+
+struct PrefetchedDirectory {
+  std::string path;
+  std::size_t nameOffset = 0;    // of its own name, in the path
+  std::shared_ptr<void> parent;  // what reading the parent has returned; null for the walk's first directory
+  int depth = 0;                 // levels of subfolders wanted below it
+
+  enum class State { pending, listing, listed };
+  State state = State::pending;
+  std::uint32_t openError = 0;  // the system's error code; 0: none
+  std::uint32_t readError = 0;
+  std::exception_ptr failure;          // of the thread that listed it; rethrown to the walk
+  std::unique_ptr<ListedNames> names;  // null until it is listed
+};
+
+// Reads directories for the prefetcher; implemented for each operating system.
+class DirectoryReader {
+ public:
+  DirectoryReader() = default;
+  DirectoryReader(const DirectoryReader&) = delete;
+  DirectoryReader& operator=(const DirectoryReader&) = delete;
+  virtual ~DirectoryReader() = default;
+
+  // Reads the names, without the folders that the walk leaves out, or sets one of the errors. What it returns is kept
+  // as the `parent` of the subfolders until they have been read: an open directory, for example, or null. Called on two
+  // threads at once.
+  virtual std::shared_ptr<void> read(PrefetchedDirectory& directory) const = 0;
+};
 
 // Yields the directories of a tree in depth-first (pre-)order. Whichever thread is idle, the walk's or the worker,
 // lists the first directory that nobody has begun; what a listing gives, its errors included, becomes visible only when
@@ -26,25 +53,10 @@ namespace plimo {
 // the sorting between two processors.
 class DirectoryPrefetcher {
  public:
-  struct Directory {
-    std::string path;
-    std::size_t nameOffset = 0;   // of its own name, in the path
-    std::shared_ptr<DIR> parent;  // null for the walk's first directory
-    int depth = 0;                // levels of subfolders wanted below it
+  using Directory = PrefetchedDirectory;
 
-    enum class State { pending, listing, listed };
-    State state = State::pending;
-    int openError = 0;  // errno; 0: none
-    int readError = 0;
-    std::exception_ptr failure;              // of the thread that listed it; rethrown to the walk
-    std::unique_ptr<DirectoryLister> names;  // null until it is listed
-  };
-
-  // True for a subfolder to leave out. Called on both threads.
-  using SkipFolder = std::function<bool(std::string_view folder, std::string_view name)>;
-
-  // `acceptFile` is called on both threads.
-  DirectoryPrefetcher(std::string_view folder, int depth, bool (*acceptFile)(std::string_view name), SkipFolder skip);
+  // `separator` is what stands between the components of a path.
+  DirectoryPrefetcher(std::string_view folder, int depth, char separator, const DirectoryReader& reader);
   DirectoryPrefetcher(const DirectoryPrefetcher&) = delete;
   DirectoryPrefetcher& operator=(const DirectoryPrefetcher&) = delete;
   ~DirectoryPrefetcher();
@@ -66,8 +78,8 @@ class DirectoryPrefetcher {
   void read(Directory& directory, Directories& subfolders) const;
   void removeFront();
 
-  bool (*acceptFile_)(std::string_view name);
-  SkipFolder skip_;
+  char separator_;
+  const DirectoryReader& reader_;
 
   std::mutex mutex_;  // guards the members below
   std::condition_variable frontListed_;
@@ -77,8 +89,8 @@ class DirectoryPrefetcher {
   bool workerIdle_ = false;
   int removedWhileIdle_ = 0;  // directories that the walk has finished since the worker became idle
   bool stopping_ = false;
-  std::vector<std::unique_ptr<DirectoryLister>> freeListers_;  // for reuse: few allocations for a large tree
-  std::thread worker_;                                         // touched only by the walk's thread
+  std::vector<std::unique_ptr<ListedNames>> freeNames_;  // for reuse: few allocations for a large tree
+  std::thread worker_;                                   // touched only by the walk's thread
 };
 
 }  // namespace plimo

@@ -1,8 +1,5 @@
-#include "platform/linux/directory_prefetcher.h"
+#include "platform/shared/directory_prefetcher.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
 #include <iterator>
 #include <system_error>
 #include <utility>
@@ -19,9 +16,9 @@ constexpr int wakeBatch = 16;
 
 }  // namespace
 
-DirectoryPrefetcher::DirectoryPrefetcher(std::string_view folder, int depth, bool (*acceptFile)(std::string_view name),
-                                         SkipFolder skip)
-    : acceptFile_(acceptFile), skip_(std::move(skip)) {
+DirectoryPrefetcher::DirectoryPrefetcher(std::string_view folder, int depth, char separator,
+                                         const DirectoryReader& reader)
+    : separator_(separator), reader_(reader) {
   Directory& root = directories_.emplace_back();
   root.path = folder;
   root.depth = depth;
@@ -55,7 +52,7 @@ const DirectoryPrefetcher::Directory* DirectoryPrefetcher::next() {
 }
 
 void DirectoryPrefetcher::removeFront() {
-  if (directories_.front().names) freeListers_.push_back(std::move(directories_.front().names));
+  if (directories_.front().names) freeNames_.push_back(std::move(directories_.front().names));
   directories_.pop_front();
   frontReturned_ = false;
   if (workerIdle_ && ++removedWhileIdle_ == wakeBatch) workAvailable_.notify_one();
@@ -94,14 +91,14 @@ DirectoryPrefetcher::Directories::iterator DirectoryPrefetcher::findPending() {
 
 void DirectoryPrefetcher::list(Directories::iterator directory, std::unique_lock<std::mutex>& lock) {
   directory->state = Directory::State::listing;
-  if (!freeListers_.empty()) {
-    directory->names = std::move(freeListers_.back());
-    freeListers_.pop_back();
+  if (!freeNames_.empty()) {
+    directory->names = std::move(freeNames_.back());
+    freeNames_.pop_back();
   }
   Directories subfolders;
   lock.unlock();
   try {
-    if (!directory->names) directory->names = std::make_unique<DirectoryLister>();
+    if (!directory->names) directory->names = std::make_unique<ListedNames>();
     read(*directory, subfolders);
   } catch (...) {  // no memory
     directory->failure = std::current_exception();
@@ -115,25 +112,14 @@ void DirectoryPrefetcher::list(Directories::iterator directory, std::unique_lock
 }
 
 void DirectoryPrefetcher::read(Directory& directory, Directories& subfolders) const {
-  const bool isRoot = directory.parent == nullptr;
-  const int parent = isRoot ? AT_FDCWD : ::dirfd(directory.parent.get());
-  const std::shared_ptr<DIR> opened = openDirectory(parent, directory.path.c_str() + directory.nameOffset, isRoot);
-  if (!opened) directory.openError = errno;
+  const std::shared_ptr<void> opened = reader_.read(directory);
   directory.parent.reset();
-  if (!opened) return;
-  ListingFilter filter;
-  filter.acceptFile = acceptFile_;
-  filter.folders = directory.depth > 0;
-  if (!directory.names->list(*opened, filter)) {
-    directory.readError = errno;
-    return;
-  }
+  if (directory.openError != 0 || directory.readError != 0) return;
   for (const std::string_view name : directory.names->folders()) {
-    if (skip_(directory.path, name)) continue;
     Directory& subfolder = subfolders.emplace_back();
     subfolder.path.reserve(directory.path.size() + 1 + name.size());
     subfolder.path = directory.path;
-    if (!subfolder.path.ends_with('/')) subfolder.path += '/';
+    if (!subfolder.path.ends_with(separator_)) subfolder.path += separator_;
     subfolder.nameOffset = subfolder.path.size();
     subfolder.path += name;
     subfolder.parent = opened;
