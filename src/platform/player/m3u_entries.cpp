@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <system_error>
 #include <type_traits>
 
 #include "base/text.h"
@@ -74,19 +73,10 @@ std::string nativeText(const std::filesystem::path& path) {
   }
 }
 
-CheckedEntry checkEntry(std::string_view entry, const std::filesystem::path& folder) {
+CheckedEntry checkEntry(std::string_view entry, const std::string& folder) {
   if (hasUrlScheme(entry) || entry.find('\0') != std::string_view::npos) return {Playable::notLocal, {}};
   if (isPlaylistName(entry)) return {Playable::notASong, {}};
-  const std::filesystem::path name = nativePath(entry);
-  if (name.empty()) return {Playable::missing, {}};
-  std::error_code failed;
-  const std::filesystem::path path = std::filesystem::absolute(folder / name, failed);
-  if (failed) return {Playable::missing, {}};
-  const std::filesystem::file_status status = std::filesystem::status(path, failed);
-  if (!std::filesystem::exists(status)) return {Playable::missing, {}};
-  if (!std::filesystem::is_regular_file(status)) return {Playable::notASong, {}};
-  if (std::filesystem::file_size(path, failed) == 0) return {Playable::empty, {}};
-  return {Playable::yes, nativeText(path)};
+  return checkFile(entry, folder);
 }
 
 }  // namespace plimo
