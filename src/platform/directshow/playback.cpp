@@ -177,7 +177,7 @@ void Playback::onTimer() {
   if (graph_ == nullptr) return;
   const double position = graph_->position();
   heard_ = heard_ || (position > margin && position < graph_->duration() - margin);
-  if (position > 0 || (paused_ && graph_->isCued())) reportDuration();
+  if (heard_ || (paused_ && graph_->isCued())) reportDuration();
   if (position == reported_) return;
   reported_ = position;
   report({.kind = Event::Kind::position, .seconds = position});
