@@ -37,7 +37,7 @@ std::optional<plimo::DriveType> kindOf(std::string_view name) {
 
 bool isFolder(std::string_view path) {
   std::error_code failed;
-  return std::filesystem::is_directory(plimo::nativePath(path), failed);
+  return std::filesystem::is_directory(plimo::toFilesystemPath(path), failed);
 }
 
 // Reads "D=/mnt/music:removable"; nullopt, and the reason, if it is not of this form or there is no such folder.
@@ -65,7 +65,8 @@ std::optional<plimo::NamedDrive> driveOf(const std::string& text, std::string& r
     return std::nullopt;
   }
   std::error_code failed;
-  const std::filesystem::path folder = std::filesystem::absolute(plimo::nativePath(root), failed).lexically_normal();
+  const std::filesystem::path folder =
+      std::filesystem::absolute(plimo::toFilesystemPath(root), failed).lexically_normal();
   if (failed) return std::nullopt;
   drive.root = folder.has_filename() || folder == folder.root_path() ? folder.string() : folder.parent_path().string();
   return drive;
@@ -130,7 +131,7 @@ std::optional<int> readOptions(int count, char** words, Options& options) {
     if (!named) return fail(argumentOf(reason.c_str()));
     options.drives.push_back(*named);
   }
-  options.folder = plimo::nativePath(bytesOf(parser.value(folder)));
+  options.folder = plimo::toFilesystemPath(bytesOf(parser.value(folder)));
   return std::nullopt;
 }
 

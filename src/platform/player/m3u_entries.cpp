@@ -55,7 +55,7 @@ bool isPlaylistName(std::string_view name) {
   return endsWithIgnoringCase(name, ".m3u") || endsWithIgnoringCase(name, ".m3u8");
 }
 
-std::filesystem::path nativePath(std::string_view text) {
+std::filesystem::path toFilesystemPath(std::string_view text) {
   if constexpr (std::is_same_v<NativeCharacter, char>) {
     return std::filesystem::path(std::string(text));
   } else {
@@ -64,7 +64,7 @@ std::filesystem::path nativePath(std::string_view text) {
   }
 }
 
-std::string nativeText(const std::filesystem::path& path) {
+std::string fromFilesystemPath(const std::filesystem::path& path) {
   const auto& name = path.native();
   if constexpr (std::is_same_v<NativeCharacter, char>) {
     return path.string();

@@ -22,8 +22,8 @@ bool isPlaylistName(std::string_view name);
 CheckedEntry checkEntry(std::string_view entry, const std::string& folder);
 
 // A path from a text of the program: the system's bytes, or UTF-8 if its names are UTF-16.
-std::filesystem::path nativePath(std::string_view text);
+std::filesystem::path toFilesystemPath(std::string_view text);
 // The inverse.
-std::string nativeText(const std::filesystem::path& path);
+std::string fromFilesystemPath(const std::filesystem::path& path);
 
 }  // namespace plimo

@@ -14,7 +14,7 @@ namespace {
 constexpr int entriesPerTurn = 200;
 
 std::string displayName(std::string_view entry) {
-  const std::string name = nativeText(nativePath(entry).filename());
+  const std::string name = fromFilesystemPath(toFilesystemPath(entry).filename());
   return name.empty() ? std::string(entry) : name;
 }
 

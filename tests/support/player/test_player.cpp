@@ -83,7 +83,7 @@ std::string silentSong(double seconds) {
 std::string Songs::add(const std::string& name, double seconds) { return addFile(name, silentSong(seconds)); }
 
 std::string Songs::addFile(const std::string& name, const std::string& content) {
-  const std::filesystem::path path = nativePath(folder_ / name);
+  const std::filesystem::path path = toFilesystemPath(folder_ / name);
   std::filesystem::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << content;
   return folder_ / name;
