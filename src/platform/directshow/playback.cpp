@@ -178,6 +178,8 @@ void Playback::onTimer() {
   const double position = graph_->position();
   heard_ = heard_ || (position > margin && position < graph_->duration() - margin);
   if (heard_ || (paused_ && graph_->isCued())) reportDuration();
+  // First that there is a song, then its progress.
+  if (!durationReported_ && !seeked_ && graph_->duration() > 0) return;
   if (position == reported_) return;
   reported_ = position;
   report({.kind = Event::Kind::position, .seconds = position});
