@@ -12,8 +12,8 @@ namespace {
 
 constexpr long silence = -10000;
 
-// A song that ends so early (in seconds) although it is longer has not been decoded.
-constexpr double hardlyPlayed = 0.05;
+// Positions nearer to the start or end of a song (in seconds) do not show that it sounds.
+constexpr double margin = 0.05;
 
 }  // namespace
 
@@ -39,7 +39,8 @@ void Playback::load(std::uint64_t song, const std::string& path, bool paused) {
   durationReported_ = false;
   seeked_ = false;
   reported_ = 0;
-  furthest_ = 0;
+  heard_ = false;
+  played_ = false;
   path_ = widePath(path);
   if (const std::string problem = problemOfFile(path_); !problem.empty()) {
     fail(problem);
@@ -63,7 +64,13 @@ bool Playback::opens(SoundOutput output) {
   return false;
 }
 
-bool Playback::starts() { return SUCCEEDED(paused_ ? graph_->pause() : graph_->run()); }
+bool Playback::starts() {
+  if (!paused_ && !played_) {
+    played_ = true;
+    playingSince_ = std::chrono::steady_clock::now();
+  }
+  return SUCCEEDED(paused_ ? graph_->pause() : graph_->run());
+}
 
 void Playback::stop() {
   graph_ = nullptr;
@@ -141,10 +148,15 @@ void Playback::onGraphEvents(std::uint64_t song) {
   }
 }
 
+// Some decoders accept bytes that are no sound, and end at once.
+bool Playback::hasHardlyPlayed() {
+  const std::chrono::duration<double> time = std::chrono::steady_clock::now() - playingSince_;
+  const double length = graph_->duration();
+  return !seeked_ && !heard_ && (length <= 0 || time.count() < length / 2);
+}
+
 void Playback::onSongEnded() {
-  const double duration = graph_->duration();
-  furthest_ = std::max(furthest_, graph_->position());
-  if (!seeked_ && furthest_ < hardlyPlayed && (duration <= 0 || duration > 2 * hardlyPlayed)) {
+  if (hasHardlyPlayed()) {
     fail(cannotBePlayed);
     return;
   }
@@ -161,10 +173,13 @@ void Playback::reportDuration() {
 }
 
 void Playback::onTimer() {
+  onGraphEvents(song_);
   if (graph_ == nullptr) return;
   const double position = graph_->position();
-  furthest_ = std::max(furthest_, position);
-  if (position > 0 || (paused_ && graph_->isCued())) reportDuration();
+  heard_ = heard_ || (position > margin && position < graph_->duration() - margin);
+  if (heard_ || (paused_ && graph_->isCued())) reportDuration();
+  // First that there is a song, then its progress.
+  if (!durationReported_ && !seeked_ && graph_->duration() > 0) return;
   if (position == reported_) return;
   reported_ = position;
   report({.kind = Event::Kind::position, .seconds = position});

@@ -1,6 +1,7 @@
 // Plays one song after the other, on a thread with a message loop. Each function may take as long as the disk does.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -41,6 +42,7 @@ class Playback {
   void continueInSilence();
   void onSongEnded();
   void fail(const std::string& reason);
+  bool hasHardlyPlayed();
   void reportDuration();
   void report(Event event);
   void applyVolume();
@@ -55,8 +57,10 @@ class Playback {
   bool paused_ = false;
   bool durationReported_ = false;
   bool seeked_ = false;
-  double reported_ = 0;  // position
-  double furthest_ = 0;  // position at which the song has been
+  bool played_ = false;                                 // not only paused
+  double reported_ = 0;                                 // position
+  bool heard_ = false;                                  // a position within the song has been seen
+  std::chrono::steady_clock::time_point playingSince_;  // when the song was first told to play
   int volume_ = 100;
   bool muted_ = false;
 };

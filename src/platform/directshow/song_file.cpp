@@ -2,19 +2,31 @@
 
 #include <windows.h>
 
-#include "base/utf16.h"
 #include "platform/player/song_engine.h"
+#include "platform/windows_paths/path_rules.h"
+#include "platform/windows_paths/wtf8.h"
 
 namespace plimo {
 
+namespace {
+
+std::wstring wide(std::string_view text) {
+  const std::u16string units = wtf8ToUtf16(text);
+  return {units.begin(), units.end()};
+}
+
+// False for a name that the system would change: a long one, a device's, one that ends in a dot or a blank.
+bool isTakenAsItIs(const std::wstring& path) {
+  wchar_t full[MAX_PATH];
+  return path.size() < MAX_PATH && ::GetFullPathNameW(path.c_str(), MAX_PATH, full, nullptr) == path.size() &&
+         path == full;
+}
+
+}  // namespace
+
 std::wstring widePath(std::string_view path) {
-  const std::u16string units = utf16FromUtf8(path);
-  std::wstring result(units.begin(), units.end());
-  if (result.size() < MAX_PATH || result.starts_with(L"\\\\?\\")) return result;
-  for (wchar_t& character : result) {
-    if (character == L'/') character = L'\\';
-  }
-  return result.starts_with(L"\\\\") ? L"\\\\?\\UNC" + result.substr(1) : L"\\\\?\\" + result;
+  std::wstring result = wide(path);
+  return isTakenAsItIs(result) ? result : wide(extendedPath(path));
 }
 
 std::string problemOfFile(const std::wstring& path) {

@@ -6,7 +6,7 @@
 
 namespace plimo {
 
-// The absolute path in UTF-16; in the long form ("\\?\C:\...") if older functions would not take it.
+// An absolute path in UTF-16; in the extended form ("\\?\C:\...") if the system would change the plain one.
 std::wstring widePath(std::string_view path);
 
 // Why the song cannot be read, as a clause for the user; empty if it can. May wait for the disk.

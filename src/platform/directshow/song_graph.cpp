@@ -134,8 +134,10 @@ double SongGraph::duration() {
 
 double SongGraph::position() {
   LONGLONG units = 0;
-  const bool known = SUCCEEDED(seeking_->GetCurrentPosition(&units));
-  return known ? std::max(0.0, static_cast<double>(units) / unitsPerSecond) : 0;
+  if (FAILED(seeking_->GetCurrentPosition(&units))) return 0;
+  const double seconds = static_cast<double>(units) / unitsPerSecond;
+  const double length = duration();
+  return std::clamp(seconds, 0.0, length > 0 ? length : std::max(0.0, seconds));
 }
 
 bool SongGraph::seek(double seconds) {

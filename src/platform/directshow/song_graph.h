@@ -37,7 +37,7 @@ class SongGraph {
   bool isCued();
   // Seconds; 0 if unknown.
   double duration();
-  double position();
+  double position();  // at most the duration
   bool seek(double seconds);
   // Hundredths of a decibel, -10000 (silent) to 0.
   void setVolume(long hundredths);

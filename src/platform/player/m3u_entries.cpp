@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <cctype>
-#include <system_error>
 #include <type_traits>
 
 #include "base/text.h"
-#include "base/utf16.h"
+#include "platform/windows_paths/wtf8.h"
 
 namespace plimo {
 
@@ -60,7 +59,7 @@ std::filesystem::path toFilesystemPath(std::string_view text) {
   if constexpr (std::is_same_v<NativeCharacter, char>) {
     return std::filesystem::path(std::string(text));
   } else {
-    const std::u16string units = utf16FromUtf8(text);
+    const std::u16string units = wtf8ToUtf16(text);
     return std::filesystem::path(std::basic_string<NativeCharacter>(units.begin(), units.end()));
   }
 }
@@ -70,23 +69,14 @@ std::string fromFilesystemPath(const std::filesystem::path& path) {
   if constexpr (std::is_same_v<NativeCharacter, char>) {
     return path.string();
   } else {
-    return utf8FromUtf16(std::u16string(name.begin(), name.end()));
+    return utf16ToWtf8(std::u16string(name.begin(), name.end()));
   }
 }
 
-CheckedEntry checkEntry(std::string_view entry, const std::filesystem::path& folder) {
+CheckedEntry checkEntry(std::string_view entry, const std::string& folder) {
   if (hasUrlScheme(entry) || entry.find('\0') != std::string_view::npos) return {Playable::notLocal, {}};
   if (isPlaylistName(entry)) return {Playable::notASong, {}};
-  const std::filesystem::path name = toFilesystemPath(entry);
-  if (name.empty()) return {Playable::missing, {}};
-  std::error_code failed;
-  const std::filesystem::path path = std::filesystem::absolute(folder / name, failed);
-  if (failed) return {Playable::missing, {}};
-  const std::filesystem::file_status status = std::filesystem::status(path, failed);
-  if (!std::filesystem::exists(status)) return {Playable::missing, {}};
-  if (!std::filesystem::is_regular_file(status)) return {Playable::notASong, {}};
-  if (std::filesystem::file_size(path, failed) == 0) return {Playable::empty, {}};
-  return {Playable::yes, fromFilesystemPath(path)};
+  return checkFile(entry, folder);
 }
 
 }  // namespace plimo

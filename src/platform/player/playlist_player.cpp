@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <fstream>
-#include <system_error>
 #include <utility>
 
 #include "platform/player/m3u_entries.h"
@@ -88,20 +86,13 @@ void PlaylistPlayer::readEntries(const std::string& path) {
     entries_.push_back(path);
     return;
   }
-  const std::filesystem::path file = toFilesystemPath(path);
-  std::error_code ignored;
-  if (!std::filesystem::is_regular_file(file, ignored)) {
+  const auto text = readPlaylistFile(path);
+  if (!text) {
     state_.note = "Skipped " + displayName(path) + ": there is no such playlist.";
     return;
   }
-  folder_ = file.parent_path();
-  // No more than its size, so that reading ends even if a device has taken the file's name meanwhile.
-  const std::uintmax_t size = std::filesystem::file_size(file, ignored);
-  std::string text(ignored ? 0 : static_cast<std::size_t>(size), '\0');
-  std::ifstream stream(file, std::ios::binary);
-  stream.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<std::size_t>(stream.gcount()));
-  entries_ = m3uEntries(text);
+  folder_ = folderOfPlaylist(path);
+  entries_ = m3uEntries(*text);
 }
 
 void PlaylistPlayer::stop() {

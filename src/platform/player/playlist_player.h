@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -96,7 +95,7 @@ class PlaylistPlayer : public MediaPlayer {
   bool newStreamPending_ = false;
 
   std::vector<std::string> entries_;  // as in the playlist
-  std::filesystem::path folder_;      // of the playlist, for relative entries
+  std::string folder_;                // of the playlist, for relative entries
   std::size_t candidate_ = 0;         // index of the entry to try next; entries_.size() after the end of the list
   Direction direction_ = Direction::forwards;
   std::size_t resumeIndex_ = 0;   // continued from, forwards, if there is no playable song before

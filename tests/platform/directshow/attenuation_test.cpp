@@ -1,4 +1,4 @@
-// The scale of the volume.
+// The scale of the volume, and the names of files.
 #include <gtest/gtest.h>
 
 #include "platform/directshow/playback.h"
@@ -18,9 +18,10 @@ TEST(Attenuation, IsTheCubeOfTheVolumeInDecibels) {
   EXPECT_EQ(attenuation(1), -10000) << "no less than silence";
 }
 
-TEST(WidePath, OfAnyLengthIsAccepted) {
+TEST(WidePath, IsExtendedOnlyIfTheSystemWouldChangeIt) {
   const std::string name(300, 'x');
   EXPECT_EQ(widePath("C:\\a.mp3"), L"C:\\a.mp3");
+  EXPECT_EQ(widePath("C:\\a.mp3 "), L"\\\\?\\C:\\a.mp3 ");
   EXPECT_EQ(widePath("C:\\" + name), L"\\\\?\\C:\\" + std::wstring(300, L'x'));
   EXPECT_EQ(widePath("\\\\host\\" + name), L"\\\\?\\UNC\\host\\" + std::wstring(300, L'x'));
 }

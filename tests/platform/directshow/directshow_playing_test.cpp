@@ -2,7 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <filesystem>
+#include <system_error>
 
 #include "support/player/test_player.h"
 
@@ -185,6 +186,15 @@ TEST_F(DirectShowPlaying, UnusualNamesArePlayed) {
   EXPECT_TRUE(test.untilEnd());
   EXPECT_THAT(test.notes, IsEmpty());
   EXPECT_EQ(test.played, names);
+}
+
+TEST_F(DirectShowPlaying, ALongPathIsPlayed) {
+  std::string folder;
+  for (int i = 0; i < 8; ++i) folder += std::string(40, static_cast<char>('a' + i)) + "/";
+  test.player.open(songs.list({songs.add(folder + "long.mp3", 0.5)}));
+  EXPECT_TRUE(test.untilEnd());
+  EXPECT_THAT(test.notes, IsEmpty());
+  EXPECT_THAT(test.played, ElementsAre("long.mp3"));
 }
 
 TEST(DirectShowPlayer, CanBeDestroyedAtAnyTime) {

@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 #include <thread>
+
+#include "platform/player/m3u_entries.h"
 
 namespace plimo {
 
@@ -79,7 +83,9 @@ std::string silentSong(double seconds) {
 std::string Songs::add(const std::string& name, double seconds) { return addFile(name, silentSong(seconds)); }
 
 std::string Songs::addFile(const std::string& name, const std::string& content) {
-  writeFile(folder_ / name, content);
+  const std::filesystem::path path = toFilesystemPath(folder_ / name);
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << content;
   return folder_ / name;
 }
 
