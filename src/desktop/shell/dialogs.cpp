@@ -13,9 +13,9 @@
 
 #include "app/program.h"
 #include "base/text.h"
-#include "base/utf16.h"
 #include "desktop/theme/scaling.h"
 #include "desktop/theme/strings.h"
+#include "platform/windows_paths/wtf8.h"
 
 namespace plimo {
 
@@ -114,10 +114,10 @@ class Box : public QMessageBox {
   }
 };
 
-QString nativeName(const std::string& bytes) { return QString::fromStdU16String(utf16FromUtf8(bytes)); }
+QString nativeName(const std::string& bytes) { return QString::fromStdU16String(wtf8ToUtf16(bytes)); }
 
 // A path as the machine writes it: the toolkit separates its parts by "/" on every machine.
-std::string nativeBytes(const QString& name) { return utf8FromUtf16(QDir::toNativeSeparators(name).toStdU16String()); }
+std::string nativeBytes(const QString& name) { return utf16ToWtf8(QDir::toNativeSeparators(name).toStdU16String()); }
 
 bool namesPattern(const std::string& name) { return name.find('*') != std::string::npos; }
 
@@ -205,7 +205,7 @@ std::string DesktopDialogs::input(const std::string& boxTitle, const std::string
   box.setFixedSize(scaledForBoxes(inputWidth), box.sizeHint().height());
   if (box.exec() != QDialog::Accepted) return {};
   // An unchanged name keeps its bytes, even if they are not valid text.
-  return box.textValue() == shown ? proposed : utf8FromUtf16(box.textValue().toStdU16String());
+  return box.textValue() == shown ? proposed : utf16ToWtf8(box.textValue().toStdU16String());
 }
 
 std::optional<std::string> DesktopDialogs::openFile(const FileDialog& request) {
