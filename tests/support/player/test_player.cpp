@@ -1,15 +1,13 @@
-#include "platform/mpv/test_player.h"
-
-#include <dlfcn.h>
+#include "support/player/test_player.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <thread>
 
-// Suppresses a known leak in builds with LeakSanitizer: SDL, the last audio output that libmpv tries, leaks at each
-// initialisation.
-extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() { return "leak:libSDL2"; }
+#include "platform/player/m3u_entries.h"
 
 namespace plimo {
 
@@ -21,14 +19,6 @@ using Clock = std::chrono::steady_clock;
 constexpr std::chrono::seconds timeout{30};
 
 }  // namespace
-
-void* soundLibraryFunction(const char* name) {
-  static void* const library = [] {
-    void* newest = ::dlopen("libmpv.so.2", RTLD_NOW);
-    return newest != nullptr ? newest : ::dlopen("libmpv.so.1", RTLD_NOW);
-  }();
-  return library == nullptr ? nullptr : ::dlsym(library, name);
-}
 
 void TaskQueue::post(std::function<void()> action) {
   const std::lock_guard lock(mutex_);
@@ -45,14 +35,9 @@ void TaskQueue::runPending() {
   for (const auto& action : now) action();
 }
 
-TestPlayer::TestPlayer(std::function<void*(const char* name)> resolve)
-    : resolve_(std::move(resolve)),
-      player({[this](std::function<void()> action) { tasks_.post(std::move(action)); },
-              [this](const char* name) {
-                ++resolved;
-                return resolve_(name);
-              },
-              [this] { return listening; }}) {
+TestPlayer::TestPlayer(StartEngine startEngine)
+    : player({[this](std::function<void()> action) { tasks_.post(std::move(action)); }, std::move(startEngine),
+              [](const std::function<void()>& work) { std::thread(work).join(); }, [this] { return listening; }}) {
   player.newStream = [this] {
     lengths.push_back(player.duration());
     played.push_back(state().song);
@@ -98,7 +83,9 @@ std::string silentSong(double seconds) {
 std::string Songs::add(const std::string& name, double seconds) { return addFile(name, silentSong(seconds)); }
 
 std::string Songs::addFile(const std::string& name, const std::string& content) {
-  writeFile(folder_ / name, content);
+  const std::filesystem::path path = toFilesystemPath(folder_ / name);
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << content;
   return folder_ / name;
 }
 

@@ -1,13 +1,10 @@
-#include "platform/mpv/mpv_player.h"
+#include "platform/player/playlist_player.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <fstream>
-#include <system_error>
 #include <utility>
 
-#include "platform/mpv/m3u_entries.h"
-#include "platform/mpv/mpv_engine.h"
+#include "platform/player/m3u_entries.h"
 
 namespace plimo {
 
@@ -17,7 +14,7 @@ namespace {
 constexpr int entriesPerTurn = 200;
 
 std::string displayName(std::string_view entry) {
-  const std::string name = nativeText(nativePath(entry).filename());
+  const std::string name = fromFilesystemPath(toFilesystemPath(entry).filename());
   return name.empty() ? std::string(entry) : name;
 }
 
@@ -38,29 +35,35 @@ const char* skipReason(Playable playable) {
 
 }  // namespace
 
-MpvPlayer::MpvPlayer(MpvHooks hooks) : hooks_(std::move(hooks)) {}
+PlaylistPlayer::PlaylistPlayer(PlayerHooks hooks) : hooks_(std::move(hooks)) {}
 
-MpvPlayer::~MpvPlayer() { *alive_ = false; }
+PlaylistPlayer::~PlaylistPlayer() { *alive_ = false; }
 
-void MpvPlayer::notifyChanged() {
+void PlaylistPlayer::notifyChanged() {
   if (changed) changed();
 }
 
-bool MpvPlayer::startEngine() {
+bool PlaylistPlayer::startEngine() {
   if (engine_ != nullptr) return true;
-  auto engine = std::make_unique<Engine>([this, alive = alive_] {
-    hooks_.post([this, alive] {
-      if (*alive) drainEvents();
-    });
-  });
-  if (!engine->start(hooks_.resolve)) return false;
-  engine_ = std::move(engine);
+  const EngineHost host{[this, post = hooks_.post, alive = alive_] {
+                          post([this, alive] {
+                            if (*alive) drainEvents();
+                          });
+                        },
+                        hooks_.runInBackground};
+  engine_ = hooks_.startEngine(host, state_.note);
+  if (engine_ == nullptr) return false;
   engine_->setVolume(state_.volume);
   engine_->setMuted(state_.muted);
   return true;
 }
 
-void MpvPlayer::open(const std::string& path) {
+void PlaylistPlayer::stopEngine() {
+  song_ = 0;
+  if (engine_ != nullptr) engine_->stop();
+}
+
+void PlaylistPlayer::open(const std::string& path) {
   stop();
   entries_.clear();
   state_.note.clear();
@@ -69,7 +72,6 @@ void MpvPlayer::open(const std::string& path) {
   readEntries(path);
   state_.count = entries_.size();
   if (!startEngine()) {
-    state_.note = "Nothing can be played here: the sound library libmpv is missing.";
     notifyChanged();
   } else if (!entries_.empty()) {
     playFrom(0, Direction::forwards, !autoStart_);
@@ -78,31 +80,24 @@ void MpvPlayer::open(const std::string& path) {
   }
 }
 
-void MpvPlayer::readEntries(const std::string& path) {
+void PlaylistPlayer::readEntries(const std::string& path) {
   folder_.clear();
   if (!isPlaylistName(path)) {
     entries_.push_back(path);
     return;
   }
-  const std::filesystem::path file = nativePath(path);
-  std::error_code ignored;
-  if (!std::filesystem::is_regular_file(file, ignored)) {
+  const auto text = readPlaylistFile(path);
+  if (!text) {
     state_.note = "Skipped " + displayName(path) + ": there is no such playlist.";
     return;
   }
-  folder_ = file.parent_path();
-  // No more than its size, so that reading ends even if a device has taken the file's name meanwhile.
-  const std::uintmax_t size = std::filesystem::file_size(file, ignored);
-  std::string text(ignored ? 0 : static_cast<std::size_t>(size), '\0');
-  std::ifstream stream(file, std::ios::binary);
-  stream.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<std::size_t>(stream.gcount()));
-  entries_ = m3uEntries(text);
+  folder_ = folderOfPlaylist(path);
+  entries_ = m3uEntries(*text);
 }
 
-void MpvPlayer::stop() {
+void PlaylistPlayer::stop() {
   ++generation_;
-  if (engine_ != nullptr) engine_->stop();
+  stopEngine();
   newStreamPending_ = false;
   state_.opened = false;
   state_.searching = false;
@@ -114,21 +109,21 @@ void MpvPlayer::stop() {
 }
 
 // The name is never read back.
-void MpvPlayer::setFileName(const std::string&) {}
+void PlaylistPlayer::setFileName(const std::string&) {}
 
-void MpvPlayer::setShowControls(bool on) {
+void PlaylistPlayer::setShowControls(bool on) {
   state_.showControls = on;
   notifyChanged();
 }
 
-void MpvPlayer::setEnabled(bool on) {
+void PlaylistPlayer::setEnabled(bool on) {
   state_.enabled = on;
   notifyChanged();
 }
 
 // Plays the entry, or the next playable one in the direction. Stops the current song.
-void MpvPlayer::playFrom(std::size_t index, Direction direction, bool paused) {
-  if (state_.opened) engine_->stop();
+void PlaylistPlayer::playFrom(std::size_t index, Direction direction, bool paused) {
+  if (state_.opened) stopEngine();
   resumeIndex_ = state_.index;
   direction_ = direction;
   startPaused_ = paused;
@@ -138,7 +133,7 @@ void MpvPlayer::playFrom(std::size_t index, Direction direction, bool paused) {
   searchPlayable();
 }
 
-void MpvPlayer::searchPlayable() {
+void PlaylistPlayer::searchPlayable() {
   ++generation_;
   state_.opened = false;
   for (int i = 0; i < entriesPerTurn; ++i) {
@@ -160,7 +155,7 @@ void MpvPlayer::searchPlayable() {
   });
 }
 
-void MpvPlayer::load(const std::string& path) {
+void PlaylistPlayer::load(const std::string& path) {
   durationKnown_ = false;
   newStreamPending_ = false;
   state_.searching = false;
@@ -170,12 +165,13 @@ void MpvPlayer::load(const std::string& path) {
   state_.song = displayName(path);
   state_.duration = 0;
   state_.position = 0;
-  engine_->load(path, startPaused_);
+  song_ = ++lastSong_;
+  engine_->load(song_, path, startPaused_);
   notifyChanged();
 }
 
 // Moves from the candidate to the next entry in the direction.
-void MpvPlayer::skipEntry(const char* reason) {
+void PlaylistPlayer::skipEntry(const std::string& reason) {
   ++skippedCount_;
   const std::string name = displayName(entries_[candidate_]) + ": " + reason + ".";
   state_.note = skippedCount_ == 1 ? "Skipped " + name
@@ -193,7 +189,7 @@ void MpvPlayer::skipEntry(const char* reason) {
   }
 }
 
-void MpvPlayer::onListEnded() {
+void PlaylistPlayer::onListEnded() {
   state_.searching = false;
   state_.opened = false;
   state_.paused = true;
@@ -204,67 +200,73 @@ void MpvPlayer::onListEnded() {
   notifyChanged();
 }
 
-void MpvPlayer::onSongEnded(bool failed) {
-  if (!state_.opened) return;
-  if (failed) {
-    startPaused_ = state_.paused;
-    skipEntry("it cannot be played");
-  } else {
-    startPaused_ = false;
-    direction_ = Direction::forwards;
-    skippedCount_ = 0;
-    anyPlayed_ = true;
-    state_.note.clear();
-    candidate_ = state_.index + 1;
-  }
+void PlaylistPlayer::onSongEnded() {
+  startPaused_ = false;
+  direction_ = Direction::forwards;
+  skippedCount_ = 0;
+  anyPlayed_ = true;
+  state_.note.clear();
+  candidate_ = state_.index + 1;
   searchPlayable();
 }
 
-void MpvPlayer::onDuration(double seconds) {
+void PlaylistPlayer::onSongFailed(const std::string& reason) {
+  startPaused_ = state_.paused;
+  skipEntry(reason);
+  searchPlayable();
+}
+
+void PlaylistPlayer::onDuration(double seconds) {
   state_.duration = seconds;
-  if (durationKnown_ || !state_.opened || seconds <= 0) return;
+  if (durationKnown_ || seconds <= 0) return;
   anyPlayed_ = true;
   durationKnown_ = true;
   newStreamPending_ = true;
   raiseNewStream();
 }
 
-void MpvPlayer::raiseNewStream() {
+void PlaylistPlayer::raiseNewStream() {
   if (!newStreamPending_ || !hooks_.listening()) return;
   newStreamPending_ = false;
   if (newStream) newStream();
 }
 
-void MpvPlayer::drainEvents() {
+void PlaylistPlayer::onEvent(const SongEngine::Event& event) {
+  using Kind = SongEngine::Event::Kind;
+  switch (event.kind) {
+    case Kind::duration:
+      onDuration(event.seconds);
+      break;
+    case Kind::position:
+      state_.position = std::max(0.0, event.seconds);
+      break;
+    case Kind::paused:
+      state_.paused = event.paused;
+      break;
+    case Kind::ended:
+      song_ = 0;
+      onSongEnded();
+      break;
+    case Kind::failed:
+      song_ = 0;
+      onSongFailed(event.reason);
+      break;
+    case Kind::none:
+      break;
+  }
+}
+
+void PlaylistPlayer::drainEvents() {
   raiseNewStream();
   if (engine_ == nullptr) return;
-  Engine::Event event;
+  SongEngine::Event event;
   while (engine_->nextEvent(event)) {
-    using Kind = Engine::Event::Kind;
-    switch (event.kind) {
-      case Kind::duration:
-        onDuration(event.seconds);
-        break;
-      case Kind::position:
-        state_.position = std::max(0.0, event.seconds);
-        break;
-      case Kind::paused:
-        state_.paused = event.paused || !state_.opened;
-        break;
-      case Kind::ended:
-        onSongEnded(false);
-        break;
-      case Kind::failed:
-        onSongEnded(true);
-        break;
-      case Kind::none:
-        break;
-    }
+    if (song_ != 0 && event.song == song_) onEvent(event);
   }
   notifyChanged();
 }
 
-void MpvPlayer::playOrPause() {
+void PlaylistPlayer::playOrPause() {
   if (engine_ == nullptr || entries_.empty()) return;
   if (state_.opened) {
     engine_->setPaused(!state_.paused);
@@ -273,12 +275,12 @@ void MpvPlayer::playOrPause() {
   }
 }
 
-void MpvPlayer::next() {
+void PlaylistPlayer::next() {
   if (engine_ == nullptr || state_.index + 1 >= entries_.size()) return;
   playFrom(state_.index + 1, Direction::forwards, false);
 }
 
-void MpvPlayer::previous() {
+void PlaylistPlayer::previous() {
   constexpr double nearStart = 3;  // seconds; after that, the current song restarts
   if (engine_ == nullptr || entries_.empty()) return;
   if (state_.opened && (state_.position > nearStart || state_.index == 0)) {
@@ -290,20 +292,20 @@ void MpvPlayer::previous() {
   }
 }
 
-void MpvPlayer::seek(double seconds) {
+void PlaylistPlayer::seek(double seconds) {
   if (engine_ == nullptr || !state_.opened) return;
   state_.position = std::clamp(seconds, 0.0, std::max(0.0, state_.duration));
   engine_->seek(state_.position);
   notifyChanged();
 }
 
-void MpvPlayer::setVolume(int percent) {
+void PlaylistPlayer::setVolume(int percent) {
   state_.volume = std::clamp(percent, 0, 100);
   if (engine_ != nullptr) engine_->setVolume(state_.volume);
   notifyChanged();
 }
 
-void MpvPlayer::setMuted(bool muted) {
+void PlaylistPlayer::setMuted(bool muted) {
   state_.muted = muted;
   if (engine_ != nullptr) engine_->setMuted(muted);
   notifyChanged();

@@ -1,4 +1,4 @@
-// A player with the real libmpv, and the task queue of the program's thread.
+// A player on an engine, and the task queue of the program's thread.
 #pragma once
 
 #include <condition_variable>
@@ -8,13 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/mpv/mpv_player.h"
+#include "platform/player/native_engine.h"
+#include "platform/player/playlist_player.h"
 #include "support/temporary_folder.h"
 
 namespace plimo {
-
-// A function of libmpv; null if the library or the function is missing.
-void* soundLibraryFunction(const char* name);
 
 // Tasks for the program's thread.
 class TaskQueue {
@@ -31,7 +29,7 @@ class TaskQueue {
 
 class TestPlayer {
  public:
-  explicit TestPlayer(std::function<void*(const char* name)> resolve = soundLibraryFunction);
+  explicit TestPlayer(StartEngine startEngine = startNativeEngine);
 
   // Processes events until the condition is true; false on a timeout.
   bool until(const std::function<bool()>& condition);
@@ -41,17 +39,15 @@ class TestPlayer {
   // Processes the events that are already on their way.
   void settle();
 
-  const MpvPlayer::State& state() const { return player.state(); }
+  const PlaylistPlayer::State& state() const { return player.state(); }
   const std::string& note() const { return player.state().note; }
 
  private:
   TaskQueue tasks_;
-  std::function<void*(const char* name)> resolve_;
 
  public:
-  int resolved = 0;  // functions resolved
   bool listening = true;
-  MpvPlayer player;
+  PlaylistPlayer player;
   std::vector<double> lengths;      // the duration at each newStream, in seconds
   std::vector<std::string> played;  // the song at each newStream
   std::vector<std::string> notes;   // each note, without consecutive repetitions

@@ -1,15 +1,17 @@
-#include "platform/mpv/m3u_entries.h"
+#include "platform/player/m3u_entries.h"
 
 #include <algorithm>
 #include <cctype>
-#include <system_error>
 #include <type_traits>
 
 #include "base/text.h"
+#include "platform/windows_paths/wtf8.h"
 
 namespace plimo {
 
 namespace {
+
+using NativeCharacter = std::filesystem::path::value_type;
 
 bool endsWithIgnoringCase(std::string_view text, std::string_view ending) {
   if (text.size() < ending.size()) return false;
@@ -53,40 +55,28 @@ bool isPlaylistName(std::string_view name) {
   return endsWithIgnoringCase(name, ".m3u") || endsWithIgnoringCase(name, ".m3u8");
 }
 
-std::filesystem::path nativePath(std::string_view bytes) {
-  if constexpr (std::is_same_v<std::filesystem::path::value_type, char>) {
-    return std::filesystem::path(std::string(bytes));
+std::filesystem::path toFilesystemPath(std::string_view text) {
+  if constexpr (std::is_same_v<NativeCharacter, char>) {
+    return std::filesystem::path(std::string(text));
   } else {
-    try {
-      return std::filesystem::path(std::u8string(bytes.begin(), bytes.end()));
-    } catch (const std::system_error&) {
-      return {};
-    }
+    const std::u16string units = wtf8ToUtf16(text);
+    return std::filesystem::path(std::basic_string<NativeCharacter>(units.begin(), units.end()));
   }
 }
 
-std::string nativeText(const std::filesystem::path& path) {
-  if constexpr (std::is_same_v<std::filesystem::path::value_type, char>) {
+std::string fromFilesystemPath(const std::filesystem::path& path) {
+  const auto& name = path.native();
+  if constexpr (std::is_same_v<NativeCharacter, char>) {
     return path.string();
   } else {
-    const std::u8string text = path.u8string();
-    return std::string(text.begin(), text.end());
+    return utf16ToWtf8(std::u16string(name.begin(), name.end()));
   }
 }
 
-CheckedEntry checkEntry(std::string_view entry, const std::filesystem::path& folder) {
+CheckedEntry checkEntry(std::string_view entry, const std::string& folder) {
   if (hasUrlScheme(entry) || entry.find('\0') != std::string_view::npos) return {Playable::notLocal, {}};
   if (isPlaylistName(entry)) return {Playable::notASong, {}};
-  const std::filesystem::path name = nativePath(entry);
-  if (name.empty()) return {Playable::missing, {}};
-  std::error_code failed;
-  const std::filesystem::path path = std::filesystem::absolute(folder / name, failed);
-  if (failed) return {Playable::missing, {}};
-  const std::filesystem::file_status status = std::filesystem::status(path, failed);
-  if (!std::filesystem::exists(status)) return {Playable::missing, {}};
-  if (!std::filesystem::is_regular_file(status)) return {Playable::notASong, {}};
-  if (std::filesystem::file_size(path, failed) == 0) return {Playable::empty, {}};
-  return {Playable::yes, nativeText(path)};
+  return checkFile(entry, folder);
 }
 
 }  // namespace plimo
