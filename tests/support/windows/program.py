@@ -20,6 +20,8 @@ ROW = 18
 ACCEPT = (1018, 942)
 CLOSE_WELCOME = (478, 942)
 FIRST_DRIVE = (702, 341)
+# Where there is no control in any view.
+EMPTY = (640, 8)
 
 
 def _xdotool(*words):
@@ -77,6 +79,11 @@ class WindowsProgram:
             return window if "WIDTH=1280" in lines else None
 
         self.main = wait(main_window, "the main window", 30)
+        self.activate()
+
+    def activate(self):
+        """Clicks into the window where nothing is, for the keyboard focus."""
+        screen.click(EMPTY)
         wait(self.main_is_active, "the main window to be active")
 
     def main_is_active(self):
@@ -110,10 +117,13 @@ class WindowsProgram:
 
     def type_path(self, path):
         """Types a path into a file dialog, and accepts it."""
-        self.box()
+        title = self.box()
         screen.key("alt+n")
         screen.type_text(path)
-        self.answer("Return")
+        screen.key("Return")
+        wait(lambda: not _xdotool("search", "--onlyvisible", "--name", f"^{title}$"), "the dialog to close")
+        # Wine leaves no window active after a dialog of the system's.
+        self.activate()
 
     def tick(self, name, row):
         """Clicks the check box of a row."""

@@ -119,3 +119,8 @@ class WindowsTestCase(unittest.TestCase):
         screen.key("alt+f", "a")
         self.program.answer("n")
         self.program.type_path(self.windows(self.data / name))
+
+    def assert_saved(self, name, content):
+        """Waits until the playlist of this name has been saved. Wine's dialog adds the ending of the file type, as that of
+        Windows does only if it is asked to; the program adds its own."""
+        self.assert_file(self.data / (name + ".m3u.m3u"), content)
