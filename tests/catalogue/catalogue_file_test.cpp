@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <functional>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "catalogue/catalogue_join.h"
@@ -136,6 +135,7 @@ TEST_F(CatalogueFileTest, AJoinReturnsEachKeysRecordsInOrder) {
 
 // Another program truncates the catalogue while it is read.
 TEST_F(CatalogueFileTest, FailsIfItIsTruncatedMeanwhile) {
+  if (!largeViewsAreMapped) GTEST_SKIP() << "what has been opened is a copy here";
   const auto errorOf = [](const std::function<void()>& call) {
     try {
       call();
@@ -146,9 +146,8 @@ TEST_F(CatalogueFileTest, FailsIfItIsTruncatedMeanwhile) {
   };
   for (const std::size_t size : {large / 8, large}) {  // one reader, two readers
     addSongs(size);
-    std::error_code failure;
-    const auto truncateOnce = [&] {
-      if (!truncatedMeanwhile_.exchange(true)) std::filesystem::resize_file(folder_ / "plimo.kvx", 5000, failure);
+    const auto truncateOnce = [this] {
+      if (!truncatedMeanwhile_.exchange(true)) std::filesystem::resize_file(folder_ / "plimo.kvx", 5000);
     };
     for (const OnTruncation end : {OnTruncation::fail, OnTruncation::ignore}) {
       CatalogueFile catalogue(*files_, writeCatalogue());
@@ -157,8 +156,7 @@ TEST_F(CatalogueFileTest, FailsIfItIsTruncatedMeanwhile) {
                   catalogue.parallelCollect<CollectedFields>(
                       end, [&](CollectedFields&, std::span<const CatalogueRecord>) { truncateOnce(); });
                 }),
-                failure ? 0 : 75);
-      if (failure) GTEST_SKIP() << "the system does not allow it: " << failure.message();
+                75);
     }
     CatalogueFile catalogue(*files_, writeCatalogue());
     truncatedMeanwhile_ = false;

@@ -1,6 +1,7 @@
 // Runs scenarios given as text.
 #pragma once
 
+#include <filesystem>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -24,7 +25,7 @@ struct TextFile {
 // Writes the files into a temporary folder and runs the first `scenarios` of them.
 inline ScenarioResult runScenarioFiles(const std::vector<TextFile>& files, std::size_t scenarios = 1) {
   const TemporaryFolder folder;
-  const std::string prefix = folder.path() + "/";
+  const std::string prefix = std::filesystem::path(folder.path()).generic_string() + "/";
   std::vector<std::string> paths;
   for (const TextFile& file : files) {
     const std::string path = prefix + file.path;

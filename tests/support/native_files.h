@@ -11,4 +11,8 @@ namespace plimo {
 // With a drive C whose root is this folder.
 std::unique_ptr<FileSystemObject> nativeFilesIn(const std::string& root);
 
+// True if a view of a large file is mapped, so that it changes if another program changes the file; false if it is a
+// copy.
+extern const bool largeViewsAreMapped;
+
 }  // namespace plimo

@@ -2,7 +2,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstring>
 #include <memory>
 #include <string>
 #include <utility>
@@ -17,29 +16,24 @@ namespace {
 
 constexpr std::size_t readBlock = std::size_t{1} << 24;  // bytes; network drives refuse very large reads
 
-// The whole content. A mapped file could be neither truncated nor, on some file systems, replaced or deleted by anyone,
-// this program included, and a page that a drive no longer delivers would raise an exception in the reader. Reading the
-// largest catalogue costs less than its join.
+// The whole content, which nothing can change any more. A mapped file could be neither truncated nor, on some file
+// systems, replaced or deleted by anyone, this program included, and a page that a drive no longer delivers would raise
+// an exception in the reader. Reading the largest catalogue costs less than its join.
 class CopiedView : public FileView {
  public:
-  explicit CopiedView(std::unique_ptr<char[]> content, std::size_t size, std::string_view path, UniqueHandle file,
-                      const FileStatus& status)
-      : content_(std::move(content)), size_(size), path_(path), file_(std::move(file)), status_(status) {}
+  CopiedView(std::unique_ptr<char[]> content, std::size_t size) : content_(std::move(content)), size_(size) {}
   std::string_view bytes() const override { return {content_.get(), size_}; }
-  void throwIfChanged() const override {
-    const auto now = statusOf(file_.get());
-    if (!now || now->size != status_.size || ::CompareFileTime(&now->written, &status_.written) != 0) {
-      throwError(ErrorNumber::pathFileAccess, path_);
-    }
-  }
 
  private:
   std::unique_ptr<char[]> content_;
   std::size_t size_;
-  std::string path_;
-  UniqueHandle file_;
-  FileStatus status_;
 };
+
+// True if another program has written to the file, or truncated it, since it had this status.
+bool isChanged(HANDLE file, const FileStatus& before) {
+  const auto now = statusOf(file);
+  return !now || now->size != before.size || ::CompareFileTime(&now->written, &before.written) != 0;
+}
 
 // False on failure, and if the file ends before.
 bool readAll(HANDLE file, char* content, std::size_t size) {
@@ -74,10 +68,8 @@ std::unique_ptr<FileView> WindowsFiles::openForReading(std::string_view path) {
   if (!status || status->isFolder() || ::GetFileType(file.get()) != FILE_TYPE_DISK) fail(ERROR_ACCESS_DENIED);
   const auto size = static_cast<std::size_t>(status->size);
   std::unique_ptr<char[]> content(new char[size]);  // not filled with zeros first
-  if (!readAll(file.get(), content.get(), size)) fail(ERROR_READ_FAULT);
-  auto view = std::make_unique<CopiedView>(std::move(content), size, path, std::move(file), *status);
-  view->throwIfChanged();
-  return view;
+  if (!readAll(file.get(), content.get(), size) || isChanged(file.get(), *status)) fail(ERROR_READ_FAULT);
+  return std::make_unique<CopiedView>(std::move(content), size);
 }
 
 }  // namespace plimo

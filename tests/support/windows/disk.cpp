@@ -59,6 +59,13 @@ void setAttributes(const std::string& path, DWORD attributes) {
 
 DWORD attributesOf(const std::string& path) { return ::GetFileAttributesW(nativePath(path).c_str()); }
 
+bool canBeNamed(const std::string& name) {
+  const TemporaryFolder folder;
+  const UniqueHandle file(::CreateFileW(nativePath(folder.path() + "\\" + name).c_str(), GENERIC_WRITE, 0, nullptr,
+                                        CREATE_NEW, 0, nullptr));
+  return static_cast<bool>(file);
+}
+
 void denyAccess(const std::string& path, DWORD rights) {
   std::array<unsigned char, SECURITY_MAX_SID_SIZE> everyone{};
   DWORD size = everyone.size();

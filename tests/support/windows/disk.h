@@ -17,6 +17,9 @@ std::optional<std::string> readFile(const std::string& path);
 void setAttributes(const std::string& path, DWORD attributes);
 DWORD attributesOf(const std::string& path);
 
+// False if a file of this name cannot be made: Wine keeps the names of its files in UTF-8, without unpaired surrogates.
+bool canBeNamed(const std::string& name);
+
 // Denies these rights to everyone, in the file's access control list.
 void denyAccess(const std::string& path, DWORD rights);
 // False if access control lists have no effect here.

@@ -4,6 +4,8 @@
 
 namespace plimo {
 
+const bool largeViewsAreMapped = false;
+
 std::unique_ptr<FileSystemObject> nativeFilesIn(const std::string& root) {
   return std::make_unique<WindowsFiles>(std::vector<DriveRoot>{{'C', DriveType::fixed, root}});
 }
