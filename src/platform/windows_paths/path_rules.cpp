@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "platform/windows_paths/wtf8.h"
 
-namespace plimo {
+namespace plimo::inline windows_paths {
 
 namespace {
 
@@ -175,4 +175,4 @@ bool isAllowedName(std::string_view name) {
   return !digit && std::find(superscripts.begin(), superscripts.end(), device) == superscripts.end();
 }
 
-}  // namespace plimo
+}  // namespace plimo::inline windows_paths

@@ -5,7 +5,8 @@
 #include <string>
 #include <string_view>
 
-namespace plimo {
+// A namespace of its own, because the rules of Linux have the same names and a test program may hold both.
+namespace plimo::inline windows_paths {
 
 // "folder\name"; a folder that ends in a separator gets no second one.
 std::string joinPath(std::string_view folder, std::string_view name);
@@ -39,4 +40,4 @@ std::string plainPath(std::string_view extended);
 // Namespaces" in the documentation of Windows.
 bool isAllowedName(std::string_view name);
 
-}  // namespace plimo
+}  // namespace plimo::inline windows_paths
