@@ -70,8 +70,24 @@ class Story(WindowsTestCase):
         p = self.start_with_final_playlist(seconds=4)
         p.click_row("final", 1, times=2)
         self.assert_file(self.data / "list.m3u", self.playlist("Birch", "Cedar", "Damson", "Elm"))
-        wait(lambda: re.search(r"0 ?[:m].*[1-9]", p.title()), "the time in the title", 20)
+        wait(lambda: self.elapsed() >= 2, "the time to advance", 20)
         self.take_picture("playing")
+        wait(lambda: self.elapsed() < 2, "the next song", 20)
+
+    def test_the_player_seeks_and_goes_on_to_the_next_song(self):
+        p = self.start_with_final_playlist(seconds=100)
+        p.click_row("final", 0, times=2)
+        wait(lambda: self.elapsed() >= 1, "the time to advance", 20)
+        left, right = program.SEEK_BAR
+        screen.click(((left + right) // 2, program.SEEK_HEIGHT))
+        wait(lambda: 40 < self.elapsed() < 70, "the middle of the song", 20)
+        screen.click(program.NEXT_SONG)
+        wait(lambda: 1 <= self.elapsed() < 20, "the next song", 20)
+
+    def elapsed(self):
+        """The seconds played of the current song, as the title shows them; 0 before it does."""
+        found = re.search(r"Elapsed Time : (\d+) : (\d+)", self.program.title())
+        return int(found[1]) * 60 + int(found[2]) if found else 0
 
     def test_the_compact_view_is_small_and_the_large_one_fills_the_screen(self):
         p = self.start_with_lists()
@@ -111,6 +127,17 @@ class Songs(WindowsTestCase):
         wait(lambda: self.titles() == ["Ash", "Beta", "Cedar", "Damson", "Elm"], "the new name")
         p.answer("n")
 
+    def test_a_song_is_copied_to_another_drive(self):
+        self.start_with_scratch_playlist()
+        screen.key("v", "c")
+        screen.click(program.DRIVE_BOX)
+        screen.key("End", "Return")
+        self.take_picture("copy")
+        screen.click(program.START_COPYING)
+        copy = self.stick / "Alder - Birch.mp3"
+        self.assert_file(copy, self.song("Alder", "Birch").read_bytes())
+        self.assertEqual(int(copy.stat().st_mtime), int(self.song("Alder", "Birch").stat().st_mtime))
+
     def test_a_song_is_deleted(self):
         p = self.start_with_scratch_playlist()
         screen.key("v", "d", "d", "Return")
@@ -120,6 +147,39 @@ class Songs(WindowsTestCase):
         p.answer("y")
         wait(lambda: self.titles() == ["Ash", "Cedar", "Damson", "Elm"], "the deletion")
         p.answer("n")
+
+
+class Settings(WindowsTestCase):
+    def open_preferences(self):
+        p = self.start_with_lists()
+        screen.key("alt+s", "Return")
+        return p
+
+    def settings_lines(self):
+        return (self.data / "plimo.ini").read_bytes().split(b"\r\n")
+
+    def test_accepted_preferences_are_written(self):
+        self.open_preferences()
+        before = self.settings_lines()
+        self.take_picture("preferences")
+        screen.click(program.START_COMPACT)
+        screen.click(program.ACCEPT)
+        wait(lambda: self.settings_lines() != before, "the settings to be written")
+        after = self.settings_lines()
+        self.assertEqual(len(after), len(before))
+        self.assertNotEqual(after[5], before[5])
+        self.assertEqual(after[6:], before[6:])
+
+    def test_closing_in_the_colour_editor_keeps_the_colours(self):
+        p = self.open_preferences()
+        before = self.settings_lines()
+        screen.click(program.SHOW_COLOURS)
+        screen.click(program.ACCEPT)
+        p.answer("Return")
+        self.take_picture("colours")
+        screen.key("alt+F4")
+        self.assertEqual(p.wait_for_exit(), 0)
+        self.assertEqual(self.settings_lines()[6:], before[6:])
 
 
 if __name__ == "__main__":

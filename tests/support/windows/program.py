@@ -20,8 +20,18 @@ ROW = 18
 ACCEPT = (1018, 942)
 CLOSE_WELCOME = (478, 942)
 FIRST_DRIVE = (702, 341)
-# Where there is no control in any view.
-EMPTY = (640, 8)
+# In the settings, also those of the first run.
+START_COMPACT = (675, 546)
+SHOW_COLOURS = (675, 584)
+# In the panel for copying.
+DRIVE_BOX = (640, 283)
+START_COPYING = (690, 818)
+# In the player.
+NEXT_SONG = (588, 958)
+SEEK_BAR = (640, 972)  # its left and right ends
+SEEK_HEIGHT = 958
+# In the title bar.
+TITLE_BAR = (640, 8)
 
 
 def _xdotool(*words):
@@ -82,8 +92,9 @@ class WindowsProgram:
         self.activate()
 
     def activate(self):
-        """Clicks into the window where nothing is, for the keyboard focus."""
-        screen.click(EMPTY)
+        """Makes the main window the active one, with the keyboard focus."""
+        _xdotool("windowactivate", self.main)
+        screen.click(TITLE_BAR)
         wait(self.main_is_active, "the main window to be active")
 
     def main_is_active(self):
