@@ -41,7 +41,9 @@ std::string currentFolder() {
   }
 }
 
-std::optional<std::string> absolutePath(std::string_view path) { return absolutePath(path, currentFolder()); }
+std::optional<std::string> absolutePath(std::string_view path) {
+  return absolutePath(path, isAbsolutePath(path) ? std::string() : currentFolder());
+}
 
 std::wstring nativePath(std::string_view path) {
   const auto absolute = absolutePath(path);

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <optional>
+
 #include "base/errors.h"
 #include "platform/windows/error_mapping.h"
 #include "platform/windows/native_path.h"
@@ -23,7 +25,8 @@ std::wstring applicationName(const std::string& program) {
 // The application is named by its absolute path besides the command line: from the command line alone the system would
 // guess where the program's name ends, and search for it.
 void WindowsLauncher::start(const std::string& program, const std::string& argument) {
-  const auto status = fileStatus(program);
+  // A relative path would mean a program in the current folder.
+  const auto status = isAbsolutePath(program) ? fileStatus(program) : std::nullopt;
   if (!status || status->isFolder()) throwError(ErrorNumber::fileNotFound, program);
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;

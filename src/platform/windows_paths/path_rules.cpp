@@ -102,6 +102,10 @@ std::string parentPath(std::string_view path) {
 
 bool endsInSeparator(std::string_view path) { return !path.empty() && isSeparator(path.back()); }
 
+bool isAbsolutePath(std::string_view path) {
+  return (hasDrive(path) && path.size() > 2 && isSeparator(path[2])) || shareOf(path);
+}
+
 std::optional<std::string> absolutePath(std::string_view path, std::string_view currentDirectory) {
   if (startsWithFolded(path, extendedPrefix)) {
     const std::string plain = plainPath(path);

@@ -16,6 +16,8 @@ std::string_view baseName(std::string_view path);
 // that root.
 std::string parentPath(std::string_view path);
 bool endsInSeparator(std::string_view path);
+// True for "C:\..." and "\\server\share...", which do not depend on the current directory.
+bool isAbsolutePath(std::string_view path);
 
 // The absolute path without ".", "..", doubled separators and one at the end, except in a drive's root: "C:\a\b" or
 // "\\server\share\a". Unlike those of the system, these rules keep dots and blanks at the end of names. Relative paths

@@ -11,76 +11,17 @@
 #include <fstream>
 #include <iterator>
 
+#include "fileops/real_program.h"
 #include "platform/linux/linux_files.h"
 #include "platform/native_backend.h"
 #include "support/linux/permissions.h"
 #include "support/temporary_folder.h"
-#include "support/test_program.h"
 
 namespace plimo {
 namespace {
 
 namespace fs = std::filesystem;
 using Files = std::vector<std::string>;
-
-// The program, started in the folder `home`; its songs may be anywhere.
-class RealProgram {
- public:
-  RealProgram(FileSystemObject& files, const std::string& home)
-      : launcher_(files), program_(Platform{files, player_, dialogs, launcher_, progress_}), home_(home) {
-    writeFile(home_ + "/plimo.ini",
-              "0\r\n#TRUE#\r\n#FALSE#\r\n\"\"\r\n0\r\n0\r\n65535\r\n4194304\r\n65535\r\n4194304\r\n65535\r\n"
-              "\"4194304\"\r\n");
-  }
-
-  // Adds the songs to the catalogue and to the scratch playlist, where all are selected and the first is current.
-  void startWith(const Files& songs) {
-    std::string catalogue;
-    Files rows;
-    for (const std::string& path : songs) {
-      const SongName name = splitFileName(std::string_view(path).substr(path.rfind('/') + 1));
-      appendRecord(catalogue, {path, name.artist, name.second, name.title});
-      rows.emplace_back(displayName(name.title).value());
-    }
-    writeFile(home_ + "/plimo.kvx", catalogue);
-    const fs::path before = fs::current_path();
-    fs::current_path(home_);
-    program_.start();
-    fs::current_path(before);
-    std::vector<std::size_t> all(rows.size());
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-      form().List1.add(rows[row]);
-      all[row] = row;
-    }
-    form().List1.userSelect(all);
-    form().List1.setCurrent(0);
-  }
-
-  void rename(const std::string& name) {
-    dialogs.inputText = name;
-    form().rename.userClick();
-  }
-  void copyTo(const std::string& folder) {
-    form().cop.userClick();
-    form().Dir2.userPick(folder);
-    form().Command6.userClick();
-  }
-  void deleteSelected() {
-    dialogs.yesAnswers = 1;  // sure, and no scan
-    form().ds.userClick();
-  }
-
-  Form1& form() { return program_.form1(); }
-
-  TestDialogs dialogs;
-
- private:
-  FakePlayer player_;
-  FakeLauncher launcher_;
-  QuietProgress progress_;
-  Program program_;
-  std::string home_;
-};
 
 class RealFolder : public testing::Test {
  protected:

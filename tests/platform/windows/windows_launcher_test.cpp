@@ -80,6 +80,10 @@ TEST_F(WindowsLauncherTest, NothingIsSearched) {
   recorder("winamp.exe");
   EXPECT_EQ(starting(folder_ / "winamp", "x"), 53) << "no extension is added";
   EXPECT_EQ(starting(folder_.path(), "x"), 53) << "a folder";
+  const std::string before = files_.currentDirectory();
+  ::SetCurrentDirectoryW(toWide(folder_.path()).c_str());
+  EXPECT_EQ(starting("winamp.exe", "x"), 53) << "in the current folder";
+  ::SetCurrentDirectoryW(toWide(before).c_str());
   EXPECT_FALSE(readFile(folder_ / "record.txt"));
 }
 

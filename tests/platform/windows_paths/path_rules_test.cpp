@@ -33,6 +33,11 @@ TEST(WindowsPath, DotsAndBlanksAtTheEndOfANameAreKept) {
   EXPECT_EQ(absolute(R"(C:\a\...\b)"), R"(C:\a\...\b)");
 }
 
+TEST(WindowsPath, AnAbsolutePathHasADriveAndASeparatorOrAShare) {
+  for (const char* path : {R"(C:\)", "c:/a", R"(\nas\music\a)"}) EXPECT_TRUE(isAbsolutePath(path)) << path;
+  for (const char* path : {"", "a", "C:", "C:a", R"(\a)", R"(\nas)"}) EXPECT_FALSE(isAbsolutePath(path)) << path;
+}
+
 TEST(WindowsPath, AShareIsARoot) {
   EXPECT_EQ(absolute(R"(\\nas\music)"), R"(\\nas\music)");
   EXPECT_EQ(absolute(R"(//nas/music/a/../../b)"), R"(\\nas\music\b)");
