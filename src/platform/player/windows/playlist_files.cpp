@@ -11,6 +11,11 @@
 
 namespace plimo {
 
+using windows_paths::absolutePath;
+using windows_paths::extendedPath;
+using windows_paths::parentPath;
+using windows_paths::plainPath;
+
 namespace {
 
 std::string currentDirectory() {
@@ -21,12 +26,12 @@ std::string currentDirectory() {
 
 std::optional<std::string> absoluteIn(std::string_view name, const std::string& folder) {
   const std::string current = currentDirectory();
-  const auto base = folder.empty() ? current : windows_paths::absolutePath(folder, current);
-  return base ? windows_paths::absolutePath(name, *base) : std::nullopt;
+  const auto base = folder.empty() ? current : absolutePath(folder, current);
+  return base ? absolutePath(name, *base) : std::nullopt;
 }
 
 std::wstring systemPath(const std::string& absolute) {
-  const std::u16string units = wtf8ToUtf16(windows_paths::extendedPath(absolute));
+  const std::u16string units = wtf8ToUtf16(extendedPath(absolute));
   return {units.begin(), units.end()};
 }
 
