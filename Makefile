@@ -5,7 +5,7 @@
 
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help build program run test tour bench lint asan kill powercut package setup clean
+.PHONY: help build program run test tour bench lint asan kill powercut package windows windows-test setup clean
 
 # The start in seconds since 1970: each progress line shows the time since then.
 ifndef PLIMO_STARTED
@@ -29,6 +29,8 @@ help:
 	@echo "make kill     kill the program at each system call, and let each call fail (COMMANDS=... for some)"
 	@echo "make powercut cut the power at each system call; needs root and loop devices"
 	@echo "make package  make a Debian package"
+	@echo "make windows  build everything for Windows, make its installer and its portable archive"
+	@echo "make windows-test  the same, and run all tests under Wine"
 	@echo "make build    build the programs into build/bin"
 	@echo "make clean    remove everything built"
 
@@ -44,6 +46,11 @@ build/build.ninja build-asan/build.ninja build-bench/build.ninja build-package/b
 # The commands of the program that `make kill` and `make powercut` go through (COMMANDS="accept save").
 COMMANDS ?=
 
+# Qt for Windows takes long if it has to be built.
+build-windows/build.ninja: CMakePresets.json | setup
+	@scripts/step "Configuring $(@D)"
+	@qt=$$(scripts/windows-qt) && PLIMO_WINDOWS_QT_FOLDER=$$qt cmake --preset windows && touch $@
+
 # Without a display, `make run` plays the scene of the tour instead of starting the program.
 scene := $(if $(DISPLAY)$(WAYLAND_DISPLAY),,run)
 
@@ -55,6 +62,8 @@ needs += $(if $(filter kill powercut,$(MAKECMDGOALS)),test kill)
 needs += $(if $(filter tour $(scene),$(MAKECMDGOALS)),display tour)
 needs += $(if $(filter bench,$(MAKECMDGOALS)),display bench)
 needs += $(if $(filter lint,$(MAKECMDGOALS)),lint)
+needs += $(if $(filter windows windows-test,$(MAKECMDGOALS)),windows)
+needs += $(if $(filter windows-test,$(MAKECMDGOALS)),display)
 needs += $(if $(filter package,$(MAKECMDGOALS)),package)
 
 setup:
@@ -117,5 +126,13 @@ package: build-package/build.ninja
 	@cmake --build --preset package
 	@scripts/package build-package
 
+windows: build-windows/build.ninja
+	@scripts/step "Building for Windows"
+	@cmake --build --preset windows
+	@scripts/package-windows build-windows
+
+windows-test: windows
+	@scripts/test build-windows
+
 clean:
-	@rm -rf build build-asan build-bench build-package
+	@rm -rf build build-asan build-bench build-package build-windows

@@ -122,6 +122,7 @@ void Form1::closePanels() {
 
 void Form1::showFirstRun() {
   rememberPanel();
+  offerAccept();
   MediaPlayer1.setVisible(false);
   TreeView1.setVisible(false);
   Option4.setEnabled(false);

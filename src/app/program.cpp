@@ -25,6 +25,9 @@ void Program::loadMainWindow() {
   startingUp_ = true;
   form1_.runLoad();
   startingUp_ = false;
+  // On the first run there is nothing to find the songs in.
+  if (!running_ || playlist_.empty() || !form1_.List2.visible()) return;
+  dispatcher_.run([this] { form1_.openPlaylist(playlist_); });
 }
 
 void Program::failed(const RuntimeError& error) {

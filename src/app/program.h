@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <utility>
 
 #include "app/frm_splash.h"
 #include "controls/dispatcher.h"
@@ -29,6 +31,9 @@ class Program {
 
   // Loads the splash window, and the main window unless the splash animation comes first.
   void start();
+  // Makes the start end with opening a playlist, an absolute path, unless it is the first run. To be called before
+  // start().
+  void openAtStart(std::string playlist) { playlist_ = std::move(playlist); }
   bool running() const { return running_; }
   // True if the start-up has failed and the user wants to start anew: the shell creates a new program and starts it.
   bool startsAnew() const { return startsAnew_; }
@@ -46,6 +51,7 @@ class Program {
   bool startingUp_ = false;
   bool startsAnew_ = false;
   int status_ = 0;
+  std::string playlist_;  // to be opened at start; empty: none
   Form1 form1_;
   FrmSplash splash_;
 };

@@ -81,7 +81,7 @@ void Form1::listArtists(Artists source) {
       showFinalList(List6);
     }
   }
-  if (List2.empty() && !closing()) {
+  if (List2.empty()) {
     platform.dialogs.message("It looks like you don't have any Mp3s on this drive. Try another drive!");
   }
 }

@@ -1,4 +1,6 @@
 #include <QSocketNotifier>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "main/native.h"
@@ -7,6 +9,34 @@
 #include "platform/linux/termination_signals.h"
 
 namespace plimo {
+
+void prepareProcess() {}
+
+std::vector<std::string> commandLine(int count, char** words) { return {words, words + count}; }
+
+std::string fullPath(const std::string& path) {
+  std::error_code failed;
+  const std::filesystem::path absolute = std::filesystem::absolute(path, failed);
+  return failed ? path : absolute.string();
+}
+
+std::optional<std::string> absoluteFolder(const std::string& path) {
+  std::error_code failed;
+  if (!std::filesystem::is_directory(path, failed)) return std::nullopt;
+  const std::filesystem::path folder = std::filesystem::absolute(path, failed).lexically_normal();
+  if (failed) return std::nullopt;
+  return folder.has_filename() || folder == folder.root_path() ? folder.string() : folder.parent_path().string();
+}
+
+bool enterFolder(const std::string& path, std::string& reason) {
+  std::error_code failed;
+  std::filesystem::create_directories(path, failed);
+  std::filesystem::current_path(path, failed);
+  if (failed) reason = path + ": " + failed.message();
+  return !failed;
+}
+
+std::string preferredFolder() { return {}; }
 
 std::unique_ptr<FileSystemObject> nativeFiles(const std::vector<NamedDrive>& named) {
   if (named.empty()) return std::make_unique<LinuxFiles>();
@@ -24,6 +54,8 @@ struct SignalWatch {
     QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [this, requested = std::move(requested)] {
       if (signals.take()) requested();
     });
+    // One of the player's audio outputs would otherwise replace the handlers of the signals.
+    qputenv("SDL_NO_SIGNAL_HANDLERS", "1");
   }
 
   TerminationSignals signals;

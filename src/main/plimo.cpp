@@ -5,25 +5,24 @@
 #include <algorithm>
 #include <clocale>
 #include <cstdio>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
 #include "app/program.h"
 #include "desktop/shell/desktop.h"
+#include "desktop/theme/art.h"
 #include "desktop/theme/strings.h"
 #include "desktop/theme/theme.h"
 #include "main/native.h"
-#include "platform/mpv/m3u_entries.h"
 
 namespace {
 
 struct Options {
-  std::filesystem::path folder;
+  std::string folder;  // empty: the current one
   std::vector<plimo::NamedDrive> drives;
+  std::string playlist;  // absolute; empty: none
 };
 
 std::optional<plimo::DriveType> kindOf(std::string_view name) {
@@ -33,11 +32,6 @@ std::optional<plimo::DriveType> kindOf(std::string_view name) {
   if (name == "network") return plimo::DriveType::network;
   if (name == "ramdisk") return plimo::DriveType::ramdisk;
   return std::nullopt;
-}
-
-bool isFolder(std::string_view path) {
-  std::error_code failed;
-  return std::filesystem::is_directory(plimo::nativePath(path), failed);
 }
 
 // Reads "D=/mnt/music:removable"; nullopt, and the reason, if it is not of this form or there is no such folder.
@@ -56,18 +50,16 @@ std::optional<plimo::NamedDrive> driveOf(const std::string& text, std::string& r
     }
   }
   if (root.empty()) return std::nullopt;
-  if (!isFolder(root)) {
+  const auto folder = plimo::absoluteFolder(std::string(root));
+  if (!folder) {
     const std::size_t colon = root.rfind(':');
-    const bool mistyped = colon != std::string_view::npos && isFolder(root.substr(0, colon));
+    const bool mistyped = colon != std::string_view::npos && plimo::absoluteFolder(std::string(root.substr(0, colon)));
     reason = mistyped ? "'" + std::string(root.substr(colon + 1)) +
                             "' is no kind of drive: fixed, cdrom, removable, network or ramdisk."
                       : "There is no folder '" + std::string(root) + "' for the drive " + drive.letter + ".";
     return std::nullopt;
   }
-  std::error_code failed;
-  const std::filesystem::path folder = std::filesystem::absolute(plimo::nativePath(root), failed).lexically_normal();
-  if (failed) return std::nullopt;
-  drive.root = folder.has_filename() || folder == folder.root_path() ? folder.string() : folder.parent_path().string();
+  drive.root = *folder;
   return drive;
 }
 
@@ -81,7 +73,7 @@ int fail(const QString& message) {
 }
 
 // Returns an exit status if the program is not to run: after --help and --version, or if an argument is wrong.
-std::optional<int> readOptions(int count, char** words, Options& options) {
+std::optional<int> readOptions(const std::vector<std::string>& words, Options& options) {
   const QCommandLineOption folder(QStringLiteral("folder"),
                                   QStringLiteral("Keep the program's files in DIR (made if missing), not in the "
                                                  "current folder."),
@@ -97,9 +89,11 @@ std::optional<int> readOptions(int count, char** words, Options& options) {
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Sort MP3 files by artist, build playlists and play them."));
   parser.addOptions({folder, drive, help, version});
+  parser.addPositionalArgument(QStringLiteral("playlist"), QStringLiteral("A playlist to be opened at start."),
+                               QStringLiteral("[PLAYLIST.m3u]"));
 
   QStringList arguments;
-  for (int i = 0; i < count; ++i) arguments << argumentOf(words[i]);
+  for (const std::string& word : words) arguments << argumentOf(word.c_str());
   if (!parser.parse(arguments)) return fail(parser.errorText());
   if (parser.isSet(help)) {
     // The parser takes the program's name from an application object; this one needs no display.
@@ -122,7 +116,8 @@ std::optional<int> readOptions(int count, char** words, Options& options) {
     }
   }
   if (const QStringList others = parser.positionalArguments(); !others.isEmpty()) {
-    return fail(QStringLiteral("Unexpected argument '%1'.").arg(others.constFirst()));
+    if (others.size() > 1) return fail(QStringLiteral("Unexpected argument '%1'.").arg(others.at(1)));
+    options.playlist = plimo::fullPath(bytesOf(others.constFirst()));
   }
   for (const QString& value : parser.values(drive)) {
     std::string reason;
@@ -130,45 +125,36 @@ std::optional<int> readOptions(int count, char** words, Options& options) {
     if (!named) return fail(argumentOf(reason.c_str()));
     options.drives.push_back(*named);
   }
-  options.folder = plimo::nativePath(bytesOf(parser.value(folder)));
+  options.folder = bytesOf(parser.value(folder));
+  if (options.folder.empty()) options.folder = plimo::preferredFolder();
   return std::nullopt;
-}
-
-// Makes the folder and changes to it; returns false and the reason if that fails.
-bool enter(const std::filesystem::path& folder, std::string& reason) {
-  std::error_code failed;
-  std::filesystem::create_directories(folder, failed);
-  std::filesystem::current_path(folder, failed);
-  if (failed) reason = folder.string() + ": " + failed.message();
-  return !failed;
 }
 
 }  // namespace
 
 int main(int count, char** words) {
+  plimo::prepareProcess();
   QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   Options options;
   // Before the application object: --help and --version need no display.
-  if (const auto status = readOptions(count, words, options)) return *status;
+  if (const auto status = readOptions(plimo::commandLine(count, words), options)) return *status;
   QApplication application(count, words);
   std::setlocale(LC_NUMERIC, "C");  // libmpv reads and writes numbers
   QApplication::setApplicationName(QString::fromUtf8(plimo::programName));
   QApplication::setDesktopFileName(QStringLiteral("plimo"));
   QApplication::setQuitOnLastWindowClosed(false);
   plimo::installTheme(application);
-  QIcon icon(QStringLiteral(":/art/plimo.svg"));
-  icon.addFile(QStringLiteral(":/art/plimo-small.svg"), QSize(16, 16));
-  QApplication::setWindowIcon(icon);
+  QApplication::setWindowIcon(plimo::programIcon());
 
   std::string reason;
-  if (!options.folder.empty() && !enter(options.folder, reason)) {
+  if (!options.folder.empty() && !plimo::enterFolder(options.folder, reason)) {
     QMessageBox::critical(nullptr, QString::fromUtf8(plimo::programName), plimo::qstring(reason));
     return 1;
   }
   const auto files = plimo::nativeFiles(options.drives);
   const auto launcher = plimo::nativeLauncher();
   for (;;) {
-    plimo::Desktop desktop(*files, *launcher);
+    plimo::Desktop desktop(*files, *launcher, options.playlist);
     const auto watch = plimo::onTerminationRequest([&desktop] { desktop.requestEnd(); });
     const int status = desktop.run();
     if (!desktop.startsAnew()) return status;

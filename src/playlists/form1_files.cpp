@@ -46,7 +46,12 @@ void Form1::Command3_Click() {
   const std::string name =
       platform.dialogs.openFile({"Open your play list file", anyPlaylist, platform.files.join(defdir, "")})
           .value_or(anyPlaylist);
-  if (name == anyPlaylist) return;
+  if (name != anyPlaylist) openPlaylist(name);
+}
+
+void Form1::openPlaylist(const std::string& name) {
+  const FoldStripsAtEnd foldStrips(*this);
+  List3.clear();
   if (!isPlaylistFile(name)) {
     foldAllStrips();
     Picture7.setVisible(true);

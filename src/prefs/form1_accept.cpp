@@ -22,8 +22,7 @@ void Form1::Command5_Click() {
   try {
     acceptSettings();
   } catch (...) {
-    Command5.setCaption("Accept");
-    Command5.setEnabled(true);
+    offerAccept();
     throw;
   }
 }

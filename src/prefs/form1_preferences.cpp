@@ -15,8 +15,7 @@ void Form1::Preferences_Click() {
   if ((!List4.empty() || !List6.empty()) && !platform.dialogs.question(warning)) return;
   leaveCompactLayout();
   rememberPanel();
-  Command5.setCaption("Accept");
-  Command5.setEnabled(true);
+  offerAccept();
   showListFrames(false);
   hidePictures();
   Frame1.setVisible(true);
@@ -27,6 +26,12 @@ void Form1::Preferences_Click() {
   fillDrives(List5);
   tickDrivesToScan();
   setFocus(Option5.value() ? &Option5 : &Option4);
+}
+
+// An Accept that has stopped leaves the button waiting.
+void Form1::offerAccept() {
+  Command5.setCaption("Accept");
+  Command5.setEnabled(true);
 }
 
 void Form1::rememberPanel() {
@@ -86,7 +91,9 @@ void Form1::Check3_Click() {
 void Form1::Drive1_Change() { showDrive(Drive1, Dir1); }
 
 void Form1::List5_Click() {
-  if (List5.selectedCount() > 0) Option5.setValue(true);
+  if (List5.selectedCount() == 0) return;
+  Option5.setValue(true);
+  offerAccept();
 }
 
 void Form1::List5_DblClick() { List5_Click(); }

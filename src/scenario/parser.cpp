@@ -99,9 +99,9 @@ class Parser {
         throw ParseError{name, "this file includes itself"};
       }
     }
-    const auto content = readFile(path.string());
+    const auto content = readFile(path.generic_string());
     if (!content) throw ParseError{name, "the file cannot be read"};
-    Parser(path.string(), *content, names_, this).parseInto(scenario);
+    Parser(path.generic_string(), *content, names_, this).parseInto(scenario);
   }
 
   std::vector<std::string> parseBlock(std::string_view command) {

@@ -234,6 +234,8 @@ class Form1 : public Form, public Form1Controls {
   // --- Playlist files: playlists/form1_files.cpp ---
  public:
   void Command3_Click();
+  // What Command3_Click does after its dialog. Throws 53 and the other errors of reading.
+  void openPlaylist(const std::string& name);
   void Command4_Click();
   void open_Click();
   void openyh_Click();
@@ -342,6 +344,7 @@ class Form1 : public Form, public Form1Controls {
 
  private:
   void rememberPanel();  // for Cancel
+  void offerAccept();    // the button can be used, with its own caption
   void showSettings();   // those of plimo.ini
   void showWinampChooser(bool visible);
   void showWinampFolder();  // the one in path.kvx

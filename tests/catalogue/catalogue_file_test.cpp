@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "catalogue/catalogue_join.h"
-#include "platform/linux/linux_files.h"
+#include "support/native_files.h"
 #include "support/temporary_folder.h"
 
 namespace plimo {
@@ -48,7 +48,7 @@ class CatalogueFileTest : public testing::Test {
 
   // All fields in order; checks the number of readers.
   Texts collect(std::size_t readers, OnTruncation end = OnTruncation::fail) {
-    CatalogueFile catalogue(files_, writeCatalogue());
+    CatalogueFile catalogue(*files_, writeCatalogue());
     const auto parts = catalogue.parallelCollect<CollectedFields>(
         end, [](CollectedFields& part, std::span<const CatalogueRecord> records) {
           for (const CatalogueRecord& record : records) {
@@ -65,7 +65,7 @@ class CatalogueFileTest : public testing::Test {
   }
 
   TemporaryFolder folder_;
-  LinuxFiles files_{std::vector<DriveRoot>{}};
+  std::unique_ptr<FileSystemObject> files_ = nativeFilesIn(folder_.path());
   std::string bytes_;
   Texts fields_;
   bool truncation_ = false;
@@ -117,7 +117,7 @@ TEST_F(CatalogueFileTest, AStrayValueShiftsAllRecordsAfterIt) {
 
 TEST_F(CatalogueFileTest, AJoinReturnsEachKeysRecordsInOrder) {
   addSongs(large);
-  CatalogueFile catalogue(files_, writeCatalogue());
+  CatalogueFile catalogue(*files_, writeCatalogue());
   const std::vector<std::string_view> keys = {"Artist 3", "nobody", "Artist 8", "Artist 3"};
   const CatalogueJoin<std::string_view> titles(
       catalogue, keys, OnTruncation::fail, [](const CatalogueRecord& record) { return std::optional(record.artist); },
@@ -135,6 +135,7 @@ TEST_F(CatalogueFileTest, AJoinReturnsEachKeysRecordsInOrder) {
 
 // Another program truncates the catalogue while it is read.
 TEST_F(CatalogueFileTest, FailsIfItIsTruncatedMeanwhile) {
+  if (!largeViewsAreMapped) GTEST_SKIP() << "what has been opened is a copy here";
   const auto errorOf = [](const std::function<void()>& call) {
     try {
       call();
@@ -149,7 +150,7 @@ TEST_F(CatalogueFileTest, FailsIfItIsTruncatedMeanwhile) {
       if (!truncatedMeanwhile_.exchange(true)) std::filesystem::resize_file(folder_ / "plimo.kvx", 5000);
     };
     for (const OnTruncation end : {OnTruncation::fail, OnTruncation::ignore}) {
-      CatalogueFile catalogue(files_, writeCatalogue());
+      CatalogueFile catalogue(*files_, writeCatalogue());
       truncatedMeanwhile_ = false;
       EXPECT_EQ(errorOf([&] {
                   catalogue.parallelCollect<CollectedFields>(
@@ -157,7 +158,7 @@ TEST_F(CatalogueFileTest, FailsIfItIsTruncatedMeanwhile) {
                 }),
                 75);
     }
-    CatalogueFile catalogue(files_, writeCatalogue());
+    CatalogueFile catalogue(*files_, writeCatalogue());
     truncatedMeanwhile_ = false;
     EXPECT_EQ(errorOf([&] {
                 catalogue.read([&](const CatalogueRecord&) {
@@ -171,7 +172,7 @@ TEST_F(CatalogueFileTest, FailsIfItIsTruncatedMeanwhile) {
 
 TEST_F(CatalogueFileTest, ReadStopsOnRequest) {
   addSongs(large);
-  CatalogueFile catalogue(files_, writeCatalogue());
+  CatalogueFile catalogue(*files_, writeCatalogue());
   std::size_t read = 0;
   catalogue.read([&read](const CatalogueRecord&) { return ++read < 1000; });
   EXPECT_EQ(read, 1000U);

@@ -12,7 +12,7 @@
 
 #include "desktop/theme/strings.h"
 #include "desktop/widgets/elided_label.h"
-#include "platform/mpv/test_player.h"
+#include "support/player/test_player.h"
 
 namespace plimo {
 namespace {
@@ -232,13 +232,16 @@ TEST(ClockText, WritesMinutesAndHours) {
   EXPECT_EQ(clockText(-1), QStringLiteral("0:00"));
 }
 
-TEST(StripWithoutTheLibrary, SaysWhatIsMissing) {
+TEST(StripWithoutAnEngine, SaysWhatIsMissing) {
   Songs songs;
-  TestPlayer test([](const char*) -> void* { return nullptr; });
+  TestPlayer test([](const EngineHost&, std::string& problem) -> std::unique_ptr<SongEngine> {
+    problem = "Nothing can be played here: the sound library is missing.";
+    return nullptr;
+  });
   PlayerStrip strip(test.player, nullptr);
   test.player.open(songs.add("a.mp3"));
   EXPECT_EQ(strip.findChild<QLabel*>(QStringLiteral("playerNote"))->text(),
-            QStringLiteral("Nothing can be played here: the sound library libmpv is missing."));
+            QStringLiteral("Nothing can be played here: the sound library is missing."));
   strip.findChild<QToolButton*>(QStringLiteral("playerPlay"))->click();
   EXPECT_FALSE(test.state().opened);
 }

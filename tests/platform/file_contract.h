@@ -9,7 +9,8 @@
 #include <vector>
 
 #include "base/errors.h"
-#include "platform/file_system_backends.h"
+#include "platform/fake_backend.h"
+#include "platform/native_backend.h"
 
 namespace plimo {
 
@@ -40,6 +41,6 @@ class FileContract : public testing::Test {
   Backend backend_;
 };
 
-using Backends = testing::Types<FakeBackend, LinuxBackend>;
+using Backends = testing::Types<FakeBackend, NativeBackend>;
 
 }  // namespace plimo

@@ -104,7 +104,7 @@ TYPED_TEST(FileReadingContract, EachListingFailureHasItsErrorNumber) {
   const auto listing = [&](const std::string& path) { return this->errorOf([&] { files.contents(path); }); };
   EXPECT_EQ(listing(this->at({"missing"})), 76);
   EXPECT_EQ(listing(this->at({"file"})), 76);
-  EXPECT_EQ(listing(this->at({"closed"})), 70);
+  EXPECT_EQ(listing(this->at({"closed"})), this->backend_.deniesAccess() ? 70 : 0);
   EXPECT_EQ(listing(files.drives()[1].root), 71);
   EXPECT_EQ(listing(files.join(files.drives()[1].root, "x")), 71);
 }
@@ -141,6 +141,7 @@ TYPED_TEST(FileReadingContract, AWalkEndsWhenItsVisitorReturnsFalse) {
 }
 
 TYPED_TEST(FileReadingContract, AWalkFailsAtAFolderThatCannotBeListed) {
+  if (!this->backend_.deniesAccess()) GTEST_SKIP() << "this user may read and write everything";
   this->backend_.addFile(this->at({"a", "1.mp3"}), "");
   this->backend_.addFile(this->at({"b", "2.mp3"}), "");
   this->backend_.addFile(this->at({"c", "3.mp3"}), "");
@@ -162,6 +163,7 @@ TYPED_TEST(FileReadingContract, AWalkFailsAtAFolderThatCannotBeListed) {
 }
 
 TYPED_TEST(FileReadingContract, AVisitorCanSkipFoldersThatCannotBeListed) {
+  if (!this->backend_.deniesAccess()) GTEST_SKIP() << "this user may read and write everything";
   this->backend_.addFile(this->at({"a", "1.mp3"}), "");
   this->backend_.addFile(this->at({"a", "closed", "2.mp3"}), "");
   this->backend_.addFile(this->at({"b", "3.mp3"}), "");
@@ -202,6 +204,7 @@ TYPED_TEST(FileReadingContract, AVisitorCanSkipFoldersThatCannotBeListed) {
 }
 
 TYPED_TEST(FileReadingContract, TheFirstFolderOfAWalkCanBeSkippedToo) {
+  if (!this->backend_.deniesAccess()) GTEST_SKIP() << "this user may read and write everything";
   this->backend_.addFolder(this->at({"closed"}));
   this->backend_.makeFolderUnreadable(this->at({"closed"}));
   bool skip = true;
@@ -270,7 +273,7 @@ TYPED_TEST(FileReadingContract, EachReadingFailureHasItsErrorNumber) {
   EXPECT_EQ(opening(this->at({"missing"})), 53);
   EXPECT_EQ(opening(this->at({"missing", "x"})), 76);
   EXPECT_EQ(opening(this->at({"secret", "x"})), 76);
-  EXPECT_EQ(opening(this->at({"secret"})), 75);
+  EXPECT_EQ(opening(this->at({"secret"})), this->backend_.deniesAccess() ? 75 : 0);
   EXPECT_EQ(opening(this->at({"folder"})), 75);
   EXPECT_EQ(opening(files.join(files.drives()[1].root, "x")), 71);
   EXPECT_EQ(this->errorOf([&] { files.fileSize(this->at({"missing"})); }), 53);
@@ -295,7 +298,7 @@ TYPED_TEST(FileReadingContract, ShortPathsReferToTheSameFiles) {
   EXPECT_TRUE(files.sameFile(shortSong, song));
   EXPECT_EQ(files.openForReading(shortSong)->bytes(), "x");
   EXPECT_TRUE(files.folderExists(files.shortFolderPath(this->at({"My Music"}))));
-  EXPECT_EQ(files.shortFolderPath(this->backend_.root()), this->backend_.root());
+  EXPECT_TRUE(files.sameFile(files.shortFolderPath(this->backend_.root()), this->backend_.root()));
   EXPECT_EQ(this->errorOf([&] { files.shortFilePath(this->at({"missing"})); }), 53);
   EXPECT_EQ(this->errorOf([&] { files.shortFilePath(this->at({"My Music"})); }), 53);
   EXPECT_EQ(this->errorOf([&] { files.shortFolderPath(this->at({"missing"})); }), 76);

@@ -77,10 +77,11 @@ TYPED_TEST(FileWritingContract, EachReplacingFailureHasItsErrorNumber) {
   this->backend_.addFile(this->at({"file"}), "");
   EXPECT_EQ(this->replacing(this->at({"missing", "x"})), 76);
   EXPECT_EQ(this->replacing(this->at({"file", "x"})), 76);
-  EXPECT_EQ(this->replacing(this->at({"locked", "x"})), 75);
-  EXPECT_EQ(this->replacing(this->at({"locked", "old"}), Force::yes), 75);
   EXPECT_EQ(this->replacing(this->at({"locked"})), 75);
   EXPECT_EQ(this->replacing(this->files().join(this->files().drives()[1].root, "x")), 71);
+  if (!this->backend_.deniesAccess()) GTEST_SKIP() << "this user may write everything";
+  EXPECT_EQ(this->replacing(this->at({"locked", "x"})), 75);
+  EXPECT_EQ(this->replacing(this->at({"locked", "old"}), Force::yes), 75);
   EXPECT_EQ(this->backend_.content(this->at({"locked", "old"})), "old");
   EXPECT_EQ(this->namesIn(this->at({"locked"})), Names{"old"});
 }
@@ -121,6 +122,7 @@ TYPED_TEST(FileWritingContract, EachDeletingFailureHasItsErrorNumber) {
   EXPECT_EQ(this->deleting(this->at({"missing"})), 53);
   EXPECT_EQ(this->deleting(this->at({"missing", "x"})), 53);
   EXPECT_EQ(this->deleting(this->at({"closed"})), 53);
+  if (!this->backend_.deniesAccess()) GTEST_SKIP() << "this user may write everything";
   EXPECT_EQ(this->deleting(this->at({"closed", "a"})), 70);
   EXPECT_EQ(this->deleting(this->at({"closed", "a"}), Force::yes), 70);
   EXPECT_TRUE(this->files().fileExists(this->at({"closed", "a"})));
@@ -194,6 +196,7 @@ TYPED_TEST(FileWritingContract, AMoveFailsAsACopyDoes) {
 }
 
 TYPED_TEST(FileWritingContract, AMoveThatPermissionsForbidChangesNothing) {
+  if (!this->backend_.deniesAccess()) GTEST_SKIP() << "this user may read and write everything";
   this->backend_.addFile(this->at({"f", "a.mp3"}), "a");
   this->backend_.addFile(this->at({"f", "fixed.mp3"}), "fixed");
   this->backend_.makeReadOnly(this->at({"f", "fixed.mp3"}));
@@ -227,15 +230,18 @@ TYPED_TEST(FileWritingContract, ADestinationThatVanishesDuringACopyIsAnError) {
   this->backend_.addFile(this->at({"a.mp3"}), std::string(3 * 1024 * 1024, 'x'));
   for (const bool overwrite : {false, true}) {
     this->backend_.addFolder(this->at({"f"}));
-    EXPECT_EQ(this->errorOf([&] {
+    const int error = this->errorOf([&] {
       this->files().copyFile(this->at({"a.mp3"}), this->at({"f", "b.mp3"}), overwrite,
                              [this](std::uint64_t, std::uint64_t) {
                                this->backend_.remove(this->at({"f"}));
                                return true;
                              });
-    }),
-              76);
-    EXPECT_FALSE(this->files().folderExists(this->at({"f"})));
+    });
+    // Some systems do not remove a folder in which a file is being written.
+    const bool remains = this->files().folderExists(this->at({"f"}));
+    EXPECT_EQ(error, remains ? 0 : 76);
+    EXPECT_EQ(this->files().fileExists(this->at({"f", "b.mp3"})), remains);
+    this->backend_.remove(this->at({"f"}));
   }
   EXPECT_EQ(this->files().fileSize(this->at({"a.mp3"})), 3U * 1024 * 1024);
 }
@@ -267,16 +273,18 @@ TYPED_TEST(FileWritingContract, EachCopyingFailureHasItsErrorNumber) {
   this->backend_.makeFolderUnwritable(this->at({"closed"}));
   EXPECT_EQ(this->copying(this->at({"missing"}), this->at({"b"}), false), 53);
   EXPECT_EQ(this->copying(this->at({"closed"}), this->at({"b"}), false), 53);
-  EXPECT_EQ(this->copying(this->at({"secret"}), this->at({"b"}), false), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"a"}), true), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->files().joinAlwaysSeparated(this->backend_.root(), "a"), true), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"fixed"}), true), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"closed"}), true), 70);
-  EXPECT_EQ(this->copying(this->at({"a"}), this->at({"closed", "b"}), false), 70);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"missing", "b"}), false), 76);
   EXPECT_EQ(this->copying(this->at({"a"}), this->at({"fixed", "b"}), false), 76);
   EXPECT_EQ(this->backend_.content(this->at({"a"})), "a");
   EXPECT_EQ(this->backend_.content(this->at({"fixed"})), "old");
+  EXPECT_EQ(this->namesIn(this->backend_.root()), (Names{"a", "fixed", "secret"}));
+  if (!this->backend_.deniesAccess()) GTEST_SKIP() << "this user may read and write everything";
+  EXPECT_EQ(this->copying(this->at({"secret"}), this->at({"b"}), false), 70);
+  EXPECT_EQ(this->copying(this->at({"a"}), this->at({"closed", "b"}), false), 70);
   EXPECT_EQ(this->namesIn(this->backend_.root()), (Names{"a", "fixed", "secret"}));
 }
 

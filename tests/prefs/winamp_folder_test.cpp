@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
-#include "platform/linux/linux_files.h"
 #include "platform/memory/fake_file_system.h"
-#include "support/temporary_folder.h"
 
 namespace plimo {
 namespace {
@@ -35,30 +33,12 @@ TEST(WinampFolder, ThePathIsInLowerCaseAndHasASeparatorAfterARootToo) {
   EXPECT_EQ(winampPath(files, "C:\\", "winamp.exe"), "C:\\\\winamp.exe");
 }
 
-TEST(WinampFolder, OnACaseSensitiveFileSystemThePathHasTheNameOfTheFile) {
-  TemporaryFolder folder;
-  LinuxFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
-  writeFile(folder / "WinAmp.EXE", "");
-  EXPECT_EQ(winampIn(files, folder.path()), "WinAmp.EXE");
-  EXPECT_EQ(winampPath(files, folder.path(), "WinAmp.EXE"), folder / "WinAmp.EXE");
-  writeFile(folder / "winamp.exe", "");
-  EXPECT_EQ(winampPath(files, folder.path(), "WinAmp.EXE"), folder / "winamp.exe");
-}
-
 TEST(WinampFolder, TheFolderOfAStoredPathIsInCapitals) {
   FakeFileSystem files;
   files.addFolder("C:\\Program Files\\Winamp");
   EXPECT_EQ(folderOfWinamp(files, "C:\\Program Files\\Winamp\\winamp.exe"), "C:\\PROGRAM FILES\\WINAMP");
   EXPECT_EQ(folderOfWinamp(files, "C:\\\\winamp.exe"), "C:\\");
   EXPECT_EQ(folderOfWinamp(files, "C:\\Program Files\\Winamp"), "C:\\PROGRAM FILES\\WINAMP");
-}
-
-TEST(WinampFolder, OnACaseSensitiveFileSystemTheFolderKeepsItsCase) {
-  TemporaryFolder folder;
-  LinuxFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}});
-  makeFolders(folder / "Winamp");
-  EXPECT_EQ(folderOfWinamp(files, folder / "Winamp/WinAmp.exe"), folder / "Winamp");
-  EXPECT_EQ(folderOfWinamp(files, folder / "winamp/winamp.exe"), folder.path());
 }
 
 TEST(WinampFolder, AMissingFolderIsReplacedByItsNearestExistingAncestor) {
@@ -79,16 +59,6 @@ TEST(WinampFolder, ADriveHoldsTheFoldersBelowItsRoot) {
   EXPECT_EQ(driveHolding(files, "C:\\"), 'C');
   EXPECT_EQ(driveHolding(files, "E:\\Winamp"), 0);
   EXPECT_EQ(driveHolding(files, ""), 0);
-}
-
-TEST(WinampFolder, OfNestedDrivesTheInnermostHoldsTheFolder) {
-  TemporaryFolder folder;
-  makeFolders(folder / "disk/Winamp");
-  LinuxFiles files(
-      std::vector<DriveRoot>{{'C', DriveType::fixed, folder.path()}, {'D', DriveType::fixed, folder / "disk"}});
-  EXPECT_EQ(driveHolding(files, folder / "disk/Winamp"), 'D');
-  EXPECT_EQ(driveHolding(files, folder / "disks"), 'C');
-  EXPECT_EQ(driveHolding(files, "/"), 0);
 }
 
 }  // namespace

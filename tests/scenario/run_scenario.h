@@ -2,13 +2,12 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "scenario/runner.h"
+#include "support/temporary_folder.h"
 
 namespace plimo::scenario {
 
@@ -25,21 +24,17 @@ struct TextFile {
 
 // Writes the files into a temporary folder and runs the first `scenarios` of them.
 inline ScenarioResult runScenarioFiles(const std::vector<TextFile>& files, std::size_t scenarios = 1) {
-  namespace fs = std::filesystem;
-  std::string pattern = (fs::temp_directory_path() / "plimo-scenario-XXXXXX").string();
-  const fs::path folder = mkdtemp(pattern.data());
+  const TemporaryFolder folder;
+  const std::string prefix = std::filesystem::path(folder.path()).generic_string() + "/";
   std::vector<std::string> paths;
   for (const TextFile& file : files) {
-    const fs::path path = folder / file.path;
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << file.content;
-    if (paths.size() < scenarios) paths.push_back(path.string());
+    const std::string path = prefix + file.path;
+    writeFile(path, file.content);
+    if (paths.size() < scenarios) paths.push_back(path);
   }
   std::ostringstream out;
   std::ostringstream err;
   ScenarioResult result{runScenarios(paths, out, err), out.str(), err.str()};
-  fs::remove_all(folder);
-  const std::string prefix = folder.string() + "/";
   for (std::size_t at = 0; (at = result.err.find(prefix, at)) != std::string::npos;) {
     result.err.erase(at, prefix.size());
   }

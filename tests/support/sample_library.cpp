@@ -1,9 +1,5 @@
 #include "support/sample_library.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <array>
 #include <cerrno>
 #include <cstdint>
@@ -50,20 +46,6 @@ std::string words(std::size_t number) {
 
 [[noreturn]] void fail(const std::string& path) { throw std::system_error(errno, std::generic_category(), path); }
 
-class Folder {
- public:
-  explicit Folder(const std::string& path) : descriptor_(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    if (descriptor_ < 0) fail(path);
-  }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  ~Folder() { ::close(descriptor_); }
-  int descriptor() const { return descriptor_; }
-
- private:
-  int descriptor_;
-};
-
 }  // namespace
 
 std::string artistName(std::size_t artist) {
@@ -93,20 +75,6 @@ std::string folderPath(std::size_t folder) {
   return folderPath((folder - 1) / subfolders) + "/Folder " + std::to_string(folder);
 }
 
-void createTree(const SampleLibrary& library, const std::string& root) {
-  if (::mkdir(root.c_str(), S_IRWXU) != 0) fail(root);
-  std::size_t song = 0;
-  for (std::size_t folder = 0; folder < library.folders; ++folder) {
-    const std::string path = root + folderPath(folder);
-    if (folder > 0 && ::mkdir(path.c_str(), S_IRWXU) != 0) fail(path);
-    const Folder open(path);
-    for (; song < library.songs && library.folderOf(song) == folder; ++song) {
-      const std::string name = songFileName(library, song);
-      if (::mknodat(open.descriptor(), name.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0) != 0) fail(path + '/' + name);
-    }
-  }
-}
-
 std::string lastSongPath(const SampleLibrary& library, const std::string& folder) {
   return folder + '/' + songFileName(library, library.songs - 1);
 }
@@ -115,7 +83,7 @@ void writeCatalogue(const SampleLibrary& library, const std::string& root, const
   std::ofstream stream(file, std::ios::binary | std::ios::trunc);
   std::string buffer;
   std::string folder;
-  const std::string programFolder = std::filesystem::absolute(file).parent_path();
+  const std::string programFolder = std::filesystem::absolute(file).parent_path().string();
   std::size_t current = library.folders;
   for (std::size_t song = 0; song < library.songs; ++song) {
     if (library.folderOf(song) != current) {

@@ -1,21 +1,9 @@
-// Helpers for tests on the real disk.
+// Helpers for tests on the real disk, defined for each operating system.
 #pragma once
 
 #include <string>
 
 namespace plimo {
-
-// If the test runs as root, changes to an unprivileged user during its lifetime, so that permissions apply.
-class UnprivilegedUser {
- public:
-  UnprivilegedUser();
-  UnprivilegedUser(const UnprivilegedUser&) = delete;
-  UnprivilegedUser& operator=(const UnprivilegedUser&) = delete;
-  ~UnprivilegedUser();
-
- private:
-  bool changed_ = false;
-};
 
 // A new folder, removed with its content by the destructor.
 class TemporaryFolder {
@@ -26,14 +14,15 @@ class TemporaryFolder {
   ~TemporaryFolder();
 
   const std::string& path() const { return path_; }
-  std::string operator/(const std::string& name) const { return path_ + "/" + name; }
+  // A path in the folder; `name` may have several components, separated by "/" on every system.
+  std::string operator/(const std::string& name) const;
 
  private:
   std::string path_;
 };
 
+// Paths are in the machine's own syntax.
 void writeFile(const std::string& path, const std::string& content);
 void makeFolders(const std::string& path);  // with missing parents
-void changeMode(const std::string& path, unsigned mode);
 
 }  // namespace plimo

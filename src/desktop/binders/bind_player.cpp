@@ -7,7 +7,7 @@ namespace {
 
 class PlayerBinder : public Binder {
  public:
-  PlayerBinder(Control& control, MpvPlayer& player, QWidget* parent)
+  PlayerBinder(Control& control, PlaylistPlayer& player, QWidget* parent)
       : Binder(control, new PlayerStrip(player, parent)) {}
 
   // The strip's buttons take the keyboard focus, each by itself.
@@ -19,7 +19,7 @@ class PlayerBinder : public Binder {
 
 }  // namespace
 
-std::unique_ptr<Binder> bindPlayer(Control& control, MpvPlayer& player, QWidget* parent) {
+std::unique_ptr<Binder> bindPlayer(Control& control, PlaylistPlayer& player, QWidget* parent) {
   return makeBinder<PlayerBinder>(control, player, parent);
 }
 

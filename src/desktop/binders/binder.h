@@ -14,7 +14,7 @@
 
 namespace plimo {
 
-class MpvPlayer;
+class PlaylistPlayer;
 
 // The widget has the control's name as its object name, so that tools and tests find it. It belongs to its parent.
 class Binder : public ControlObserver {
@@ -60,6 +60,6 @@ std::unique_ptr<Binder> bindSlider(Slider& slider, QWidget* parent);
 std::unique_ptr<Binder> bindList(ListBox& list, QWidget* parent);
 std::unique_ptr<Binder> bindDriveList(DriveList& drives, QWidget* parent);
 std::unique_ptr<Binder> bindFolderList(FolderList& folders, QWidget* parent);
-std::unique_ptr<Binder> bindPlayer(Control& control, MpvPlayer& player, QWidget* parent);
+std::unique_ptr<Binder> bindPlayer(Control& control, PlaylistPlayer& player, QWidget* parent);
 
 }  // namespace plimo

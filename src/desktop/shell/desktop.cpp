@@ -5,29 +5,31 @@
 #include <QThread>
 #include <QTimer>
 
-#include "desktop/shell/mpv_loader.h"
+#include "desktop/shell/background_work.h"
 #include "desktop/theme/strings.h"
 #include "desktop/widgets/list_accessible.h"
 #include "desktop/widgets/widget_accessible.h"
+#include "platform/player/native_engine.h"
 
 namespace plimo {
 
 namespace {
 
-MpvHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting) {
-  // One of the player's audio outputs would otherwise replace the handlers of the signals that end the program.
-  qputenv("SDL_NO_SIGNAL_HANDLERS", "1");
-  auto library = std::make_shared<MpvLoader>(blocker, std::move(beforeWaiting));
+PlayerHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting) {
   return {
       [](std::function<void()> action) { QMetaObject::invokeMethod(qApp, std::move(action), Qt::QueuedConnection); },
-      [library](const char* name) { return library->function(name); },
+      startNativeEngine,
+      [&blocker, beforeWaiting = std::move(beforeWaiting)](const std::function<void()>& work) {
+        beforeWaiting();
+        runInBackground(blocker, work);
+      },
       [&blocker] { return !blocker.isBlocked(); },
   };
 }
 
 }  // namespace
 
-Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
+Desktop::Desktop(FileSystemObject& files, Launcher& launcher, std::string playlist)
     : player_(hooksFor(blocker_, [this] { program_.dispatcher().flush(); })),
       progress_(blocker_),
       program_(Platform{files, player_, dialogs_, launcher, progress_}) {
@@ -39,6 +41,7 @@ Desktop::Desktop(FileSystemObject& files, Launcher& launcher)
   progress_.beforePaint = flush;
   progress_.window = [this] { return frontWindow(); };
   blocker_.unblocked = [this] { player_.drainEvents(); };
+  program_.openAtStart(std::move(playlist));
   installListAccessible();
   installWidgetAccessible();
   FormWindow::installAccessible();

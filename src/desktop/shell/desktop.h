@@ -9,14 +9,15 @@
 #include "desktop/shell/input_blocker.h"
 #include "desktop/shell/progress.h"
 #include "desktop/window/form_window.h"
-#include "platform/mpv/mpv_player.h"
+#include "platform/player/playlist_player.h"
 
 namespace plimo {
 
 class Desktop : public FormHost {
  public:
   // Needs the application object. The arguments must outlive it.
-  Desktop(FileSystemObject& files, Launcher& launcher);
+  // `playlist` is opened at start if it is not empty; an absolute path.
+  Desktop(FileSystemObject& files, Launcher& launcher, std::string playlist = {});
   ~Desktop() override;
 
   // Starts the program and runs the event loop until it has ended; returns its exit status.
@@ -45,7 +46,7 @@ class Desktop : public FormHost {
   void close(Form& form);
 
   InputBlocker blocker_;
-  MpvPlayer player_;
+  PlaylistPlayer player_;
   DesktopDialogs dialogs_;
   DesktopProgress progress_;
   Program program_;

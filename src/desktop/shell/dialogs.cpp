@@ -1,6 +1,7 @@
 #include "desktop/shell/dialogs.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QGridLayout>
@@ -14,6 +15,7 @@
 #include "base/text.h"
 #include "desktop/theme/scaling.h"
 #include "desktop/theme/strings.h"
+#include "platform/windows_paths/wtf8.h"
 
 namespace plimo {
 
@@ -112,9 +114,10 @@ class Box : public QMessageBox {
   }
 };
 
-QString nativeName(const std::string& bytes) { return QFile::decodeName(QByteArray::fromStdString(bytes)); }
+QString nativeName(const std::string& bytes) { return QString::fromStdU16String(wtf8ToUtf16(bytes)); }
 
-std::string nativeBytes(const QString& name) { return QFile::encodeName(name).toStdString(); }
+// A path as the machine writes it: the toolkit separates its parts by "/" on every machine.
+std::string nativeBytes(const QString& name) { return utf16ToWtf8(QDir::toNativeSeparators(name).toStdU16String()); }
 
 bool namesPattern(const std::string& name) { return name.find('*') != std::string::npos; }
 
@@ -202,7 +205,7 @@ std::string DesktopDialogs::input(const std::string& boxTitle, const std::string
   box.setFixedSize(scaledForBoxes(inputWidth), box.sizeHint().height());
   if (box.exec() != QDialog::Accepted) return {};
   // An unchanged name keeps its bytes, even if they are not valid text.
-  return box.textValue() == shown ? proposed : nativeBytes(box.textValue());
+  return box.textValue() == shown ? proposed : utf16ToWtf8(box.textValue().toStdU16String());
 }
 
 std::optional<std::string> DesktopDialogs::openFile(const FileDialog& request) {
@@ -231,7 +234,7 @@ std::optional<std::string> DesktopDialogs::saveFile(const FileDialog& request) {
     const QString written = name + QStringLiteral(".m3u");
     // The program asks before it overwrites the name itself, but not before it overwrites the name with .m3u appended.
     if (QFile::exists(name) || !QFile::exists(written)) return nativeBytes(name);
-    if (question(bytesOf(written) + " already exists. Overwrite it?")) return nativeBytes(name);
+    if (question(nativeBytes(written) + " already exists. Overwrite it?")) return nativeBytes(name);
   }
   return std::nullopt;
 }

@@ -17,7 +17,7 @@
 #include "desktop/widgets/announcement.h"
 #include "desktop/widgets/elided_label.h"
 #include "desktop/widgets/seek_slider.h"
-#include "platform/mpv/mpv_player.h"
+#include "platform/player/playlist_player.h"
 
 namespace plimo {
 
@@ -31,7 +31,7 @@ QString themed(const char* art) {
 
 }  // namespace
 
-PlayerStrip::PlayerStrip(MpvPlayer& player, QWidget* parent)
+PlayerStrip::PlayerStrip(PlaylistPlayer& player, QWidget* parent)
     : QWidget(parent),
       player_(player),
       song_(new ElidedLabel(Qt::ElideRight, this)),
@@ -156,7 +156,7 @@ void PlayerStrip::applySizes() {
 }
 
 void PlayerStrip::showState() {
-  const MpvPlayer::State& state = player_.state();
+  const PlaylistPlayer::State& state = player_.state();
   updating_ = true;
   const bool usable = state.enabled;
   const bool buttonsShown = state.showControls;
@@ -190,7 +190,7 @@ void PlayerStrip::showState() {
 }
 
 void PlayerStrip::showTexts() {
-  const MpvPlayer::State& state = player_.state();
+  const PlaylistPlayer::State& state = player_.state();
   QString song = shownText(state.song);
   if (song.isEmpty()) song = QStringLiteral("Nothing is playing");
   if (state.opened && state.count > 1) {
@@ -213,28 +213,30 @@ void PlayerStrip::showTexts() {
 }
 
 void PlayerStrip::keyPressEvent(QKeyEvent* event) {
-  if (!player_.state().enabled) {
-    QWidget::keyPressEvent(event);
-    return;
-  }
-  switch (event->key()) {
+  if (!playByKey(player_, event->key())) QWidget::keyPressEvent(event);
+}
+
+bool playByKey(PlaylistPlayer& player, int key) {
+  if (!player.state().enabled) return false;
+  switch (key) {
     case Qt::Key_MediaTogglePlayPause:
     case Qt::Key_MediaPlay:
     case Qt::Key_MediaPause:
-      player_.playOrPause();
+      player.playOrPause();
       break;
     case Qt::Key_MediaStop:
-      player_.stop();
+      player.stop();
       break;
     case Qt::Key_MediaNext:
-      player_.next();
+      player.next();
       break;
     case Qt::Key_MediaPrevious:
-      player_.previous();
+      player.previous();
       break;
     default:
-      QWidget::keyPressEvent(event);
+      return false;
   }
+  return true;
 }
 
 }  // namespace plimo

@@ -12,14 +12,14 @@ class QToolButton;
 
 namespace plimo {
 
-class MpvPlayer;
+class PlaylistPlayer;
 class SeekSlider;
 
 class PlayerStrip : public QWidget {
   Q_OBJECT
 
  public:
-  PlayerStrip(MpvPlayer& player, QWidget* parent);
+  PlayerStrip(PlaylistPlayer& player, QWidget* parent);
   ~PlayerStrip() override;
 
  protected:
@@ -37,7 +37,7 @@ class PlayerStrip : public QWidget {
   void showState();
   void showTexts();
 
-  MpvPlayer& player_;
+  PlaylistPlayer& player_;
   QLabel* song_;
   QLabel* note_;
   QLabel* times_;
@@ -52,5 +52,9 @@ class PlayerStrip : public QWidget {
   QString shownPlayArt_;
   QString shownMuteArt_;
 };
+
+// Carries out a media key (Qt::Key_MediaPlay and the like), which a keyboard or the system sends. Returns false for any
+// other key, and if the player takes no commands.
+bool playByKey(PlaylistPlayer& player, int key);
 
 }  // namespace plimo

@@ -18,7 +18,7 @@
 
 namespace plimo {
 
-FormWindow::FormWindow(Form& form, const Form1Controls* controls, MpvPlayer& player, std::function<bool()> compact)
+FormWindow::FormWindow(Form& form, const Form1Controls* controls, PlaylistPlayer& player, std::function<bool()> compact)
     : form_(form), player_(player), compact_(std::move(compact)), panels_(form) {
   setObjectName(qstring(form.name()));
   setWindowTitle(shownText(form.caption()));

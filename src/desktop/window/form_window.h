@@ -32,7 +32,7 @@ class FormWindow : public QWidget {
  public:
   // `controls` are those of the main window; null for another one. `compact` returns whether only the player is
   // visible. All of them must outlive the window.
-  FormWindow(Form& form, const Form1Controls* controls, MpvPlayer& player, std::function<bool()> compact);
+  FormWindow(Form& form, const Form1Controls* controls, PlaylistPlayer& player, std::function<bool()> compact);
   ~FormWindow() override;
 
   // Reports form windows to assistive tools as windows. To be called once, before the first window is made.
@@ -105,7 +105,7 @@ class FormWindow : public QWidget {
   CommandButton* cancelButton() const;
 
   Form& form_;
-  MpvPlayer& player_;
+  PlaylistPlayer& player_;
   std::function<bool()> compact_;
   QMenuBar* menuBar_ = nullptr;
   FormCanvas* canvas_ = nullptr;

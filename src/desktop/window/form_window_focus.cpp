@@ -2,6 +2,7 @@
 #include <QKeyEvent>
 #include <algorithm>
 
+#include "desktop/widgets/player_strip.h"
 #include "desktop/window/form_window.h"
 
 namespace plimo {
@@ -98,6 +99,7 @@ CommandButton* FormWindow::cancelButton() const {
 
 // Called for keys that the widget with the focus has ignored.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
+  if (acceptsInput() && playByKey(player_, event->key())) return;
   const bool escape = event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier && !event->isAutoRepeat();
   CommandButton* button = escape ? cancelButton() : nullptr;
   if (button == nullptr || !acceptsInput()) {

@@ -4,10 +4,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <array>
-
-#include "base/text.h"
 
 namespace plimo {
 
@@ -30,34 +27,7 @@ Kind kindOf(int folder, const char* name, unsigned char type, const ListingFilte
   return kind == Kind::folder && !filter.linkedFolders ? Kind::other : kind;
 }
 
-}  // namespace
-
-UniqueFd openDirectory(int parent, const char* path, bool followLink) {
-  const int flags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC | (followLink ? 0 : O_NOFOLLOW);
-  return UniqueFd(::openat(parent, path, flags));
-}
-
-void DirectoryLister::add(Names& names, std::string_view name) {
-  Name entry{text_.size(), name.size(), 0, 0};
-  text_.append(name);
-  entry.key = text_.size();
-  appendFolded(text_, name);
-  entry.keyLength = text_.size() - entry.key;
-  names.found.push_back(entry);
-}
-
-void DirectoryLister::sort(Names& names) const {
-  const std::string_view text = text_;
-  std::sort(names.found.begin(), names.found.end(), [text](const Name& left, const Name& right) {
-    const int order = text.substr(left.key, left.keyLength).compare(text.substr(right.key, right.keyLength));
-    if (order != 0) return order < 0;
-    return text.substr(left.offset, left.length) < text.substr(right.offset, right.length);
-  });
-  names.sorted.clear();
-  for (const Name& name : names.found) names.sorted.push_back(text.substr(name.offset, name.length));
-}
-
-void DirectoryLister::addEntry(int directory, const char* entryName, unsigned char type, const ListingFilter& filter) {
+void add(int directory, const char* entryName, unsigned char type, const ListingFilter& filter, ListedNames& names) {
   const std::string_view name = entryName;
   if (name == "." || name == "..") return;
   if (type == DT_DIR && !filter.folders) return;
@@ -65,14 +35,19 @@ void DirectoryLister::addEntry(int directory, const char* entryName, unsigned ch
   // Resolving a link takes a system call, so unwanted links are skipped first.
   if (!accepted && (type == DT_REG || (type == DT_LNK && !filter.linkedFolders))) return;
   const Kind kind = kindOf(directory, entryName, type, filter);
-  if (kind == Kind::file && accepted) add(files_, name);
-  if (kind == Kind::folder && filter.folders) add(folders_, name);
+  if (kind == Kind::file && accepted) names.addFile(name);
+  if (kind == Kind::folder && filter.folders && !(filter.skipFolder && filter.skipFolder(name))) names.addFolder(name);
 }
 
-bool DirectoryLister::list(int directory, const ListingFilter& filter) {
-  text_.clear();
-  files_.found.clear();
-  folders_.found.clear();
+}  // namespace
+
+UniqueFd openDirectory(int parent, const char* path, bool followLink) {
+  const int flags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC | (followLink ? 0 : O_NOFOLLOW);
+  return UniqueFd(::openat(parent, path, flags));
+}
+
+bool listDirectory(int directory, const ListingFilter& filter, ListedNames& names) {
+  names.clear();
   // Not readdir(3): fdopendir(3) takes three more system calls for each folder.
   alignas(dirent64) std::array<char, 64 * 1024> buffer;
   for (;;) {
@@ -82,11 +57,10 @@ bool DirectoryLister::list(int directory, const ListingFilter& filter) {
     for (ssize_t offset = 0; offset < filled;) {
       const auto& entry = *reinterpret_cast<const dirent64*>(buffer.data() + offset);
       offset += entry.d_reclen;
-      addEntry(directory, entry.d_name, entry.d_type, filter);
+      add(directory, entry.d_name, entry.d_type, filter, names);
     }
   }
-  sort(files_);
-  sort(folders_);
+  names.sort();
   return true;
 }
 

@@ -2,12 +2,15 @@
 #include <fcntl.h>
 
 #include <cerrno>
+#include <cstdint>
+#include <functional>
+#include <memory>
 #include <utility>
 
 #include "platform/linux/directory_lister.h"
-#include "platform/linux/directory_prefetcher.h"
 #include "platform/linux/errno_mapping.h"
 #include "platform/linux/linux_files.h"
+#include "platform/shared/directory_prefetcher.h"
 
 namespace plimo {
 
@@ -15,6 +18,37 @@ namespace {
 
 // In a drive's root, this folder belongs to the file system and is not shown.
 constexpr std::string_view lostAndFound = "lost+found";
+
+// Opens each folder relative to its parent, which stays open meanwhile.
+class LinuxDirectoryReader : public DirectoryReader {
+ public:
+  // True for a subfolder to leave out. Called on both threads.
+  using Skip = std::function<bool(std::string_view folder, std::string_view name)>;
+
+  LinuxDirectoryReader(bool (*acceptFile)(std::string_view name), Skip skip)
+      : acceptFile_(acceptFile), skip_(std::move(skip)) {}
+
+  std::shared_ptr<void> read(PrefetchedDirectory& directory) const override {
+    const bool isRoot = directory.parent == nullptr;
+    const int parent = isRoot ? AT_FDCWD : static_cast<const UniqueFd*>(directory.parent.get())->get();
+    auto opened =
+        std::make_shared<UniqueFd>(openDirectory(parent, directory.path.c_str() + directory.nameOffset, isRoot));
+    ListingFilter filter;
+    filter.acceptFile = acceptFile_;
+    filter.folders = directory.depth > 0;
+    filter.skipFolder = [&](std::string_view name) { return skip_(directory.path, name); };
+    if (!*opened) {
+      directory.openError = static_cast<std::uint32_t>(errno);
+    } else if (!listDirectory(opened->get(), filter, *directory.names)) {
+      directory.readError = static_cast<std::uint32_t>(errno);
+    }
+    return opened;
+  }
+
+ private:
+  bool (*acceptFile_)(std::string_view name);
+  Skip skip_;
+};
 
 }  // namespace
 
@@ -25,14 +59,14 @@ ErrorNumber LinuxFiles::listingError(int error, std::string_view folder) const {
 }
 
 FolderContents LinuxFiles::contents(std::string_view folder) {
-  DirectoryLister lister;
+  ListedNames names;
   const UniqueFd directory = openDirectory(AT_FDCWD, std::string(folder).c_str());
   ListingFilter filter;
   filter.linkedFolders = true;
-  if (!directory || !lister.list(directory.get(), filter)) throwError(listingError(errno, folder), folder);
+  if (!directory || !listDirectory(directory.get(), filter, names)) throwError(listingError(errno, folder), folder);
   FolderContents contents;
-  contents.files.assign(lister.files().begin(), lister.files().end());
-  for (const std::string_view name : lister.folders()) {
+  contents.files.assign(names.files().begin(), names.files().end());
+  for (const std::string_view name : names.folders()) {
     if (name != lostAndFound || !isDriveRoot(folder)) contents.folders.emplace_back(name);
   }
   return contents;
@@ -42,18 +76,19 @@ bool LinuxFiles::walk(std::string_view folder, int depth, const WalkVisitor& vis
   const auto skip = [this](std::string_view parent, std::string_view name) {
     return name == lostAndFound && isDriveRoot(parent);
   };
-  DirectoryPrefetcher directories(folder, depth, visitor.wanted, skip);
+  const LinuxDirectoryReader reader(visitor.wanted, skip);
+  DirectoryPrefetcher directories(folder, depth, '/', reader);
   std::string path;
   bool first = true;
-  while (const DirectoryPrefetcher::Directory* directory = directories.next()) {
+  while (const PrefetchedDirectory* directory = directories.next()) {
     const bool isSubfolder = !std::exchange(first, false);
     if (directory->openError != 0) {
       // A subfolder may have been removed, or replaced by a file, since its parent was listed.
-      if (isSubfolder && isNotFound(directory->openError)) continue;
+      if (isSubfolder && isNotFound(static_cast<int>(directory->openError))) continue;
     }
     if (visitor.entered && !visitor.entered(directory->path)) return false;
-    if (const int failure = directory->openError != 0 ? directory->openError : directory->readError) {
-      const RuntimeError error(listingError(failure, directory->path), directory->path);
+    if (const std::uint32_t failure = directory->openError != 0 ? directory->openError : directory->readError) {
+      const RuntimeError error(listingError(static_cast<int>(failure), directory->path), directory->path);
       if (!visitor.unreadable || !visitor.unreadable(error)) throw error;
       continue;
     }

@@ -61,13 +61,13 @@ enum PropertyId : std::uint64_t { durationId = 1, positionId = 2, pauseId = 3 };
 
 }  // namespace
 
-MpvPlayer::Engine::~Engine() {
+MpvEngine::~MpvEngine() {
   if (handle_ == nullptr) return;
   mpv_.setWakeupCallback(handle_, nullptr, nullptr);
   mpv_.terminateDestroy(handle_);
 }
 
-bool MpvPlayer::Engine::start(const ResolveSymbol& resolve) {
+bool MpvEngine::start(const ResolveSymbol& resolve) {
   if (!mpv_.load(resolve)) return false;
   handle_ = mpv_.create();
   if (handle_ == nullptr) return false;
@@ -80,54 +80,56 @@ bool MpvPlayer::Engine::start(const ResolveSymbol& resolve) {
   mpv_.observeProperty(handle_, positionId, "time-pos", MPV_FORMAT_DOUBLE);
   mpv_.observeProperty(handle_, pauseId, "pause", MPV_FORMAT_FLAG);
   mpv_.setWakeupCallback(
-      handle_, [](void* engine) { static_cast<Engine*>(engine)->onWakeup_(); }, this);
+      handle_, [](void* engine) { static_cast<MpvEngine*>(engine)->onWakeup_(); }, this);
   return true;
 }
 
-void MpvPlayer::Engine::command(std::initializer_list<const char*> arguments, std::uint64_t requestId) {
+void MpvEngine::command(std::initializer_list<const char*> arguments, std::uint64_t requestId) {
   std::vector<const char*> list(arguments);
   list.push_back(nullptr);
   mpv_.commandAsync(handle_, requestId, list.data());
 }
 
-void MpvPlayer::Engine::resetSong() {
+void MpvEngine::resetSong() {
   ++loadCount_;
   entryId_ = noEntryId;
   started_ = false;
   loaded_ = false;
 }
 
-void MpvPlayer::Engine::load(const std::string& path, bool paused) {
+void MpvEngine::load(std::uint64_t song, const std::string& path, bool paused) {
+  song_ = song;
   resetSong();
   setPaused(paused);
   command({"loadfile", path.c_str(), "replace"}, loadCount_);
 }
 
-void MpvPlayer::Engine::stop() {
+void MpvEngine::stop() {
   resetSong();
   command({"stop"});
 }
 
-void MpvPlayer::Engine::seek(double seconds) {
+void MpvEngine::seek(double seconds) {
   const std::string target = std::to_string(seconds);
   command({"seek", target.c_str(), "absolute"});
 }
 
-void MpvPlayer::Engine::setFlag(const char* property, bool on) {
+void MpvEngine::setFlag(const char* property, bool on) {
   int flag = on ? 1 : 0;
   mpv_.setPropertyAsync(handle_, 0, property, MPV_FORMAT_FLAG, &flag);
 }
 
-void MpvPlayer::Engine::setPaused(bool paused) { setFlag("pause", paused); }
+void MpvEngine::setPaused(bool paused) { setFlag("pause", paused); }
 
-void MpvPlayer::Engine::setMuted(bool muted) { setFlag("mute", muted); }
+void MpvEngine::setMuted(bool muted) { setFlag("mute", muted); }
 
-void MpvPlayer::Engine::setVolume(double percent) {
-  mpv_.setPropertyAsync(handle_, 0, "volume", MPV_FORMAT_DOUBLE, &percent);
+void MpvEngine::setVolume(int percent) {
+  double volume = percent;
+  mpv_.setPropertyAsync(handle_, 0, "volume", MPV_FORMAT_DOUBLE, &volume);
 }
 
 // The reply to "loadfile" contains the playlist_entry_id. Without one, loading has failed.
-MpvPlayer::Engine::Event MpvPlayer::Engine::loadReply(const mpv_event& reply) {
+MpvEngine::Event MpvEngine::loadReply(const mpv_event& reply) {
   Event result;
   if (reply.reply_userdata != loadCount_) return result;
   const auto* data = static_cast<const mpv_event_command*>(reply.data);
@@ -141,7 +143,7 @@ MpvPlayer::Engine::Event MpvPlayer::Engine::loadReply(const mpv_event& reply) {
   return result;
 }
 
-MpvPlayer::Engine::Event MpvPlayer::Engine::endOfFile(const mpv_event_end_file& end) {
+MpvEngine::Event MpvEngine::endOfFile(const mpv_event_end_file& end) {
   Event result;
   if (end.playlist_entry_id != entryId_) return result;
   if (end.reason == MPV_END_FILE_REASON_EOF) result.kind = Event::Kind::ended;
@@ -150,7 +152,7 @@ MpvPlayer::Engine::Event MpvPlayer::Engine::endOfFile(const mpv_event_end_file& 
   return result;
 }
 
-MpvPlayer::Engine::Event MpvPlayer::Engine::propertyValue(const mpv_event& event) const {
+MpvEngine::Event MpvEngine::propertyValue(const mpv_event& event) const {
   Event result;
   const auto& property = *static_cast<const mpv_event_property*>(event.data);
   if (property.format == MPV_FORMAT_DOUBLE && loaded_) {
@@ -163,17 +165,13 @@ MpvPlayer::Engine::Event MpvPlayer::Engine::propertyValue(const mpv_event& event
   return result;
 }
 
-bool MpvPlayer::Engine::nextEvent(Event& result) {
-  const mpv_event* event = mpv_.waitEvent(handle_, 0);
-  result = {};
-  switch (event->event_id) {
-    case MPV_EVENT_NONE:
-      return false;
+// Events of former songs are of the kind `none`.
+MpvEngine::Event MpvEngine::eventOf(const mpv_event& event) {
+  switch (event.event_id) {
     case MPV_EVENT_COMMAND_REPLY:
-      result = loadReply(*event);
-      break;
+      return loadReply(event);
     case MPV_EVENT_START_FILE:
-      started_ = static_cast<const mpv_event_start_file*>(event->data)->playlist_entry_id == entryId_;
+      started_ = static_cast<const mpv_event_start_file*>(event.data)->playlist_entry_id == entryId_;
       break;
     case MPV_EVENT_FILE_LOADED:
       // If the duration equals the previous song's, there is no change event.
@@ -181,15 +179,23 @@ bool MpvPlayer::Engine::nextEvent(Event& result) {
       if (loaded_) mpv_.getPropertyAsync(handle_, durationId, "duration", MPV_FORMAT_DOUBLE);
       break;
     case MPV_EVENT_END_FILE:
-      result = endOfFile(*static_cast<const mpv_event_end_file*>(event->data));
-      break;
+      return endOfFile(*static_cast<const mpv_event_end_file*>(event.data));
     case MPV_EVENT_GET_PROPERTY_REPLY:
     case MPV_EVENT_PROPERTY_CHANGE:
-      if (event->error >= 0) result = propertyValue(*event);
+      if (event.error >= 0) return propertyValue(event);
       break;
     default:
       break;
   }
+  return {};
+}
+
+bool MpvEngine::nextEvent(Event& result) {
+  const mpv_event* event = mpv_.waitEvent(handle_, 0);
+  if (event->event_id == MPV_EVENT_NONE) return false;
+  result = eventOf(*event);
+  result.song = song_;
+  if (result.kind == Event::Kind::failed) result.reason = cannotBePlayed;
   return true;
 }
 

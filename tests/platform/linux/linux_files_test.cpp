@@ -13,6 +13,7 @@
 #include <functional>
 #include <thread>
 
+#include "support/linux/permissions.h"
 #include "support/temporary_folder.h"
 
 namespace plimo {

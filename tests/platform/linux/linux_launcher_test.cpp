@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "base/errors.h"
+#include "support/linux/permissions.h"
 #include "support/temporary_folder.h"
 
 namespace plimo {

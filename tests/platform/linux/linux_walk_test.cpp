@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "platform/linux/linux_files.h"
+#include "support/linux/permissions.h"
 #include "support/temporary_folder.h"
 
 namespace plimo {

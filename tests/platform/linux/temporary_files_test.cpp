@@ -12,6 +12,7 @@
 
 #include "platform/linux/atomic_file.h"
 #include "platform/linux/linux_files.h"
+#include "support/linux/permissions.h"
 #include "support/temporary_folder.h"
 #include "support/test_program.h"
 

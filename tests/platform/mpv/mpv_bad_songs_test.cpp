@@ -5,7 +5,7 @@
 
 #include <random>
 
-#include "platform/mpv/test_player.h"
+#include "support/player/test_player.h"
 
 namespace plimo {
 namespace {

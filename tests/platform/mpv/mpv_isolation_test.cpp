@@ -11,7 +11,8 @@
 #include <fstream>
 #include <string_view>
 
-#include "platform/mpv/test_player.h"
+#include "platform/mpv/sound_library.h"
+#include "support/player/test_player.h"
 
 namespace plimo {
 namespace {
@@ -116,10 +117,10 @@ TEST(MpvIsolation, TheSettingsWouldHaveAnEffectIfTheyWereRead) {
   const HomeWithMpvSettings home;
   Songs songs;
   realSetOption = reinterpret_cast<decltype(realSetOption)>(soundLibraryFunction("mpv_set_option_string"));
-  TestPlayer test([](const char* name) {
+  TestPlayer test(startMpvWith([](const char* name) {
     const bool swapped = std::string_view(name) == "mpv_set_option_string";
     return swapped ? reinterpret_cast<void*>(&setOptionEnablingSettings) : soundLibraryFunction(name);
-  });
+  }));
   test.player.open(songs.add("a.mp3", 0.3));
   EXPECT_TRUE(test.until([&] { return home.configRead() && home.scriptRun(); }));
 }
@@ -163,7 +164,11 @@ TEST(MpvIsolation, NoNetworkConnectionIsMadeAndNoOtherFileIsOpened) {
 
 TEST(MpvIsolation, TheLibraryIsLoadedOnlyAtTheFirstOpening) {
   Songs songs;
-  TestPlayer test;
+  int resolved = 0;
+  TestPlayer test(startMpvWith([&resolved](const char* name) {
+    ++resolved;
+    return soundLibraryFunction(name);
+  }));
   test.player.setVolume(50);
   test.player.setMuted(true);
   test.player.setShowControls(true);
@@ -176,15 +181,15 @@ TEST(MpvIsolation, TheLibraryIsLoadedOnlyAtTheFirstOpening) {
   test.player.previous();
   test.player.seek(1);
   test.player.drainEvents();
-  EXPECT_EQ(test.resolved, 0);
+  EXPECT_EQ(resolved, 0);
   test.player.open(songs.add("a.mp3"));
-  EXPECT_GT(test.resolved, 0);
+  EXPECT_GT(resolved, 0);
 }
 
 TEST(MpvIsolation, WithoutTheLibraryEachOpeningReportsItAndNothingElseHappens) {
   Songs songs;
   bool installed = false;
-  TestPlayer test([&](const char* name) { return installed ? soundLibraryFunction(name) : nullptr; });
+  TestPlayer test(startMpvWith([&](const char* name) { return installed ? soundLibraryFunction(name) : nullptr; }));
   const char* const missing = "Nothing can be played here: the sound library libmpv is missing.";
   test.player.open(songs.list({songs.add("a.mp3"), songs.add("b.mp3")}));
   EXPECT_EQ(test.note(), missing);
@@ -208,10 +213,10 @@ TEST(MpvIsolation, WithoutTheLibraryEachOpeningReportsItAndNothingElseHappens) {
 
 TEST(MpvIsolation, ALibraryThatFailsToStartIsTreatedAsMissing) {
   Songs songs;
-  TestPlayer test([](const char* name) {
+  TestPlayer test(startMpvWith([](const char* name) {
     void* (*none)() = []() -> void* { return nullptr; };
     return std::string_view(name) == "mpv_create" ? reinterpret_cast<void*>(none) : soundLibraryFunction(name);
-  });
+  }));
   test.player.open(songs.add("a.mp3"));
   EXPECT_THAT(test.note(), HasSubstr("libmpv"));
   EXPECT_FALSE(test.state().opened);

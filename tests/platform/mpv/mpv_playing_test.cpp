@@ -4,8 +4,9 @@
 
 #include <chrono>
 #include <cmath>
+#include <filesystem>
 
-#include "platform/mpv/test_player.h"
+#include "support/player/test_player.h"
 
 namespace plimo {
 namespace {

@@ -15,7 +15,8 @@
 #include <thread>
 #include <vector>
 
-#include "platform/mpv/test_player.h"
+#include "support/linux/permissions.h"
+#include "support/player/test_player.h"
 
 namespace plimo {
 namespace {

@@ -11,6 +11,7 @@
 #include "base/quoted_format.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/linux_launcher.h"
+#include "support/linux/permissions.h"
 #include "support/temporary_folder.h"
 #include "support/test_program.h"
 

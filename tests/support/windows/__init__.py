@@ -1,0 +1,1 @@
+"""Drives the program for Windows under Wine."""

@@ -1,0 +1,126 @@
+"""The base of the window tests for Windows: folders in the Windows of the tests, and a screenshot of a failure."""
+import os
+import pathlib
+import shutil
+import tempfile
+import unittest
+
+from tests.support.desktop import screen, songs
+from tests.support.desktop.settings_file import settings
+from tests.support.desktop.waiting import wait
+from tests.support.windows import program
+from tests.support.windows.program import ROOT, WindowsProgram
+
+PROGRAM = pathlib.Path(os.environ.get("PLIMO_PROGRAM", ROOT / "build-windows" / "bin" / "plimo.exe")).resolve()
+SCREENSHOTS = pathlib.Path(os.environ.get("PLIMO_TEST_PICTURES", tempfile.gettempdir()))
+
+ARTISTS = {"Alder": ["Ash", "Birch", "Cedar", "Damson", "Elm"], "Beech": ["Fir", "Gorse"], "Cypress": ["Hazel"]}
+
+
+class WindowsTestCase(unittest.TestCase):
+    def setUp(self):
+        program.wine()  # creates the Windows if it does not exist
+        drive = program.prefix() / "drive_c"
+        self.home = pathlib.Path(tempfile.mkdtemp(prefix="plimo-", dir=drive))
+        self.addCleanup(shutil.rmtree, self.home)
+        self.data, self.collection, self.stick = (self.home / name for name in ("data", "songs", "stick"))
+        for folder in (self.data, self.collection, self.stick):
+            folder.mkdir()
+        self.program = None
+        self.addCleanup(self.close_program)
+        self.addCleanup(self.take_screenshot_of_failure)
+
+    def run(self, result=None):
+        self.result = result if result is not None else self.defaultTestResult()
+        return super().run(self.result)
+
+    def close_program(self):
+        if self.program is not None:
+            self.program.close()
+
+    def take_screenshot_of_failure(self):
+        if self not in [test for test, _ in self.result.failures + self.result.errors]:
+            return
+        path = SCREENSHOTS / f"plimo-windows-{self._testMethodName}.png"
+        screen.screenshot(path)
+        print(f"\nscreenshot of the failure: {path}", flush=True)
+
+    def take_picture(self, name):
+        """Takes a picture of the screen if the tests are asked for pictures."""
+        if "PLIMO_WINDOWS_PICTURES" in os.environ:
+            screen.screenshot(pathlib.Path(os.environ["PLIMO_WINDOWS_PICTURES"]) / f"{name}.png")
+
+    def windows(self, path):
+        """A path below drive C as Windows has it."""
+        relative = pathlib.Path(path).relative_to(program.prefix() / "drive_c")
+        return "C:\\" + str(relative).replace("/", "\\")
+
+    def add_songs(self, seconds=0.2):
+        for artist, titles in ARTISTS.items():
+            for title in titles:
+                songs.write_song(self.song(artist, title), seconds)
+
+    def song(self, artist, title):
+        return self.collection / f"{artist} - {title}.mp3"
+
+    def catalogue(self, root=None):
+        """The catalogue of the collection, whose folder Windows has under the name `root`."""
+        text = songs.expected_catalogue(self.collection)
+        return text.replace(os.fsencode(self.collection) + b"/", os.fsencode((root or self.windows(self.collection)) + "\\"))
+
+    def start(self, *arguments, drives=True):
+        """Starts the program, and waits for its window."""
+        if drives:
+            for drive in (f"C={self.windows(self.collection)}", f"D={self.windows(self.stick)}:removable"):
+                arguments += ("--drive", drive)
+        self.program = WindowsProgram(PROGRAM, "--folder", self.windows(self.data), *arguments)
+        self.program.wait_for_main_window()
+        return self.program
+
+    def write_state(self, scan=False):
+        """Writes settings and a catalogue, as an earlier run has left them."""
+        (self.data / "plimo.ini").write_bytes(settings(scan=scan))
+        (self.data / "plimo.kvx").write_bytes(self.catalogue())
+
+    def start_with_lists(self, seconds=0.2):
+        self.add_songs(seconds)
+        self.write_state()
+        return self.start()
+
+    def start_with_final_playlist(self, seconds=0.2):
+        """The same, with the five songs of the artist ALDER in the scratch and the final playlist."""
+        p = self.start_with_lists(seconds)
+        p.tick("artists", 0)
+        p.click_row("scratch", 0)
+        # Enter or a blank adds the current song and goes on to the next one; a click leaves it selected.
+        for _ in range(5):
+            screen.key("space", "Down")
+        return p
+
+    def assert_file(self, path, content):
+        """Waits until a file has this content."""
+        def read():
+            try:
+                return path.read_bytes()
+            except OSError:
+                return None
+
+        try:
+            wait(lambda: read() == content, path.name)
+        except AssertionError:
+            self.assertEqual(read(), content, path.name)
+
+    def playlist(self, *titles, artist="Alder"):
+        """The content of a playlist of these songs."""
+        return b"".join(os.fsencode(self.windows(self.song(artist, title))) + b"\r\n" for title in titles)
+
+    def save_as(self, name):
+        """Saves the final playlist; not as the default one."""
+        screen.key("alt+f", "a")
+        self.program.answer("n")
+        self.program.type_path(self.windows(self.data / name))
+
+    def assert_saved(self, name, content):
+        """Waits until the playlist of this name has been saved. Wine's dialog adds the ending of the file type, as that of
+        Windows does only if it is asked to; the program adds its own."""
+        self.assert_file(self.data / (name + ".m3u.m3u"), content)

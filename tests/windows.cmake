@@ -1,0 +1,13 @@
+# The tests of the real window, of the installer and of the portable archive under Wine, on a display of their own.
+find_program(PLIMO_SYSTEM_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED)
+file(GLOB window_tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/windows/*_test.py)
+foreach(file IN LISTS window_tests)
+  get_filename_component(module ${file} NAME_WE)
+  string(REPLACE "_test" "" name ${module})
+  add_test(NAME window.${name}
+           COMMAND ${PROJECT_SOURCE_DIR}/scripts/with-display ${PLIMO_SYSTEM_PYTHON} -B -m unittest -v tests.windows.${module}
+           WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+  set(environment PLIMO_PROGRAM=$<TARGET_FILE:plimo> PLIMO_TEST_PICTURES=${PROJECT_BINARY_DIR}
+                  PLIMO_PACKAGES=${PROJECT_BINARY_DIR} WINEPREFIX=${PROJECT_BINARY_DIR}/wine)
+  set_tests_properties(window.${name} PROPERTIES TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "${environment}")
+endforeach()
