@@ -41,6 +41,15 @@ ColourScheme SavedSettings::scheme(const std::string& path) const {
   return scheme;
 }
 
+bool hasSettings(FileSystemObject& files, const std::string& path) {
+  try {
+    return checkedFileExists(files, path);
+  } catch (const RuntimeError& error) {
+    if (error.number() != ErrorNumber::diskNotReady) throw;
+    return false;
+  }
+}
+
 SavedSettings readSettings(FileSystemObject& files, const std::string& path) {
   const std::string content = readWhole(files, path);
   QuotedReader reader(content, path);

@@ -4,6 +4,7 @@
 // Exits 0 if every promise of docs/reliability.md was kept, 77 if this system does not permit it.
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -89,8 +90,9 @@ class CommandAttack {
           }
         });
     told_ = outcome.told;
-    const bool worked = outcome.ended.status == 0 && outcome.ended.signal == 0 && !permitted_.moments.empty() &&
-                        permitted_.moments.back() != permitted_.before;
+    const bool writes = std::any_of(permitted_.moments.begin(), permitted_.moments.end(),
+                                    [&](const FileContents& files) { return files != permitted_.before; });
+    const bool worked = outcome.ended.status == 0 && outcome.ended.signal == 0 && writes;
     if (!worked) std::printf("%s: the command does nothing even without faults\n%s\n", title_.c_str(), told_.c_str());
     return worked;
   }

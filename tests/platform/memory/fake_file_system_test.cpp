@@ -258,6 +258,19 @@ TEST(FakeFileSystem, AnExistenceCheckCanFail) {
   EXPECT_EQ(files.existenceChecks(), 3U);
 }
 
+TEST(CheckedFileExists, DoesNotTakeAFailedCheckForAMissingFile) {
+  FakeFileSystem files;
+  files.addFile("C:\\x");
+  files.addFile("C:\\unreadable", 0, {.unreadable = true});
+  files.failExistenceCheckAt(1);
+  EXPECT_TRUE(checkedFileExists(files, "C:\\x"));
+  files.failExistenceCheckAt(1);
+  EXPECT_EQ(errorOf([&] { checkedFileExists(files, "C:\\unreadable"); }), 75);
+  EXPECT_FALSE(checkedFileExists(files, "C:\\missing"));
+  EXPECT_FALSE(checkedFileExists(files, "C:\\missing\\x"));
+  EXPECT_FALSE(checkedFileExists(files, "C:\\Plimo"));
+}
+
 TEST(FakeFileSystem, AMoveCanBeImpossible) {
   FakeFileSystem files;
   files.addTextFile("C:\\x", "x");
