@@ -230,7 +230,7 @@ FileContents sampleFiles(FileSystemObject& files, const SampleFolders& folders, 
   FileContents sample;
   std::string catalogue;
   const auto addSong = [&](const std::string& folder, const std::string& name, std::size_t size) {
-    const std::string path = files.join(files.join(folders.music, folder), name);
+    std::string path = files.join(files.join(folders.music, folder), name);
     std::string content;
     while (content.size() < size) content += path + '\n';
     sample[path] = content;
