@@ -32,6 +32,7 @@ SEEK_BAR = (640, 972)  # its left and right ends
 SEEK_HEIGHT = 958
 # Right of the menus, where there is no control in any view.
 EMPTY = (640, 30)
+TITLE_BAR = (640, 8)
 
 
 def _xdotool(*words):
@@ -93,9 +94,16 @@ class WindowsProgram:
 
     def activate(self):
         """Makes the main window the active one, with the keyboard focus."""
-        _xdotool("windowactivate", self.main)
+        def activated():
+            if self.main_is_active():
+                return True
+            _xdotool("windowactivate", "--sync", self.main)
+            screen.click(TITLE_BAR)
+            return False
+
+        wait(activated, "the main window to be active")
+        # Wine takes the keyboard focus later than the window manager says, but before a click that comes after it.
         screen.click(EMPTY)
-        wait(self.main_is_active, "the main window to be active")
 
     def main_is_active(self):
         return _xdotool("getactivewindow") == self.main
