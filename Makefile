@@ -5,7 +5,8 @@
 
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help build program run test tour bench lint asan fuzz monkey tsan package windows windows-test setup clean
+.PHONY: help build program run test tour bench lint asan kill powercut fuzz monkey tsan package windows windows-test \
+        setup clean
 
 # The start in seconds since 1970: each progress line shows the time since then.
 ifndef PLIMO_STARTED
@@ -29,6 +30,8 @@ help:
 	@echo "make fuzz     run the fuzz targets (SECONDS=n for each of them)"
 	@echo "make monkey   do random things on the program in memory (ACTIONS=n)"
 	@echo "make tsan     run the tests that use threads with the thread sanitizer"
+	@echo "make kill     kill the program at each system call, and let each call fail (COMMANDS=... for some)"
+	@echo "make powercut cut the power at each system call; needs root and loop devices"
 	@echo "make package  make a Debian package"
 	@echo "make windows  build everything for Windows, make its installer and its portable archive"
 	@echo "make windows-test  the same, and run all tests under Wine"
@@ -47,6 +50,9 @@ $(presets:%=%/build.ninja): CMakePresets.json | setup
 	@scripts/step "Configuring $(@D)"
 	@cmake --preset $(preset) && touch $@
 
+# The commands of the program that `make kill` and `make powercut` go through (COMMANDS="accept save").
+COMMANDS ?=
+
 # Qt for Windows takes long if it has to be built.
 build-windows/build.ninja: CMakePresets.json | setup
 	@scripts/step "Configuring $(@D)"
@@ -60,6 +66,7 @@ needs := build run
 needs += $(if $(filter asan monkey tsan,$(MAKECMDGOALS)),test)
 needs += $(if $(filter fuzz,$(MAKECMDGOALS)),fuzz)
 needs += $(if $(filter test,$(MAKECMDGOALS)),display test)
+needs += $(if $(filter kill powercut,$(MAKECMDGOALS)),test kill)
 needs += $(if $(filter tour $(scene),$(MAKECMDGOALS)),display tour)
 needs += $(if $(filter bench,$(MAKECMDGOALS)),display bench)
 needs += $(if $(filter lint,$(MAKECMDGOALS)),lint)
@@ -128,6 +135,19 @@ tsan: build-tsan/build.ninja
 	@scripts/step "Building the tests of threads with the thread sanitizer"
 	@cmake --build --preset tsan
 	@scripts/test build-tsan --tests-regex '$(threaded)'
+
+kill: build/build.ninja
+	@scripts/step "Building the program that kills"
+	@cmake --build build --target plimo-kill
+	@scripts/step "Killing at each system call, and letting each fail"
+	@build/bin/plimo-kill $(COMMANDS)
+
+# Where it is not possible, plimo-kill says so and exits 77, which is no failure.
+powercut: build/build.ninja
+	@scripts/step "Building the program that kills"
+	@cmake --build build --target plimo-kill
+	@scripts/step "Cutting the power at each system call"
+	@build/bin/plimo-kill --power-cut $(COMMANDS) || [ $$? -eq 77 ]
 
 package: build-package/build.ninja
 	@scripts/step "Building for the package"

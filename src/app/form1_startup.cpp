@@ -51,7 +51,7 @@ void Form1::Form_Load() {
   platform.files.removeLeftovers(defdir);
   TreeView1.setVisible(false);
   show();
-  if (!platform.files.fileExists(ownFile(settingsName))) {
+  if (!hasSettings(platform.files, ownFile(settingsName))) {
     fc1 = fc2 = fc3 = defaultTextColour;
     bc1 = bc2 = bc3 = defaultBackgroundColour;
     showFirstRun();

@@ -32,7 +32,7 @@ FrmSplash::FrmSplash(Dispatcher& dispatcher, Platform platform, std::function<vo
 }
 
 void FrmSplash::Form_Load() {
-  if (platform_.files.fileExists(platform_.files.join(platform_.files.currentDirectory(), settingsName))) {
+  if (hasSettings(platform_.files, platform_.files.join(platform_.files.currentDirectory(), settingsName))) {
     unload();
     next_();
     return;

@@ -47,7 +47,7 @@ std::vector<std::string> rootsInOrderOfRows(const std::vector<Drive>& drives, st
 
 void Form1::scandrives() {
   const std::string settings = ownFile(settingsName);
-  const bool hasSettings = platform.files.fileExists(settings);
+  const bool hasSettings = checkedFileExists(platform.files, settings);
   if (hasSettings) driveLetters_ = readSettings(platform.files, settings).driveLetters;
   for (ListBox* list : {&List1, &List2, &List3, &List4}) list->clear();
 

@@ -178,6 +178,20 @@ inline void deleteIfPresent(FileSystemObject& files, std::string_view path) {
   }
 }
 
+// As fileExists, but throws as openForReading does (70, 71, 75) if it cannot be determined, for example because the
+// disk has failed to read the file's status. For commands that overwrite or delete something because a file is missing.
+inline bool checkedFileExists(FileSystemObject& files, std::string_view path) {
+  if (files.fileExists(path)) return true;
+  if (files.folderExists(path)) return false;
+  try {
+    files.openForReading(path);
+    return true;
+  } catch (const RuntimeError& error) {
+    if (error.number() == ErrorNumber::fileNotFound || error.number() == ErrorNumber::pathNotFound) return false;
+    throw;
+  }
+}
+
 // A copy of a whole file. Throws as openForReading does, and 75 if another program changes the file meanwhile.
 inline std::string readWhole(FileSystemObject& files, std::string_view path) {
   const auto view = files.openForReading(path);

@@ -130,7 +130,7 @@ void Form1::Command4_Click() {
     const std::string name =
         platform.dialogs.saveFile({"", anyPlaylist, platform.files.join(defdir, "")}).value_or(anyPlaylist);
     if (name == anyPlaylist) return;
-    if (!platform.files.fileExists(name)) {
+    if (!checkedFileExists(platform.files, name)) {
       target = name + ".m3u";
       break;
     }

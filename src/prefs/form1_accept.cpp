@@ -73,7 +73,7 @@ bool Form1::writeChosenSettings() {
     Option5.setValue(true);
   } else {
     Option4.setValue(true);
-    if (!platform.files.fileExists(ownFile(catalogueName))) {
+    if (!checkedFileExists(platform.files, ownFile(catalogueName))) {
       // Nothing would ever be listed. The panel stays as it is, and the next start is a first one.
       deleteOwnFile(settingsName);
       return false;

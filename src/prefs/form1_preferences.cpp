@@ -20,7 +20,7 @@ void Form1::Preferences_Click() {
   hidePictures();
   Frame1.setVisible(true);
   if (Drive1.visible()) Drive1.refresh();  // it may still be visible from the previous opening
-  if (platform.files.fileExists(ownFile(settingsName))) showSettings();
+  if (checkedFileExists(platform.files, ownFile(settingsName))) showSettings();
   hidemainview();
   List5.clear();
   fillDrives(List5);

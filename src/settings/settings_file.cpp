@@ -41,6 +41,15 @@ ColourScheme SavedSettings::scheme(const std::string& path) const {
   return scheme;
 }
 
+bool hasSettings(FileSystemObject& files, const std::string& path) {
+  try {
+    return checkedFileExists(files, path);
+  } catch (const RuntimeError& error) {
+    if (error.number() != ErrorNumber::diskNotReady) throw;
+    return false;
+  }
+}
+
 SavedSettings readSettings(FileSystemObject& files, const std::string& path) {
   const std::string content = readWhole(files, path);
   QuotedReader reader(content, path);
@@ -69,7 +78,7 @@ void writePanelSettings(FileSystemObject& files, const std::string& path, const 
 void storeScheme(FileSystemObject& files, const std::string& path, const std::string& temporary,
                  const ColourScheme& scheme) {
   std::string panel(emptyPanelText);
-  if (files.fileExists(path)) panel = panelTextOf(readWhole(files, path), path);
+  if (checkedFileExists(files, path)) panel = panelTextOf(readWhole(files, path), path);
   const std::string content = settingsText(panel, scheme);
   replaceWhole(files, temporary, content, Force::own);
   try {

@@ -32,6 +32,10 @@ struct SavedSettings {
   ColourScheme scheme(const std::string& path) const;
 };
 
+// For a start: a drive that is not ready has no settings. Otherwise throws as checkedFileExists does, so that a disk
+// that fails for a moment does not make it a first start.
+bool hasSettings(FileSystemObject& files, const std::string& path);
+
 // Throws RuntimeError: 53 (no file), 62 (fewer than twelve values), 13 (the fourth framed by hashes, the sixth or the
 // last no number), 6 (the sixth beyond sixteen bits), and as FileSystemObject::openForReading does.
 SavedSettings readSettings(FileSystemObject& files, const std::string& path);

@@ -1,5 +1,5 @@
-// Injects a failure into each file-system step of deleting, renaming and copying: nothing else changes, no song is
-// lost, and the failure is reported.
+// What the user sees after a failure at each file-system step of deleting, renaming and copying. What happens to the
+// files, for these and all other commands, is tested in tests/faults.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -107,21 +107,6 @@ TEST_P(FileFaults, RenamingOntoAnotherSongKeepsBothUntilTheNewFileIsComplete) {
         EXPECT_TRUE(target == first || test.files.fileContent(first) == first);
         expectMissingOrComplete(test, first, first);
         EXPECT_EQ(test.dialogs.reports.size(), failed ? 1U : 0U);
-      });
-}
-
-TEST_P(FileFaults, ACopyNeverChangesItsSource) {
-  failEachStepOf(
-      [](TestProgram& test) {
-        test.form().cop.userClick();
-        test.form().Dir2.userPick(R"(C:\Out)");
-        test.form().Command6.userClick();
-      },
-      [](TestProgram& test, bool) {
-        EXPECT_EQ(test.files.fileContent(first), first);
-        EXPECT_EQ(test.files.fileContent(second), second);
-        expectMissingOrComplete(test, R"(C:\Out\A - First.mp3)", first);
-        expectMissingOrComplete(test, R"(C:\Out\B - Second.mp3)", second);
       });
 }
 

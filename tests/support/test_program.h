@@ -3,22 +3,22 @@
 
 #include <string>
 
-#include "app/program.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/song_name.h"
 #include "platform/memory/fake_file_system.h"
-#include "platform/memory/fake_launcher.h"
-#include "platform/memory/fake_player.h"
-#include "support/quiet_progress.h"
 #include "support/sample_settings.h"
-#include "support/test_dialogs.h"
+#include "support/test_session.h"
 
 namespace plimo {
 
-class TestProgram {
+struct FakeFiles {
+  FakeFileSystem files;
+};
+
+class TestProgram : public FakeFiles, public TestSession {
  public:
   // Not the first start: there is a settings file.
-  explicit TestProgram(bool winamp = false) {
+  explicit TestProgram(bool winamp = false) : TestSession(FakeFiles::files) {
     files.addTextFile(R"(C:\Plimo\plimo.ini)", settingsText({winamp, false, ""}));
   }
 
@@ -29,15 +29,6 @@ class TestProgram {
     appendRecord(catalogue_, {path, name.artist, name.second, name.title});
     files.addTextFile(R"(C:\Plimo\plimo.kvx)", catalogue_);
   }
-
-  Form1& form() { return program.form1(); }
-
-  FakeFileSystem files;
-  FakePlayer player;
-  TestDialogs dialogs;
-  FakeLauncher launcher{files};
-  QuietProgress progress;
-  Program program{Platform{files, player, dialogs, launcher, progress}};
 
  private:
   std::string catalogue_;

@@ -20,10 +20,15 @@ namespace {
 
 constexpr off_t writebackBatch = off_t{4} << 20;  // bytes
 
+constexpr std::size_t copyBuffer = 256 * 1024;  // bytes
+
 constexpr int maxSymlinks = 40;  // as in the kernel
 
 // The path by which an unnamed file can be linked.
 std::string procPath(int fd) { return "/proc/self/fd/" + std::to_string(fd); }
+
+// True for the errors of linkat(2) on a file system without hard links.
+bool cannotLink(int error) { return error == EPERM || error == EOPNOTSUPP || error == ENOSYS || error == EMLINK; }
 
 // The folder of a file, with symbolic links resolved; empty if there is none.
 std::string resolvedFolder(const std::string& path) {
@@ -125,6 +130,28 @@ bool AtomicFile::linkHidden() {
   return false;
 }
 
+bool AtomicFile::copyToHidden() {
+  const UniqueFd unnamed = std::move(file_);
+  struct stat status {};
+  if (::fstat(unnamed.get(), &status) != 0 || !createHidden()) return false;
+  size_ = submitted_ = 0;
+  std::string buffer(copyBuffer, '\0');
+  for (off_t offset = 0;;) {
+    const ssize_t count = ::pread(unnamed.get(), buffer.data(), buffer.size(), offset);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    if (count == 0) break;
+    if (!write({buffer.data(), static_cast<std::size_t>(count)})) return false;
+    offset += count;
+  }
+  // Errors are ignored, as they are when the unnamed file gets these.
+  if (::fchown(fd(), status.st_uid, status.st_gid) != 0) errno = 0;
+  ::fchmod(fd(), status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO));
+  const timespec times[] = {status.st_atim, status.st_mtim};
+  ::futimens(fd(), times);
+  return ::fsync(fd()) == 0;
+}
+
 bool AtomicFile::write(std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(file_.get(), bytes.data(), bytes.size());
@@ -151,7 +178,7 @@ bool AtomicFile::addAppended(off_t bytes) {
 
 bool AtomicFile::renameReplace() {
   if (::fsync(file_.get()) != 0) return false;
-  if (temporaryName_.empty() && !linkHidden()) return false;
+  if (temporaryName_.empty() && !linkHidden() && !(cannotLink(errno) && copyToHidden())) return false;
   if (::renameat(folder_.get(), temporaryName_.c_str(), folder_.get(), name_.c_str()) != 0) return false;
   temporaryName_.clear();
   syncFolder();
@@ -162,10 +189,13 @@ bool AtomicFile::renameNoReplace() {
   if (::fsync(file_.get()) != 0) return false;
   const int folder = folder_.get();
   if (temporaryName_.empty()) {
-    if (::linkat(AT_FDCWD, procPath(file_.get()).c_str(), folder, name_.c_str(), AT_SYMLINK_FOLLOW) != 0) {
-      return false;
+    if (::linkat(AT_FDCWD, procPath(file_.get()).c_str(), folder, name_.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+      syncFolder();
+      return true;
     }
-  } else if (::renameat2(folder, temporaryName_.c_str(), folder, name_.c_str(), RENAME_NOREPLACE) == 0) {
+    if (!cannotLink(errno) || !copyToHidden()) return false;
+  }
+  if (::renameat2(folder, temporaryName_.c_str(), folder, name_.c_str(), RENAME_NOREPLACE) == 0) {
     temporaryName_.clear();
   } else if (errno != EINVAL && errno != ENOSYS) {
     return false;

@@ -57,6 +57,8 @@ class AtomicFile {
  private:
   bool createHidden();
   bool linkHidden();
+  // Copies the unnamed file to a hidden one, for file systems that have unnamed files and no hard links.
+  bool copyToHidden();
   void syncFolder();
 
   Mode mode_;

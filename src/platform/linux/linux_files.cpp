@@ -29,6 +29,12 @@ bool isFolder(std::string_view path) {
   return statPath(path, status) && S_ISDIR(status.st_mode);
 }
 
+// A root whose status cannot be read is a folder that a scan may not read, not a drive that is not ready.
+bool isReadyRoot(const std::string& root) {
+  struct stat status {};
+  return statPath(root, status) ? S_ISDIR(status.st_mode) : !isNotFound(errno);
+}
+
 }  // namespace
 
 LinuxFiles::LinuxFiles(SystemPaths paths) : systemPaths_(std::move(paths)) {}
@@ -42,7 +48,7 @@ std::vector<DriveRoot> LinuxFiles::driveRoots() const {
 std::vector<Drive> LinuxFiles::drives() {
   std::vector<Drive> drives;
   for (const DriveRoot& drive : driveRoots()) {
-    drives.push_back({drive.letter, drive.type, isFolder(drive.root), drive.root});
+    drives.push_back({drive.letter, drive.type, isReadyRoot(drive.root), drive.root});
   }
   return drives;
 }

@@ -92,25 +92,25 @@ std::string FakeFileSystem::shortPath(std::string_view path) const {
 }
 
 std::string FakeFileSystem::shortFilePath(std::string_view file) {
-  step(file);
+  step(Step::shortFilePath, file);
   if (!findFile(file)) throw RuntimeError(ErrorNumber::fileNotFound, std::string(file));
   return shortPath(file);
 }
 
 std::string FakeFileSystem::shortFolderPath(std::string_view folder) {
-  step(folder);
+  step(Step::shortFolderPath, folder);
   if (!findFolder(folder)) throw RuntimeError(ErrorNumber::pathNotFound, std::string(folder));
   return shortPath(folder);
 }
 
-bool FakeFileSystem::fileExists(std::string_view path) { return findFile(path) != nullptr; }
+bool FakeFileSystem::fileExists(std::string_view path) { return canCheck() && findFile(path) != nullptr; }
 
-bool FakeFileSystem::folderExists(std::string_view path) { return findFolder(path) != nullptr; }
+bool FakeFileSystem::folderExists(std::string_view path) { return canCheck() && findFolder(path) != nullptr; }
 
 FolderContents FakeFileSystem::contents(std::string_view folder) { return list(folder); }
 
 FolderContents FakeFileSystem::list(std::string_view folder) {
-  step(folder);
+  step(Step::list, folder);
   const Location location = locate(folder);
   if (location.disk && !location.disk->ready) throw RuntimeError(ErrorNumber::diskNotReady, std::string(folder));
   if (!location.node || !location.node->isFolder()) throw RuntimeError(ErrorNumber::pathNotFound, std::string(folder));
@@ -144,14 +144,14 @@ bool FakeFileSystem::walk(std::string_view folder, int depth, const WalkVisitor&
 }
 
 std::uint64_t FakeFileSystem::fileSize(std::string_view path) {
-  step(path);
+  step(Step::size, path);
   const FakeNode* file = findFile(path);
   if (!file) throw RuntimeError(ErrorNumber::fileNotFound, std::string(path));
   return file->size;
 }
 
 std::unique_ptr<FileView> FakeFileSystem::openForReading(std::string_view path) {
-  step(path);
+  step(Step::open, path);
   const auto throwError = [&](ErrorNumber number) { throw RuntimeError(number, std::string(path)); };
   const Location location = locate(path);
   if (location.disk && !location.disk->ready) throwError(ErrorNumber::diskNotReady);

@@ -37,6 +37,8 @@ class FakeFileSystem : public FileSystemObject {
   // The drive need not be in the list.
   void setReady(char letter, bool ready);
   void setDiskFull(char letter, bool full);
+  // False: moveFile always returns false, as if each folder were a file system of its own.
+  void setMovesFiles(bool on) { movesFiles_ = on; }
 
   // Creates the folder if it is missing.
   void setCurrentDirectory(std::string_view path);
@@ -54,14 +56,23 @@ class FakeFileSystem : public FileSystemObject {
   std::optional<std::string> spelledName(std::string_view path) const;
   std::optional<FileFlags> fileFlags(std::string_view path) const;
 
-  // --- Failure injection. A step is a call that can fail, a folder listed by a walk, or a write or commit of a
-  // replacement. ---
+  // --- Failure injection ---
 
+  // A call that can fail, a folder listed by a walk, or a write or commit of a replacement.
+  enum class Step { shortFilePath, shortFolderPath, list, size, open, replace, write, commit, remove, copy, move };
+  // All steps taken so far.
+  const std::vector<Step>& steps() const { return steps_; }
   // The n-th step from now (1: the next) fails once with this error and has no effect. 0: none.
   void failAt(std::size_t n, ErrorNumber error);
-  // True until the requested failure has happened.
+  // The machine changes before the n-th step from now.
+  void changeAt(std::size_t n, std::function<void()> change);
+  // True until the requested failure, or change, has happened.
   bool failurePending() const { return stepsToFailure_ != 0; }
-  std::size_t stepsTaken() const { return steps_; }
+
+  // Calls of fileExists and folderExists so far.
+  std::size_t existenceChecks() const { return existenceChecks_; }
+  // The n-th of these calls from now (1: the next) returns false once, as for a file whose status cannot be read.
+  void failExistenceCheckAt(std::size_t n) { checksToFailure_ = n; }
 
   // --- FileSystemObject ---
 
@@ -131,8 +142,10 @@ class FakeFileSystem : public FileSystemObject {
   Disk& diskOf(char letter);
   // Creates the file or folder and its missing parents; returns what exists already.
   FakeNode& create(FakeNode::Kind kind, std::string_view path);
-  // Counts a step; throws the injected failure if this is the one.
-  void step(std::string_view path);
+  // Records a step; throws the injected failure if this is the one.
+  void step(Step step, std::string_view path);
+  // Counts a check; false if this is the one that fails.
+  bool canCheck();
   FolderContents list(std::string_view folder);
   // Throws as replaceFile does.
   // The target of a copy; throws as copyFile does, except for a full disk.
@@ -142,9 +155,13 @@ class FakeFileSystem : public FileSystemObject {
   std::vector<DriveEntry> driveTable_;
   std::map<char, Disk> disks_;
   std::string currentDirectory_;
-  std::size_t steps_ = 0;
+  bool movesFiles_ = true;
+  std::vector<Step> steps_;
   std::size_t stepsToFailure_ = 0;  // 0: no failure is requested
   ErrorNumber failure_ = ErrorNumber::permissionDenied;
+  std::function<void()> change_;  // instead of the failure
+  std::size_t existenceChecks_ = 0;
+  std::size_t checksToFailure_ = 0;  // 0: no failure is requested
 };
 
 }  // namespace plimo

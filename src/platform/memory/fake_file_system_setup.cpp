@@ -101,11 +101,24 @@ std::optional<FileFlags> FakeFileSystem::fileFlags(std::string_view path) const 
 void FakeFileSystem::failAt(std::size_t n, ErrorNumber error) {
   stepsToFailure_ = n;
   failure_ = error;
+  change_ = nullptr;
 }
 
-void FakeFileSystem::step(std::string_view path) {
-  ++steps_;
-  if (stepsToFailure_ != 0 && --stepsToFailure_ == 0) throw RuntimeError(failure_, std::string(path));
+void FakeFileSystem::changeAt(std::size_t n, std::function<void()> change) {
+  stepsToFailure_ = n;
+  change_ = std::move(change);
+}
+
+void FakeFileSystem::step(Step step, std::string_view path) {
+  steps_.push_back(step);
+  if (stepsToFailure_ == 0 || --stepsToFailure_ != 0) return;
+  if (!change_) throw RuntimeError(failure_, std::string(path));
+  change_();
+}
+
+bool FakeFileSystem::canCheck() {
+  ++existenceChecks_;
+  return checksToFailure_ == 0 || --checksToFailure_ != 0;
 }
 
 FakeNode& FakeFileSystem::create(FakeNode::Kind kind, std::string_view path) {

@@ -16,13 +16,13 @@ class FakeFileSystem::Replacement : public FileReplacement {
   Replacement(FakeFileSystem& files, std::string_view path, Force force) : files_(files), path_(path), force_(force) {}
 
   void write(std::string_view bytes) override {
-    files_.step(path_);
+    files_.step(Step::write, path_);
     if (!bytes.empty()) throwIfDiskFull();
     content_.append(bytes);
   }
 
   void commit() override {
-    files_.step(path_);
+    files_.step(Step::commit, path_);
     throwIfDiskFull();
     Location location = locateAgain();
     if (location.node && force_ != Force::no) {  // removes the old spelling too
@@ -71,13 +71,13 @@ FakeFileSystem::Location FakeFileSystem::locateForReplacing(std::string_view pat
 }
 
 std::unique_ptr<FileReplacement> FakeFileSystem::replaceFile(std::string_view path, Force force) {
-  step(path);
+  step(Step::replace, path);
   locateForReplacing(path, force);
   return std::make_unique<Replacement>(*this, path, force);
 }
 
 void FakeFileSystem::deleteFile(std::string_view path, Force force) {
-  step(path);
+  step(Step::remove, path);
   const Location location = locateVisible(path);
   if (!location.node || location.node->isFolder()) throw RuntimeError(ErrorNumber::fileNotFound, std::string(path));
   const FileFlags flags = location.node->fileFlags;
@@ -111,7 +111,7 @@ FakeFileSystem::Location FakeFileSystem::locateForCopying(std::string_view from,
 
 bool FakeFileSystem::copyFile(std::string_view from, std::string_view to, bool overwrite,
                               const CopyProgress& progress) {
-  step(from);
+  step(Step::copy, from);
   if (locateForCopying(from, to, overwrite).disk->full) throw RuntimeError(ErrorNumber::diskFull, std::string(to));
   const std::uint64_t size = findFile(from)->size;
   if (progress && !progress(size, size)) return false;
@@ -125,10 +125,11 @@ bool FakeFileSystem::copyFile(std::string_view from, std::string_view to, bool o
 }
 
 bool FakeFileSystem::moveFile(std::string_view from, std::string_view to, Force force) {
-  step(from);
+  step(Step::move, from);
   const Location location = locateForCopying(from, to, true, force);
   const Location source = locateVisible(from);
-  if (location.disk != source.disk || (source.node->fileFlags.readOnly && force == Force::no)) return false;
+  if (!movesFiles_ || location.disk != source.disk || (source.node->fileFlags.readOnly && force == Force::no))
+    return false;
   FakeNode& target = location.node ? *location.node : location.parent->add(FakeNode::Kind::file, location.name);
   target.content = source.node->content;
   target.size = source.node->size;

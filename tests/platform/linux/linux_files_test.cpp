@@ -97,6 +97,15 @@ TEST_F(LinuxFilesTest, AWalkFollowsLinksToFilesButNotToFolders) {
   EXPECT_EQ(files_.contents(folder_.path()).files, Names{"link.mp3"});
 }
 
+TEST_F(LinuxFilesTest, ADriveWhoseRootCannotBeCheckedIsReady) {
+  const UnprivilegedUser user;
+  const TemporaryFolder parent;
+  makeFolders(parent / "root");
+  changeMode(parent.path(), 0);
+  LinuxFiles files(std::vector<DriveRoot>{{'C', DriveType::fixed, parent / "root"}});
+  EXPECT_TRUE(files.drives()[0].ready);
+}
+
 TEST_F(LinuxFilesTest, ADriveIsReadyIfItsRootIsAFolder) {
   const UnprivilegedUser user;
   const TemporaryFolder folder;

@@ -225,12 +225,58 @@ TEST(FakeFileSystem, AWalkTakesOneStepPerFolder) {
   FakeFileSystem files;
   files.remove("C:\\Plimo");
   files.addFile("C:\\a\\b\\x.mp3");
-  const std::size_t before = files.stepsTaken();
+  const std::size_t before = files.steps().size();
   const auto any = [](std::string_view) { return true; };
   files.walk("C:\\", 10, any, any);
-  EXPECT_EQ(files.stepsTaken() - before, 3U);
+  EXPECT_EQ(files.steps().size() - before, 3U);
   files.failAt(2, ErrorNumber::permissionDenied);
   EXPECT_EQ(errorOf([&] { files.walk("C:\\", 10, any, any); }), 70);
+}
+
+TEST(FakeFileSystem, StepsAreRecordedInOrder) {
+  using Step = FakeFileSystem::Step;
+  FakeFileSystem files;
+  replaceWhole(files, "C:\\x", "new", Force::no);
+  files.deleteFile("C:\\x", Force::no);
+  EXPECT_EQ(files.steps(), (std::vector<Step>{Step::replace, Step::write, Step::commit, Step::remove}));
+}
+
+TEST(FakeFileSystem, TheDiskCanChangeBeforeAStep) {
+  FakeFileSystem files;
+  files.changeAt(2, [&] { files.setDiskFull('C', true); });
+  EXPECT_EQ(errorOf([&] { replaceWhole(files, "C:\\x", "new", Force::no); }), 61);
+  EXPECT_FALSE(files.failurePending());
+}
+
+TEST(FakeFileSystem, AnExistenceCheckCanFail) {
+  FakeFileSystem files;
+  files.addFile("C:\\x");
+  files.failExistenceCheckAt(2);
+  EXPECT_TRUE(files.fileExists("C:\\x"));
+  EXPECT_FALSE(files.folderExists("C:\\"));
+  EXPECT_TRUE(files.fileExists("C:\\x"));
+  EXPECT_EQ(files.existenceChecks(), 3U);
+}
+
+TEST(CheckedFileExists, DoesNotTakeAFailedCheckForAMissingFile) {
+  FakeFileSystem files;
+  files.addFile("C:\\x");
+  files.addFile("C:\\unreadable", 0, {.unreadable = true});
+  files.failExistenceCheckAt(1);
+  EXPECT_TRUE(checkedFileExists(files, "C:\\x"));
+  files.failExistenceCheckAt(1);
+  EXPECT_EQ(errorOf([&] { checkedFileExists(files, "C:\\unreadable"); }), 75);
+  EXPECT_FALSE(checkedFileExists(files, "C:\\missing"));
+  EXPECT_FALSE(checkedFileExists(files, "C:\\missing\\x"));
+  EXPECT_FALSE(checkedFileExists(files, "C:\\Plimo"));
+}
+
+TEST(FakeFileSystem, AMoveCanBeImpossible) {
+  FakeFileSystem files;
+  files.addTextFile("C:\\x", "x");
+  files.setMovesFiles(false);
+  EXPECT_FALSE(files.moveFile("C:\\x", "C:\\y"));
+  EXPECT_TRUE(files.fileExists("C:\\x"));
 }
 
 }  // namespace
