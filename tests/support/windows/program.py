@@ -66,6 +66,18 @@ class WindowsProgram:
                                         stdin=subprocess.DEVNULL)
         self.main = None
 
+    @staticmethod
+    def wait_until_painted():
+        """Waits until the screen has been the same for some time."""
+        area = (0, 0, *screen.size())
+        seen = [None] * 4
+
+        def steady():
+            seen.append(screen.pixels(area))
+            return all(picture == seen[-1] for picture in seen[-4:-1])
+
+        wait(steady, "a screen that does not change", DEADLINE)
+
     def close(self):
         """Ends the program at once, if it still runs. Its exit status."""
         if self.process.poll() is None:
@@ -95,8 +107,9 @@ class WindowsProgram:
             self.focus_again()
 
     def focus_again(self):
-        """Gives the keyboard focus to the main window, unless a window of the program has it."""
-        if not self.ended() and self.focused() not in self.windows():
+        """Gives the keyboard focus to the main window, unless a box or a dialog has it. Wine may not know that its window
+        has it: a click tells it."""
+        if not self.ended() and self.other() is None:
             _xdotool("windowactivate", self.main)
             screen.click(places.EMPTY)
 
