@@ -115,16 +115,12 @@ class Songs(WindowsTestCase):
         p.click_row("scratch", 1)
         return p
 
-    def press_in_strip(self, key):
-        self.program.press(key, places.scaled_area(places.SCRATCH_STRIP), f"{key} in the strip")
-
     def titles(self):
         return sorted(name[len("Alder - "):-4] for name in os.listdir(self.collection) if name.startswith("Alder"))
 
     def test_a_song_is_renamed(self):
         p = self.start_with_scratch_playlist()
-        self.press_in_strip("v")
-        p.act(lambda: screen.key("n"), p.other, "the box for the name")
+        p.choose("v", "n", p.other, "the box for the name")
         screen.key("ctrl+a")
         screen.type_text("Alder - Beta")
         p.answer("Return")
@@ -134,8 +130,7 @@ class Songs(WindowsTestCase):
     def test_a_song_is_copied_to_another_drive(self):
         p = self.start_with_scratch_playlist()
         copy = self.stick / "Alder - Birch.mp3"
-        self.press_in_strip("v")
-        p.act(lambda: screen.key("c"), changed_colour(places.scaled(places.COPYING)), "the panel for copying")
+        p.choose("v", "c", changed_colour(places.scaled(places.COPYING)), "the panel for copying")
         count = len(p.windows())
         p.click(places.DRIVE_BOX, lambda: len(p.windows()) > count, "the list of drives")
         p.act(lambda: screen.key("End", "Return"), lambda: len(p.windows()) == count, "the drive to be chosen")
@@ -145,9 +140,7 @@ class Songs(WindowsTestCase):
         self.assertEqual(int(copy.stat().st_mtime), int(self.song("Alder", "Birch").stat().st_mtime))
 
     def ask_for_deletion(self):
-        for key in ("v", "d", "d"):
-            self.press_in_strip(key)
-        self.program.act(lambda: screen.key("Return"), self.program.other, "the question before the deletion")
+        self.program.choose("v", "d d Return", self.program.other, "the question before the deletion")
 
     def test_a_song_is_deleted(self):
         p = self.start_with_scratch_playlist()
@@ -163,7 +156,7 @@ class Songs(WindowsTestCase):
 class Settings(WindowsTestCase):
     def open_preferences(self):
         p = self.start_with_lists()
-        p.choose("alt+s", "Return", changed_colour(places.scaled(places.SETTINGS)), "the settings")
+        p.open_settings()
         return p
 
     def settings_lines(self):

@@ -25,8 +25,7 @@ COPYING = (600, 600)  # inside its list of folders
 NEXT_SONG = (588, 958)
 SEEK_BAR = (627, 972)  # its left and right ends
 SEEK_HEIGHT = 958
-# The buttons of the scratch playlist, and the line at the foot of the window.
-SCRATCH_STRIP = (416, 56, 410, 60)
+# The line at the foot of the window.
 STATUS = (10, 1000, 500, 20)
 # Right of the menus, where there is no control in any view.
 EMPTY = (640, 30)

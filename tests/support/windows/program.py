@@ -15,7 +15,7 @@ from tests.support.windows import places
 
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 WITH_WINE = str(ROOT / "scripts" / "with-wine")
-DEADLINE = 60.0  # seconds; a busy computer may be slow
+DEADLINE = 30.0  # seconds; a busy computer may be slow
 PATIENCE = 3.0   # seconds until something is done again, which doubles each time
 
 
@@ -66,6 +66,18 @@ class WindowsProgram:
                                         stdin=subprocess.DEVNULL)
         self.main = None
 
+    @staticmethod
+    def wait_until_painted():
+        """Waits until the screen has been the same for some time."""
+        area = (0, 0, *screen.size())
+        seen = [None] * 4
+
+        def steady():
+            seen.append(screen.pixels(area))
+            return all(picture == seen[-1] for picture in seen[-4:-1])
+
+        wait(steady, "a screen that does not change", DEADLINE)
+
     def close(self):
         """Ends the program at once, if it still runs. Its exit status."""
         if self.process.poll() is None:
@@ -95,8 +107,9 @@ class WindowsProgram:
             self.focus_again()
 
     def focus_again(self):
-        """Gives the keyboard focus to the main window, unless a window of the program has it."""
-        if not self.ended() and self.focused() not in self.windows():
+        """Gives the keyboard focus to the main window, unless a box or a dialog has it. Wine may not know that its window
+        has it: a click tells it."""
+        if not self.ended() and self.other() is None:
             _xdotool("windowactivate", self.main)
             screen.click(places.EMPTY)
 
@@ -169,18 +182,30 @@ class WindowsProgram:
 
         self.act(press, lambda: box not in self.windows(), "the box to close")
 
-    def choose(self, menu, item, effect, what):
-        """Chooses an item of a menu by keys."""
+    def choose(self, menu, items, effect, what):
+        """Chooses an item of a menu: a key that opens the menu, and the keys in it, separated by blanks."""
         def press():
             count = len(self.windows())
             if not effect():
                 self.act(lambda: screen.key(menu), lambda: len(self.windows()) > count or effect(), f"the menu {menu}")
-                screen.key(item)
+                screen.key(*items.split())
 
         self.act(press, effect, what)
 
+    def open_settings(self):
+        self.choose("alt+s", "Return", changed_colour(places.scaled(places.SETTINGS)), "the settings")
+
     def type_path(self, path):
         """Types a path into a file dialog, and accepts it."""
+        dialog = self.fill_in_path(path)
+        self.act(lambda: self.focused() == dialog and screen.key("Return"), lambda: dialog not in self.windows(),
+                 "the dialog to close")
+        # Wine leaves no window active after a dialog of the system's.
+        if self.other() is None:
+            self.activate()
+
+    def fill_in_path(self, path):
+        """Types a path into a file dialog. Returns the dialog's window."""
         self.box()
         dialog = self.other()
         place = self._geometry(dialog)
@@ -198,11 +223,7 @@ class WindowsProgram:
         self.act(probe, lambda: ink() > before + 60, "the field for the name")
         screen.key("ctrl+a")
         screen.type_text(path)
-        self.act(lambda: self.focused() == dialog and screen.key("Return"), lambda: dialog not in self.windows(),
-                 "the dialog to close")
-        # Wine leaves no window active after a dialog of the system's.
-        if self.other() is None:
-            self.activate()
+        return dialog
 
     def click(self, place, effect, what, times=1):
         """Clicks a place of the large window."""
@@ -232,8 +253,9 @@ class WindowsProgram:
     def rows(self, name):
         """The number of rows of a list with a text."""
         left, top, width, height = places.area_of_rows(name)
+        # Without the line around the list.
+        left, width = left + 4, width - 4
         colours = screen.pixels((left, top, width, height))
         row_size = width * places.ROW
         rows = (colours[i:i + row_size] for i in range(0, len(colours), row_size))
-        # A list without the focus has a line as its border, so the edge of a row does not count.
-        return sum(len(set(row[width * 4:-width * 4])) > 2 for row in rows)
+        return sum(len(set(row[width * 4:-width * 4])) > 1 for row in rows)

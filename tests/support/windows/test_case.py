@@ -48,6 +48,7 @@ class WindowsTestCase(unittest.TestCase):
     def take_picture(self, name):
         """Takes a picture of the screen if the tests are asked for pictures."""
         if "PLIMO_WINDOWS_PICTURES" in os.environ:
+            self.program.wait_until_painted()
             screen.screenshot(pathlib.Path(os.environ["PLIMO_WINDOWS_PICTURES"]) / f"{name}.png")
 
     def windows(self, path):
