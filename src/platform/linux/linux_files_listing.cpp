@@ -33,19 +33,20 @@ FolderContents LinuxFiles::contents(std::string_view folder) {
   FolderContents contents;
   contents.files.assign(lister.files().begin(), lister.files().end());
   for (const std::string_view name : lister.folders()) {
-    if (name != lostAndFound || !isDriveRoot(folder)) contents.folders.emplace_back(name);
+    if (name != lostAndFound || !drives_.isRoot(folder)) contents.folders.emplace_back(name);
   }
   return contents;
 }
 
 bool LinuxFiles::walk(std::string_view folder, int depth, const WalkVisitor& visitor) {
-  const auto skip = [this](std::string_view parent, std::string_view name) {
-    return name == lostAndFound && isDriveRoot(parent);
+  // A copy of what it needs, because a thread that a disk holds up goes on using it after the walk has ended.
+  const auto skip = [drives = drives_](std::string_view parent, std::string_view name) {
+    return name == lostAndFound && drives.isRoot(parent);
   };
   DirectoryPrefetcher directories(folder, depth, visitor.wanted, skip);
   std::string path;
   bool first = true;
-  while (const DirectoryPrefetcher::Directory* directory = directories.next()) {
+  while (const DirectoryPrefetcher::Directory* directory = directories.next(visitor.waiting)) {
     const bool isSubfolder = !std::exchange(first, false);
     if (directory->openError != 0) {
       // A subfolder may have been removed, or replaced by a file, since its parent was listed.
@@ -66,7 +67,7 @@ bool LinuxFiles::walk(std::string_view folder, int depth, const WalkVisitor& vis
       if (!visitor.found(path)) return false;
     }
   }
-  return true;
+  return !directories.gaveUp();
 }
 
 }  // namespace plimo
