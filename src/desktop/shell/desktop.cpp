@@ -76,7 +76,7 @@ FormWindow* Desktop::windowOf(const Form& form) const { return &form == &main_->
 
 QWidget* Desktop::frontWindow() const {
   for (FormWindow* window : {main_.get(), splash_.get()}) {
-    if (window->isVisible()) return window;
+    if (window != nullptr && window->isVisible()) return window;
   }
   return nullptr;
 }
