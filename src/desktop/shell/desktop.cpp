@@ -81,6 +81,12 @@ QWidget* Desktop::frontWindow() const {
   return nullptr;
 }
 
+bool Desktop::waitForDisk(std::chrono::milliseconds since) {
+  const bool goesOn = progress_.waitForDisk(since);
+  if (!goesOn && progress_.ending()) dialogs_.silence();
+  return goesOn;
+}
+
 void Desktop::close(Form& form) {
   if (form.dispatcher().busy()) progress_.cancelAll();
   form.userClose();

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QLocale>
+#include <QTimer>
 #include <utility>
 
 #include "desktop/shell/progress_panel.h"
@@ -17,6 +18,7 @@ constexpr qint64 updateInterval = 100;
 // Shorter work shows no panel.
 constexpr qint64 delayMs = 200;
 constexpr std::chrono::seconds endingPatience(2);
+constexpr std::chrono::milliseconds patienceAfterCancel(500);
 
 const QLocale& numbers() {
   static const QLocale english(QLocale::English);
@@ -86,10 +88,15 @@ bool DesktopProgress::waitForDisk(std::chrono::milliseconds since) {
     panel_->begin(QStringLiteral("Waiting for the disk"), true);
   }
   if (waiting_ && panel_ != nullptr) panel_->update(QString(), QString(), -1);
+  if (running_) due();  // shows the task's panel
   processInput();
   // What is read while the program ends may be needed to keep something, and the disk may just be slow.
   if (wasEnding) return since < endingPatience;
-  return !cancelled();
+  if (gaveUp_) return since < patienceAfterCancel && !cancelled();
+  if (!cancelled()) return true;
+  gaveUp_ = true;
+  QTimer::singleShot(0, &context_, [this] { gaveUp_ = false; });
+  return false;
 }
 
 void DesktopProgress::diskAnswered() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QObject>
 #include <QPointer>
 #include <QString>
 #include <chrono>
@@ -31,7 +32,8 @@ class DesktopProgress : public Progress {
   bool cancelled() const override;
 
   // Called again and again while a disk does not answer, with the time since it was asked. Processes input; without a
-  // task, it shows a panel that the user can cancel. False if the user does not want to wait any longer.
+  // task, it shows a panel that the user can cancel. False if the user does not want to wait any longer; the rest of
+  // the command then waits for half a second at most.
   bool waitForDisk(std::chrono::milliseconds since);
   // Called after the last waitForDisk.
   void diskAnswered();
@@ -56,7 +58,9 @@ class DesktopProgress : public Progress {
   Task task_ = Task::scan;
   bool running_ = false;  // a task
   bool waiting_ = false;  // without one
+  bool gaveUp_ = false;   // the command that runs; until the event loop is reached
   bool ending_ = false;
+  QObject context_;  // of the timer
 };
 
 }  // namespace plimo
