@@ -67,7 +67,8 @@ class WindowsTestCase(unittest.TestCase):
     def catalogue(self, root=None):
         """The catalogue of the collection, whose folder Windows has under the name `root`."""
         text = songs.expected_catalogue(self.collection)
-        return text.replace(os.fsencode(self.collection) + b"/", os.fsencode((root or self.windows(self.collection)) + "\\"))
+        folder = os.fsencode((root or self.windows(self.collection)) + "\\")
+        return text.replace(os.fsencode(self.collection) + b"/", folder)
 
     def start(self, *arguments, drives=True):
         """Starts the program, and waits for its window."""
@@ -133,6 +134,6 @@ class WindowsTestCase(unittest.TestCase):
         self.program.type_path(self.windows(self.data / name))
 
     def assert_saved(self, name, content):
-        """Waits until the playlist of this name has been saved. Wine's dialog adds the ending of the file type, as that of
-        Windows does only if it is asked to; the program adds its own."""
+        """Waits until the playlist of this name has been saved. Wine's dialog adds the ending of the file type, as that
+        of Windows does only if it is asked to; the program adds its own."""
         self.assert_file(self.data / (name + ".m3u.m3u"), content)
