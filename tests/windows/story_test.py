@@ -89,7 +89,7 @@ class Story(WindowsTestCase):
         p.click_row("final", 1, (self.data / "list.m3u").exists, times=2)
         self.assert_file(self.data / "list.m3u", self.playlist("Birch", "Cedar", "Damson", "Elm"))
         wait(lambda: self.elapsed() >= 2, "the time to advance", DEADLINE)
-        self.take_picture("playing")
+        self.take_picture("playing", moving=True)
         wait(lambda: self.elapsed() < 2, "the next song", DEADLINE)
 
     def test_the_player_seeks_and_goes_on_to_the_next_song(self):

@@ -69,11 +69,10 @@ class WindowsProgram:
     @staticmethod
     def wait_until_painted():
         """Waits until the screen has been the same for some time."""
-        area = (0, 0, *screen.size())
         seen = [None] * 4
 
         def steady():
-            seen.append(screen.pixels(area))
+            seen.append(screen.content())
             return all(picture == seen[-1] for picture in seen[-4:-1])
 
         wait(steady, "a screen that does not change", DEADLINE)

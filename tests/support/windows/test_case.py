@@ -45,10 +45,11 @@ class WindowsTestCase(unittest.TestCase):
         screen.screenshot(path)
         print(f"\nscreenshot of the failure: {path}", flush=True)
 
-    def take_picture(self, name):
-        """Takes a picture of the screen if the tests are asked for pictures."""
+    def take_picture(self, name, moving=False):
+        """Takes a picture of the screen if the tests are asked for pictures; if nothing moves, of all that is painted."""
         if "PLIMO_WINDOWS_PICTURES" in os.environ:
-            self.program.wait_until_painted()
+            if not moving:
+                self.program.wait_until_painted()
             screen.screenshot(pathlib.Path(os.environ["PLIMO_WINDOWS_PICTURES"]) / f"{name}.png")
 
     def windows(self, path):
