@@ -46,7 +46,7 @@ class WindowsTestCase(unittest.TestCase):
         print(f"\nscreenshot of the failure: {path}", flush=True)
 
     def take_picture(self, name, moving=False):
-        """Takes a picture of the screen if the tests are asked for pictures; if nothing moves, of all that is painted."""
+        """Takes a picture if the tests are asked for pictures; once all is painted, unless something moves."""
         if "PLIMO_WINDOWS_PICTURES" in os.environ:
             if not moving:
                 self.program.wait_until_painted()
