@@ -40,7 +40,8 @@ class Installing(WindowsTestCase):
         self.assertTrue(data.is_dir())
         self.assertTrue(self.registered(UNINSTALL))
         self.assertTrue(self.registered(APPLICATION + r"\SupportedTypes"))
-        version = subprocess.run([program.WITH_WINE, installed / "plimo.exe", "--version"], capture_output=True, check=True)
+        version = subprocess.run([program.WITH_WINE, installed / "plimo.exe", "--version"], capture_output=True,
+                                 check=True)
         self.assertEqual(version.stdout.split()[0], b"plimo")
 
         (data / "mine.m3u").write_bytes(b"")

@@ -6,6 +6,7 @@ PLIMO_KILLS is the number of kills, 9 unless it is given.
 """
 import os
 import random
+import threading
 import time
 import unittest
 
@@ -41,16 +42,19 @@ class Killing(WindowsTestCase):
         self.program = WindowsProgram(PROGRAM, "--folder", self.windows(self.data), *drives, *arguments)
         return self.program
 
-    def kill(self, seconds):
-        """Kills the program up to so many seconds after now, or after it has begun to write."""
+    def kill(self, seconds, action=lambda: None):
+        """Kills the program up to so many seconds after an action has begun, or when it has begun to write."""
         before = self.names_and_sizes()
+        thread = threading.Thread(target=action)
+        thread.start()
         if self.random.random() < 0.5:
             end = time.monotonic() + DEADLINE
             while self.names_and_sizes() == before and time.monotonic() < end:
                 pass
-            seconds = 0.03
+            seconds = 0.01
         time.sleep(self.random.uniform(0, seconds))
         self.program.close()
+        thread.join()
 
     def names_and_sizes(self):
         found = {}
@@ -108,8 +112,7 @@ class Killing(WindowsTestCase):
 
         def once():
             change_settings()
-            screen.click(places.scaled(places.ACCEPT))
-            self.kill(0.3)
+            self.kill(0.4, lambda: screen.click(places.scaled(places.ACCEPT)))
             self.assert_one_of("plimo.ini", old=old, new=new)
             self.assert_one_of("plimo.kvx", old=self.new_catalogue, deleted=None)
 
@@ -127,8 +130,7 @@ class Killing(WindowsTestCase):
             p.choose("alt+f", "a", p.other, "the question of Save")
             p.answer("Return")  # Yes is the default
             p.fill_in_path(self.windows(self.data / "evening"))
-            screen.key("Return")
-            self.kill(0.5)
+            self.kill(0.8, lambda: screen.key("Return"))
             self.assert_one_of("evening.m3u.m3u", old=None, new=new)
             self.assert_one_of("default.m3u", old=OLD_PLAYLIST, new=new)
 

@@ -64,6 +64,18 @@ class Story(WindowsTestCase):
         self.save_as("new")
         self.assert_saved("new", self.playlist("Elm", "Ash"))
 
+    def test_an_existing_playlist_is_replaced_under_its_own_name(self):
+        p = self.start_with_final_playlist()
+        (self.data / "old.m3u").write_bytes(self.playlist("Elm"))
+        p.choose("alt+f", "a", p.other, "the question of Save")
+        p.answer("n")
+        dialog = p.fill_in_path(self.windows(self.data / "old.m3u"))
+        p.act(lambda: p.focused() == dialog and screen.key("Return"), lambda: p.other() not in (None, dialog),
+              "the question about the existing file")
+        p.answer("y")
+        self.assert_file(self.data / "old.m3u", self.playlist("Ash", "Birch", "Cedar", "Damson", "Elm"))
+        self.assertFalse((self.data / "old.m3u.m3u").exists())
+
     def test_a_playlist_named_on_the_command_line_is_opened(self):
         self.add_songs()
         self.write_state()
@@ -77,7 +89,7 @@ class Story(WindowsTestCase):
         p.click_row("final", 1, (self.data / "list.m3u").exists, times=2)
         self.assert_file(self.data / "list.m3u", self.playlist("Birch", "Cedar", "Damson", "Elm"))
         wait(lambda: self.elapsed() >= 2, "the time to advance", DEADLINE)
-        self.take_picture("playing")
+        self.take_picture("playing", moving=True)
         wait(lambda: self.elapsed() < 2, "the next song", DEADLINE)
 
     def test_the_player_seeks_and_goes_on_to_the_next_song(self):
@@ -96,7 +108,8 @@ class Story(WindowsTestCase):
     def test_the_compact_view_is_small_and_the_large_one_fills_the_screen(self):
         p = self.start_with_lists()
         large = p.size()
-        p.choose("alt+v", "c", lambda: p.size()[0] < large[0] * 3 / 4 and p.size()[1] < large[1] / 2, "the compact view")
+        p.choose("alt+v", "c", lambda: p.size()[0] < large[0] * 3 / 4 and p.size()[1] < large[1] / 2,
+                 "the compact view")
         self.take_picture("compact")
         p.choose("alt+v", "l", lambda: p.size() == large, "the large view")
 

@@ -1,8 +1,8 @@
 """The program for Windows under Wine, used by keys and clicks.
 
 Wine has no accessibility tree that could be read here, so tests watch windows, their titles, colours on the screen and
-the files written. Wine takes the keyboard focus late at times, and what is sent before is lost: each key and click names
-the effect that it must have, and is repeated until that is seen.
+the files written. Wine takes the keyboard focus late at times, and what is sent before is lost: each key and click
+names the effect that it must have, and is repeated until that is seen.
 """
 import os
 import pathlib
@@ -51,8 +51,8 @@ def changed(area):
 
 
 def changed_colour(point):
-    """A condition: the colour around a point is another one than now. A button below the pointer, which is only a little
-    lighter, does not count."""
+    """A condition: the colour around a point is another one than now. A button that the pointer makes a little lighter
+    does not count."""
     area = places.around(point)
     before = screen.main_colour(area)
     return lambda: sum(abs(a - b) for a, b in zip(before, screen.main_colour(area))) > 100
@@ -69,11 +69,10 @@ class WindowsProgram:
     @staticmethod
     def wait_until_painted():
         """Waits until the screen has been the same for some time."""
-        area = (0, 0, *screen.size())
         seen = [None] * 4
 
         def steady():
-            seen.append(screen.pixels(area))
+            seen.append(screen.content())
             return all(picture == seen[-1] for picture in seen[-4:-1])
 
         wait(steady, "a screen that does not change", DEADLINE)
@@ -107,8 +106,8 @@ class WindowsProgram:
             self.focus_again()
 
     def focus_again(self):
-        """Gives the keyboard focus to the main window, unless a box or a dialog has it. Wine may not know that its window
-        has it: a click tells it."""
+        """Gives the keyboard focus to the main window, unless a box or a dialog has it. Wine may not know that its
+        window has it: a click tells it."""
         if not self.ended() and self.other() is None:
             _xdotool("windowactivate", self.main)
             screen.click(places.EMPTY)

@@ -45,10 +45,11 @@ class WindowsTestCase(unittest.TestCase):
         screen.screenshot(path)
         print(f"\nscreenshot of the failure: {path}", flush=True)
 
-    def take_picture(self, name):
-        """Takes a picture of the screen if the tests are asked for pictures."""
+    def take_picture(self, name, moving=False):
+        """Takes a picture if the tests are asked for pictures; once all is painted, unless something moves."""
         if "PLIMO_WINDOWS_PICTURES" in os.environ:
-            self.program.wait_until_painted()
+            if not moving:
+                self.program.wait_until_painted()
             screen.screenshot(pathlib.Path(os.environ["PLIMO_WINDOWS_PICTURES"]) / f"{name}.png")
 
     def windows(self, path):
@@ -67,7 +68,8 @@ class WindowsTestCase(unittest.TestCase):
     def catalogue(self, root=None):
         """The catalogue of the collection, whose folder Windows has under the name `root`."""
         text = songs.expected_catalogue(self.collection)
-        return text.replace(os.fsencode(self.collection) + b"/", os.fsencode((root or self.windows(self.collection)) + "\\"))
+        folder = os.fsencode((root or self.windows(self.collection)) + "\\")
+        return text.replace(os.fsencode(self.collection) + b"/", folder)
 
     def start(self, *arguments, drives=True):
         """Starts the program, and waits for its window."""
@@ -133,6 +135,6 @@ class WindowsTestCase(unittest.TestCase):
         self.program.type_path(self.windows(self.data / name))
 
     def assert_saved(self, name, content):
-        """Waits until the playlist of this name has been saved. Wine's dialog adds the ending of the file type, as that of
-        Windows does only if it is asked to; the program adds its own."""
+        """Waits until the playlist of this name has been saved. Wine's dialog adds the ending of the file type, as that
+        of Windows does only if it is asked to; the program adds its own."""
         self.assert_file(self.data / (name + ".m3u.m3u"), content)
