@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QLocale>
-#include <QTimer>
 #include <utility>
 
 #include "desktop/shell/progress_panel.h"
@@ -19,6 +18,8 @@ constexpr qint64 updateInterval = 100;
 constexpr qint64 delayMs = 200;
 constexpr std::chrono::seconds endingPatience(2);
 constexpr std::chrono::milliseconds patienceAfterCancel(500);
+// A disk that is asked within this time after it was given up is asked by the same command.
+constexpr qint64 sameCommandMs = 1000;
 
 const QLocale& numbers() {
   static const QLocale english(QLocale::English);
@@ -92,10 +93,9 @@ bool DesktopProgress::waitForDisk(std::chrono::milliseconds since) {
   processInput();
   // What is read while the program ends may be needed to keep something, and the disk may just be slow.
   if (wasEnding) return since < endingPatience;
-  if (gaveUp_) return since < patienceAfterCancel && !cancelled();
-  if (!cancelled()) return true;
-  gaveUp_ = true;
-  QTimer::singleShot(0, &context_, [this] { gaveUp_ = false; });
+  const bool again = !running_ && sinceGivenUp_.isValid() && sinceGivenUp_.elapsed() - since.count() < sameCommandMs;
+  if (!cancelled() && (!again || since < patienceAfterCancel)) return true;
+  sinceGivenUp_.start();
   return false;
 }
 

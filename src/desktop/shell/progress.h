@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QObject>
 #include <QPointer>
 #include <QString>
 #include <chrono>
@@ -53,14 +52,13 @@ class DesktopProgress : public Progress {
   QPointer<ProgressPanel> panel_;
   QPointer<QWidget> focusBefore_;  // had it before the panel was shown
   QElapsedTimer since_;
+  QElapsedTimer sinceGivenUp_;  // a disk; invalid if none was
   qint64 lastInput_ = 0;
   qint64 lastPaint_ = 0;
   Task task_ = Task::scan;
   bool running_ = false;  // a task
   bool waiting_ = false;  // without one
-  bool gaveUp_ = false;   // the command that runs; until the event loop is reached
   bool ending_ = false;
-  QObject context_;  // of the timer
 };
 
 }  // namespace plimo
