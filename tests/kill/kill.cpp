@@ -34,6 +34,7 @@ struct Tally {
   int kills = 0;
   int failedCalls = 0;
   int powerCuts = 0;
+  int asides = 0;  // next starts that put the settings of an open colour editor aside, which is promised
   int torn = 0;
   int lost = 0;
   int refused = 0;
@@ -196,6 +197,7 @@ class CommandAttack {
     const bool inEditor = settings != now.end() && areEditorSettings(settings->second);
     const std::optional<NextStart> next = startOnDisk(sample_, kind_);
     if (!next) complain(tally.crashed, "the next start crashes");
+    if (next == NextStart::runningAnew && inEditor) ++tally.asides;
     if (next && *next != NextStart::running && !(inEditor && *next == NextStart::runningAnew)) {
       complain(tally.refused, "the next start is refused");
     }
@@ -218,10 +220,11 @@ class CommandAttack {
 
 void print(const std::string& title, const Tally& tally) {
   std::printf(
-      "%s: %d kills, %d failed calls, %d power cuts; %d torn files, %d lost songs, %d refused starts, "
+      "%s: %d kills, %d failed calls, %d power cuts; %d settings put aside, %d torn files, %d lost songs, %d refused "
+      "starts, "
       "%d crashes, %d hangs, %d failures untold, %d leftovers\n",
-      title.c_str(), tally.kills, tally.failedCalls, tally.powerCuts, tally.torn, tally.lost, tally.refused,
-      tally.crashed, tally.hanging, tally.untold, tally.leftovers);
+      title.c_str(), tally.kills, tally.failedCalls, tally.powerCuts, tally.asides, tally.torn, tally.lost,
+      tally.refused, tally.crashed, tally.hanging, tally.untold, tally.leftovers);
   std::fflush(stdout);
 }
 

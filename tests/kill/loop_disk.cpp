@@ -1,12 +1,14 @@
 #include "kill/loop_disk.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 
+#include "platform/linux/unique_fd.h"
 #include "support/temporary_folder.h"
 
 namespace plimo {
@@ -55,9 +57,10 @@ LoopDisk::~LoopDisk() {
   }
 }
 
-// The journal is only committed when the program asks for it, so that nothing is safe by chance.
+// Nothing is safe by chance: the journal may be committed before the data, and the data of a file that is renamed over
+// another one is not written early.
 void LoopDisk::mount() {
-  runTool("mount -o loop,commit=300 " + image_ + " " + mountPoint_);
+  runTool("mount -o loop,commit=300,data=writeback,noauto_da_alloc " + image_ + " " + mountPoint_);
   mounted_ = true;
 }
 
@@ -81,7 +84,13 @@ void LoopDisk::keep() {
 
 void LoopDisk::reset() { replaceImage(kept_); }
 
-void LoopDisk::cut() { copyImage(image_, cut_); }
+void LoopDisk::cut() {
+  const UniqueFd other(::open((mountPoint_ + "/other").c_str(), O_CREAT | O_WRONLY | O_APPEND | O_CLOEXEC, S_IRWXU));
+  if (!other || ::write(other.get(), "x", 1) != 1 || ::fsync(other.get()) != 0) {
+    throw std::runtime_error("cannot write to " + mountPoint_);
+  }
+  copyImage(image_, cut_);
+}
 
 void LoopDisk::continueFromCut() { replaceImage(cut_); }
 
