@@ -5,7 +5,8 @@
 
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help build program run test tour bench lint asan kill powercut package windows windows-test setup clean
+.PHONY: help build program run test tour bench lint asan kill powercut fuzz monkey tsan package windows windows-test \
+        setup clean
 
 # The start in seconds since 1970: each progress line shows the time since then.
 ifndef PLIMO_STARTED
@@ -26,6 +27,9 @@ help:
 	@echo "make bench    measure the times on large libraries"
 	@echo "make lint     check the formatting and run clang-tidy"
 	@echo "make asan     run the tests with the address and undefined-behaviour sanitizers"
+	@echo "make fuzz     run the fuzz targets (SECONDS=n for each of them)"
+	@echo "make monkey   do random things on the program in memory (ACTIONS=n)"
+	@echo "make tsan     run the tests that use threads with the thread sanitizer"
 	@echo "make kill     kill the program at each system call, and let each call fail (COMMANDS=... for some)"
 	@echo "make powercut cut the power at each system call; needs root and loop devices"
 	@echo "make package  make a Debian package"
@@ -37,9 +41,12 @@ help:
 # The build folders are described in CMakePresets.json. Ninja configures again by itself when a CMake file changes.
 build/build.ninja: preset = run
 build-asan/build.ninja: preset = asan
+build-fuzz/build.ninja: preset = fuzz
+build-tsan/build.ninja: preset = tsan
 build-bench/build.ninja: preset = bench
 build-package/build.ninja: preset = package
-build/build.ninja build-asan/build.ninja build-bench/build.ninja build-package/build.ninja: CMakePresets.json | setup
+presets := build build-asan build-fuzz build-tsan build-bench build-package
+$(presets:%=%/build.ninja): CMakePresets.json | setup
 	@scripts/step "Configuring $(@D)"
 	@cmake --preset $(preset) && touch $@
 
@@ -56,7 +63,8 @@ scene := $(if $(DISPLAY)$(WAYLAND_DISPLAY),,run)
 
 # The sections of scripts/packages.txt for the commands to be run.
 needs := build run
-needs += $(if $(filter asan,$(MAKECMDGOALS)),test)
+needs += $(if $(filter asan monkey tsan,$(MAKECMDGOALS)),test)
+needs += $(if $(filter fuzz,$(MAKECMDGOALS)),fuzz)
 needs += $(if $(filter test,$(MAKECMDGOALS)),display test)
 needs += $(if $(filter kill powercut,$(MAKECMDGOALS)),test kill)
 needs += $(if $(filter tour $(scene),$(MAKECMDGOALS)),display tour)
@@ -108,6 +116,26 @@ asan: build-asan/build.ninja
 	@cmake --build --preset asan
 	@scripts/test build-asan
 
+# For each fuzz target.
+SECONDS ?= 60
+fuzz: build-fuzz/build.ninja
+	@scripts/step "Building the fuzz targets"
+	@cmake --build --preset fuzz
+	@scripts/fuzz build-fuzz $(SECONDS)
+
+ACTIONS ?= 1000000
+monkey: build/build.ninja
+	@scripts/step "Building the monkey"
+	@cmake --build --preset monkey
+	@PLIMO_MONKEY_ACTIONS=$(ACTIONS) build/bin/plimo-monkey-tests
+
+# The suites that start threads: two readers of a catalogue, the sort, the walk, writing the catalogue.
+threaded := ^(CaseInsensitiveSort|Parallel|CatalogueFileTest|WritingTheCatalogue|LinuxWalkTest|ChangedFilesTest)
+tsan: build-tsan/build.ninja
+	@scripts/step "Building the tests of threads with the thread sanitizer"
+	@cmake --build --preset tsan
+	@scripts/test build-tsan --tests-regex '$(threaded)'
+
 kill: build/build.ninja
 	@scripts/step "Building the program that kills"
 	@cmake --build build --target plimo-kill
@@ -135,4 +163,4 @@ windows-test: windows
 	@scripts/test build-windows
 
 clean:
-	@rm -rf build build-asan build-bench build-package build-windows
+	@rm -rf build build-*

@@ -82,6 +82,7 @@ bool Form1::findsubfolder(std::string_view folder) {
     inside = entered;
     return goOn();
   };
+  visitor.waiting = visitor.entered;
   visitor.unreadable = [this](const RuntimeError& error) { return skipFolder(error.path()); };
   return platform.files.walk(folder, searchedLevels, visitor);
 }

@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QMessageBox>
 #include <algorithm>
+#include <chrono>
 #include <clocale>
 #include <cstdio>
 #include <optional>
@@ -12,6 +13,7 @@
 
 #include "app/program.h"
 #include "desktop/shell/desktop.h"
+#include "desktop/shell/responsive_files.h"
 #include "desktop/theme/art.h"
 #include "desktop/theme/strings.h"
 #include "desktop/theme/theme.h"
@@ -151,12 +153,16 @@ int main(int count, char** words) {
     QMessageBox::critical(nullptr, QString::fromUtf8(plimo::programName), plimo::qstring(reason));
     return 1;
   }
-  const auto files = plimo::nativeFiles(options.drives);
+  plimo::ResponsiveFiles files(plimo::nativeFiles(options.drives));
   const auto launcher = plimo::nativeLauncher();
   for (;;) {
-    plimo::Desktop desktop(*files, *launcher, options.playlist);
+    plimo::Desktop desktop(files, *launcher, options.playlist);
+    files.waiting = [&desktop](std::chrono::milliseconds since) { return desktop.waitForDisk(since); };
+    files.waited = [&desktop] { desktop.diskAnswered(); };
     const auto watch = plimo::onTerminationRequest([&desktop] { desktop.requestEnd(); });
     const int status = desktop.run();
+    files.waiting = nullptr;
+    files.waited = nullptr;
     if (!desktop.startsAnew()) return status;
   }
 }

@@ -78,6 +78,9 @@ struct WalkVisitor {
   std::function<bool(std::string_view path)> entered;
   // A folder that cannot be listed; true skips it, false makes the walk throw the error. Empty: always throw.
   std::function<bool(const RuntimeError& error)> unreadable;
+  // Called about every 40 ms while the walk waits for this folder to be listed, as on a network drive that does not
+  // answer; false ends the walk at once. May be empty.
+  std::function<bool(std::string_view path)> waiting;
 };
 
 // Called with the bytes copied so far and the size of the file; false cancels the copy.
@@ -136,7 +139,8 @@ class FileSystemObject {
   virtual bool walk(std::string_view folder, int depth, const WalkVisitor& visitor) = 0;
   bool walk(std::string_view folder, int depth, bool (*wanted)(std::string_view name),
             std::function<bool(std::string_view path)> found) {
-    return walk(folder, depth, {.wanted = wanted, .found = std::move(found), .entered = {}, .unreadable = {}});
+    return walk(folder, depth,
+                {.wanted = wanted, .found = std::move(found), .entered = {}, .unreadable = {}, .waiting = {}});
   }
 
   // --- Files ---

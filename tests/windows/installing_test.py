@@ -5,10 +5,9 @@ import subprocess
 import unittest
 import zipfile
 
-from tests.support.desktop import screen
 from tests.support.desktop.waiting import wait
-from tests.support.windows import program
-from tests.support.windows.program import WindowsProgram, wine
+from tests.support.windows import places, program
+from tests.support.windows.program import DEADLINE, WindowsProgram, wine
 from tests.support.windows.test_case import ROOT, WindowsTestCase
 
 PACKAGES = pathlib.Path(os.environ.get("PLIMO_PACKAGES", ROOT / "build-windows"))
@@ -41,14 +40,16 @@ class Installing(WindowsTestCase):
         self.assertTrue(data.is_dir())
         self.assertTrue(self.registered(UNINSTALL))
         self.assertTrue(self.registered(APPLICATION + r"\SupportedTypes"))
-        version = subprocess.run([program.WITH_WINE, installed / "plimo.exe", "--version"], capture_output=True, check=True)
+        version = subprocess.run([program.WITH_WINE, installed / "plimo.exe", "--version"], capture_output=True,
+                                 check=True)
         self.assertEqual(version.stdout.split()[0], b"plimo")
 
         (data / "mine.m3u").write_bytes(b"")
         (installed / "notes.txt").write_bytes(b"")
         self.assertEqual(wine(installed / "uninstall.exe", "/S").returncode, 0)
         # The uninstaller goes on as a copy of itself.
-        wait(lambda: not (installed / "uninstall.exe").exists() and not self.registered(UNINSTALL), "the uninstaller")
+        wait(lambda: not (installed / "uninstall.exe").exists() and not self.registered(UNINSTALL), "the uninstaller",
+             DEADLINE)
         self.assertEqual(os.listdir(installed), ["notes.txt"])
         self.assertEqual(os.listdir(data), ["mine.m3u"])
         self.assertFalse(shortcut.exists())
@@ -63,8 +64,8 @@ class Installing(WindowsTestCase):
         folder = self.home / "Plimo"
         self.program = WindowsProgram(folder / "plimo.exe", "--drive", f"C={self.windows(self.collection)}")
         self.program.wait_for_main_window()
-        screen.click(program.FIRST_DRIVE)
-        screen.click(program.ACCEPT)
+        self.program.tick("drives", 0)
+        self.program.click(places.ACCEPT, (folder / "plimo.ini").exists, "the settings")
         self.assert_file(folder / "plimo.kvx", self.catalogue())
         self.assertTrue((folder / "plimo.ini").exists())
 

@@ -79,9 +79,15 @@ FormWindow* Desktop::windowOf(const Form& form) const { return &form == &main_->
 
 QWidget* Desktop::frontWindow() const {
   for (FormWindow* window : {main_.get(), splash_.get()}) {
-    if (window->isVisible()) return window;
+    if (window != nullptr && window->isVisible()) return window;
   }
   return nullptr;
+}
+
+bool Desktop::waitForDisk(std::chrono::milliseconds since) {
+  const bool goesOn = progress_.waitForDisk(since);
+  if (!goesOn && progress_.ending()) dialogs_.silence();
+  return goesOn;
 }
 
 void Desktop::close(Form& form) {

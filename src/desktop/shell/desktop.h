@@ -28,6 +28,11 @@ class Desktop : public FormHost {
   // True if the start-up has failed and the user wants to start again: create a new Desktop and run it.
   bool startsAnew() const { return program_.startsAnew(); }
 
+  // To be called while a disk does not answer, and afterwards: see DesktopProgress. A disk that is given up because the
+  // program is to end is not reported.
+  bool waitForDisk(std::chrono::milliseconds since);
+  void diskAnswered() { progress_.diskAnswered(); }
+
   void show(Form& form) override;
   void unload(Form& form) override;
   void captionChanged(Form& form) override;

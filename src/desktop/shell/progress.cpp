@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QLocale>
+#include <utility>
 
 #include "desktop/shell/progress_panel.h"
 #include "desktop/theme/strings.h"
@@ -15,6 +16,10 @@ constexpr qint64 inputInterval = 40;
 constexpr qint64 updateInterval = 100;
 // Shorter work shows no panel.
 constexpr qint64 delayMs = 200;
+constexpr std::chrono::seconds endingPatience(2);
+constexpr std::chrono::milliseconds patienceAfterCancel(500);
+// A disk that is asked within this time after it was given up is asked by the same command.
+constexpr qint64 sameCommandMs = 1000;
 
 const QLocale& numbers() {
   static const QLocale english(QLocale::English);
@@ -46,7 +51,17 @@ DesktopProgress::DesktopProgress(InputBlocker& blocker) : blocker_(blocker) {}
 DesktopProgress::~DesktopProgress() = default;
 
 void DesktopProgress::begin(Task task) {
+  running_ = true;
   task_ = task;
+  cover();
+}
+
+void DesktopProgress::end() {
+  uncover();
+  running_ = false;
+}
+
+void DesktopProgress::cover() {
   since_.start();
   lastInput_ = 0;
   lastPaint_ = 0;
@@ -57,11 +72,35 @@ void DesktopProgress::begin(Task task) {
   blocker_.block(panel_);
 }
 
-void DesktopProgress::end() {
+void DesktopProgress::uncover() {
   const bool hadFocus = panel_ != nullptr && panel_->isVisible();
   delete panel_.data();
   blocker_.unblock();
   if (hadFocus && focusBefore_ != nullptr && focusBefore_->isVisible()) focusBefore_->setFocus();
+}
+
+bool DesktopProgress::waitForDisk(std::chrono::milliseconds since) {
+  const bool wasEnding = ending_;
+  if (!running_ && !waiting_) {
+    waiting_ = true;
+    cover();
+  }
+  if (waiting_ && panel_ != nullptr && panel_->isHidden() && since.count() >= delayMs) {
+    panel_->begin(QStringLiteral("Waiting for the disk"), true);
+  }
+  if (waiting_ && panel_ != nullptr) panel_->update(QString(), QString(), -1);
+  if (running_) due();  // shows the task's panel
+  processInput();
+  // What is read while the program ends may be needed to keep something, and the disk may just be slow.
+  if (wasEnding) return since < endingPatience;
+  const bool again = !running_ && sinceGivenUp_.isValid() && sinceGivenUp_.elapsed() - since.count() < sameCommandMs;
+  if (!cancelled() && (!again || since < patienceAfterCancel)) return true;
+  sinceGivenUp_.start();
+  return false;
+}
+
+void DesktopProgress::diskAnswered() {
+  if (std::exchange(waiting_, false)) uncover();
 }
 
 bool DesktopProgress::cancelled() const { return ending_ || (panel_ != nullptr && panel_->cancelled()); }

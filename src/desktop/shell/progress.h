@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QString>
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -29,6 +30,13 @@ class DesktopProgress : public Progress {
   void end() override;
   bool cancelled() const override;
 
+  // Called again and again while a disk does not answer, with the time since it was asked. Processes input; without a
+  // task, it shows a panel that the user can cancel. False if the user does not want to wait any longer; the rest of
+  // the command then waits for half a second at most.
+  bool waitForDisk(std::chrono::milliseconds since);
+  // Called after the last waitForDisk.
+  void diskAnswered();
+
   // Cancels the task and all that follow: the program is to end.
   void cancelAll() { ending_ = true; }
   bool ending() const { return ending_; }
@@ -37,14 +45,19 @@ class DesktopProgress : public Progress {
   // True at most ten times a second, if the panel is to be updated. Also processes input, more often than that.
   bool due();
   void processInput();
+  void cover();
+  void uncover();
 
   InputBlocker& blocker_;
   QPointer<ProgressPanel> panel_;
   QPointer<QWidget> focusBefore_;  // had it before the panel was shown
   QElapsedTimer since_;
+  QElapsedTimer sinceGivenUp_;  // a disk; invalid if none was
   qint64 lastInput_ = 0;
   qint64 lastPaint_ = 0;
   Task task_ = Task::scan;
+  bool running_ = false;  // a task
+  bool waiting_ = false;  // without one
   bool ending_ = false;
 };
 

@@ -69,6 +69,7 @@ ProgressPanel::ProgressPanel(QWidget* window)
 
 void ProgressPanel::begin(const QString& title, bool cancellable) {
   title_->setText(title);
+  setAccessibleName(title);
   setGeometry(parentWidget()->rect());
   bar_->setFixedWidth(std::min(scaled(460), width() - 2 * spacing()) - 4 * spacing());
   cancel_->setVisible(cancellable);

@@ -110,4 +110,20 @@ std::vector<DriveRoot> defaultDriveTable(const SystemPaths& paths) {
   return table;
 }
 
+std::vector<DriveRoot> DriveRoots::all() const {
+  return fixedDrives_ ? *fixedDrives_ : defaultDriveTable(systemPaths_);
+}
+
+bool DriveRoots::isRoot(std::string_view folder) const {
+  struct stat status {};
+  const bool exists = ::stat(std::string(folder).c_str(), &status) == 0;
+  const std::vector<DriveRoot> drives = all();
+  return std::any_of(drives.begin(), drives.end(), [&](const DriveRoot& drive) {
+    if (normalizePath(drive.root) == normalizePath(folder)) return true;
+    struct stat root {};
+    return exists && ::stat(drive.root.c_str(), &root) == 0 && root.st_dev == status.st_dev &&
+           root.st_ino == status.st_ino;
+  });
+}
+
 }  // namespace plimo

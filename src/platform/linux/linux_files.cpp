@@ -37,17 +37,13 @@ bool isReadyRoot(const std::string& root) {
 
 }  // namespace
 
-LinuxFiles::LinuxFiles(SystemPaths paths) : systemPaths_(std::move(paths)) {}
+LinuxFiles::LinuxFiles(SystemPaths paths) : drives_(std::move(paths)) {}
 
-LinuxFiles::LinuxFiles(std::vector<DriveRoot> drives) : fixedDrives_(std::move(drives)) {}
-
-std::vector<DriveRoot> LinuxFiles::driveRoots() const {
-  return fixedDrives_ ? *fixedDrives_ : defaultDriveTable(systemPaths_);
-}
+LinuxFiles::LinuxFiles(std::vector<DriveRoot> drives) : drives_(std::move(drives)) {}
 
 std::vector<Drive> LinuxFiles::drives() {
   std::vector<Drive> drives;
-  for (const DriveRoot& drive : driveRoots()) {
+  for (const DriveRoot& drive : drives_.all()) {
     drives.push_back({drive.letter, drive.type, isReadyRoot(drive.root), drive.root});
   }
   return drives;
@@ -80,17 +76,8 @@ bool LinuxFiles::sameFile(std::string_view left, std::string_view right) {
   return statPath(left, leftStatus) && statPath(right, rightStatus) && sameInode(leftStatus, rightStatus);
 }
 
-bool LinuxFiles::isRootFolder(std::string_view folder) { return normalizePath(folder) == "/" || isDriveRoot(folder); }
-
-bool LinuxFiles::isDriveRoot(std::string_view folder) const {
-  struct stat status {};
-  const bool exists = statPath(folder, status);
-  const std::vector<DriveRoot> drives = driveRoots();
-  return std::any_of(drives.begin(), drives.end(), [&](const DriveRoot& drive) {
-    if (normalizePath(drive.root) == normalizePath(folder)) return true;
-    struct stat root {};
-    return exists && statPath(drive.root, root) && sameInode(root, status);
-  });
+bool LinuxFiles::isRootFolder(std::string_view folder) {
+  return normalizePath(folder) == "/" || drives_.isRoot(folder);
 }
 
 std::string LinuxFiles::shortFilePath(std::string_view file) {
@@ -112,7 +99,7 @@ bool LinuxFiles::folderExists(std::string_view path) { return isFolder(path); }
 
 ErrorNumber LinuxFiles::missingFolderError(std::string_view path) const {
   const std::string normalized = normalizePath(path);
-  for (const DriveRoot& drive : driveRoots()) {
+  for (const DriveRoot& drive : drives_.all()) {
     if (folderContains(normalizePath(drive.root), normalized) && !isFolder(drive.root))
       return ErrorNumber::diskNotReady;
   }

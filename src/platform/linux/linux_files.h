@@ -5,7 +5,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -49,16 +48,13 @@ class LinuxFiles : public FileSystemObject {
   void removeLeftovers(std::string_view folder) override;
 
  private:
-  std::vector<DriveRoot> driveRoots() const;
-  bool isDriveRoot(std::string_view folder) const;
   // 71 for a path on a drive that is not ready, else 76.
   ErrorNumber missingFolderError(std::string_view path) const;
   // 53 if the file's folder exists, else as missingFolderError.
   ErrorNumber missingFileError(std::string_view path) const;
   ErrorNumber listingError(int error, std::string_view folder) const;
 
-  SystemPaths systemPaths_;
-  std::optional<std::vector<DriveRoot>> fixedDrives_;
+  DriveRoots drives_;
 };
 
 }  // namespace plimo

@@ -22,7 +22,7 @@ constexpr std::string_view lostAndFound = "lost+found";
 // Opens each folder relative to its parent, which stays open meanwhile.
 class LinuxDirectoryReader : public DirectoryReader {
  public:
-  // True for a subfolder to leave out. Called on both threads.
+  // True for a subfolder to leave out. Called on other threads.
   using Skip = std::function<bool(std::string_view folder, std::string_view name)>;
 
   LinuxDirectoryReader(bool (*acceptFile)(std::string_view name), Skip skip)
@@ -67,20 +67,20 @@ FolderContents LinuxFiles::contents(std::string_view folder) {
   FolderContents contents;
   contents.files.assign(names.files().begin(), names.files().end());
   for (const std::string_view name : names.folders()) {
-    if (name != lostAndFound || !isDriveRoot(folder)) contents.folders.emplace_back(name);
+    if (name != lostAndFound || !drives_.isRoot(folder)) contents.folders.emplace_back(name);
   }
   return contents;
 }
 
 bool LinuxFiles::walk(std::string_view folder, int depth, const WalkVisitor& visitor) {
-  const auto skip = [this](std::string_view parent, std::string_view name) {
-    return name == lostAndFound && isDriveRoot(parent);
+  // A copy of what it needs, because a thread that a disk holds up goes on using it after the walk has ended.
+  const auto skip = [drives = drives_](std::string_view parent, std::string_view name) {
+    return name == lostAndFound && drives.isRoot(parent);
   };
-  const LinuxDirectoryReader reader(visitor.wanted, skip);
-  DirectoryPrefetcher directories(folder, depth, '/', reader);
+  DirectoryPrefetcher directories(folder, depth, '/', std::make_shared<LinuxDirectoryReader>(visitor.wanted, skip));
   std::string path;
   bool first = true;
-  while (const PrefetchedDirectory* directory = directories.next()) {
+  while (const PrefetchedDirectory* directory = directories.next(visitor.waiting)) {
     const bool isSubfolder = !std::exchange(first, false);
     if (directory->openError != 0) {
       // A subfolder may have been removed, or replaced by a file, since its parent was listed.
@@ -101,7 +101,7 @@ bool LinuxFiles::walk(std::string_view folder, int depth, const WalkVisitor& vis
       if (!visitor.found(path)) return false;
     }
   }
-  return true;
+  return !directories.gaveUp();
 }
 
 }  // namespace plimo

@@ -2,6 +2,7 @@
 
 #include <iterator>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 namespace plimo {
@@ -11,85 +12,104 @@ namespace {
 // The prefetch distance, in directories. Limits memory and open descriptors.
 constexpr std::ptrdiff_t prefetchDistance = 32;
 
-// Waking a thread costs more than listing a directory, so the worker is woken for this many at once.
-constexpr int wakeBatch = 16;
+// Waking a thread costs more than listing a directory, so a worker is woken for this many at once, and so is the walk.
+constexpr std::size_t wakeBatch = 16;
+
+// For this long the walk waits for a whole batch; after that, for its next directory only.
+constexpr std::chrono::milliseconds batchPatience(2);
+constexpr std::chrono::milliseconds waitingInterval(40);
+
+constexpr int maxWorkers = 2;
 
 }  // namespace
 
-DirectoryPrefetcher::DirectoryPrefetcher(std::string_view folder, int depth, char separator,
-                                         const DirectoryReader& reader)
-    : separator_(separator), reader_(reader) {
-  Directory& root = directories_.emplace_back();
-  root.path = folder;
-  root.depth = depth;
+class DirectoryPrefetcher::Queue {
+ public:
+  using Directories = std::list<Directory>;
+
+  Queue(char separator, std::shared_ptr<const DirectoryReader> reader)
+      : separator_(separator), reader_(std::move(reader)) {}
+
+  // The members below, and the calls, need the lock.
+  std::mutex mutex;
+  Directories directories;  // in the order of the walk, from the one last returned
+
+  bool frontListed() const { return directories.front().state == Directory::State::listed; }
+  // Waits until the front is listed and, if possible, `batch` directories in all; or until the time is over.
+  void waitForBatch(std::unique_lock<std::mutex>& lock, std::size_t batch, std::chrono::milliseconds time);
+  void removeFront();
+  // What a worker does until `stop`.
+  void work();
+  void stop();
+  // The first pending directory within the prefetch distance, or end().
+  Directories::iterator findPending();
+  // Lists a pending directory. The lock is released while the disk is read.
+  void list(Directories::iterator directory, std::unique_lock<std::mutex>& lock);
+
+ private:
+  // The part of `list` without the lock: reads the names and appends the subfolders.
+  void read(Directory& directory, Directories& subfolders) const;
+  bool batchIsComplete() const { return frontListed() && (listed_ >= batch_ || idleWorkers_ > 0); }
+
+  char separator_;
+  std::shared_ptr<const DirectoryReader> reader_;
+
+  std::condition_variable batchListed_;
+  std::condition_variable workAvailable_;
+  std::size_t listed_ = 0;  // directories that are listed
+  std::size_t batch_ = 0;   // that the walk waits for; 0: it does not wait
+  int idleWorkers_ = 0;
+  std::size_t removedWhileIdle_ = 0;  // directories that the walk has finished since a worker became idle
+  bool stopping_ = false;
+  std::vector<std::unique_ptr<ListedNames>> freeNames_;  // for reuse: few allocations for a large tree
+};
+
+void DirectoryPrefetcher::Queue::waitForBatch(std::unique_lock<std::mutex>& lock, std::size_t batch,
+                                              std::chrono::milliseconds time) {
+  batch_ = batch;
+  if (directories.front().state == Directory::State::pending) workAvailable_.notify_all();
+  batchListed_.wait_for(lock, time, [this] { return batchIsComplete(); });
+  batch_ = 0;
 }
 
-DirectoryPrefetcher::~DirectoryPrefetcher() {
-  {
-    const std::lock_guard lock(mutex_);
-    stopping_ = true;
-  }
-  workAvailable_.notify_one();
-  if (worker_.joinable()) worker_.join();
+void DirectoryPrefetcher::Queue::removeFront() {
+  if (directories.front().names) freeNames_.push_back(std::move(directories.front().names));
+  directories.pop_front();
+  --listed_;
+  if (idleWorkers_ > 0 && ++removedWhileIdle_ == wakeBatch) workAvailable_.notify_all();
 }
 
-const DirectoryPrefetcher::Directory* DirectoryPrefetcher::next() {
-  std::unique_lock lock(mutex_);
-  if (frontReturned_) removeFront();
-  if (directories_.empty()) return nullptr;
-  if (!worker_.joinable() && directories_.size() > 1) startWorker();
-  while (directories_.front().state != Directory::State::listed) {
-    const auto pending = findPending();
-    if (pending != directories_.end()) {
-      list(pending, lock);  // the front, or a later one while the worker is listing the front
-    } else {
-      frontListed_.wait(lock);
-    }
-  }
-  frontReturned_ = true;
-  if (directories_.front().failure) std::rethrow_exception(directories_.front().failure);
-  return &directories_.front();
+void DirectoryPrefetcher::Queue::stop() {
+  const std::lock_guard lock(mutex);
+  stopping_ = true;
+  workAvailable_.notify_all();
 }
 
-void DirectoryPrefetcher::removeFront() {
-  if (directories_.front().names) freeNames_.push_back(std::move(directories_.front().names));
-  directories_.pop_front();
-  frontReturned_ = false;
-  if (workerIdle_ && ++removedWhileIdle_ == wakeBatch) workAvailable_.notify_one();
-}
-
-void DirectoryPrefetcher::startWorker() {
-  try {
-    worker_ = std::thread([this] { runWorker(); });
-  } catch (const std::system_error&) {
-    // No thread is available: the walk lists every directory itself.
-  }
-}
-
-void DirectoryPrefetcher::runWorker() {
-  std::unique_lock lock(mutex_);
+void DirectoryPrefetcher::Queue::work() {
+  std::unique_lock lock(mutex);
   while (!stopping_) {
     const auto pending = findPending();
-    if (pending != directories_.end()) {
+    if (pending != directories.end()) {
       list(pending, lock);
     } else {
       removedWhileIdle_ = 0;
-      workerIdle_ = true;
+      ++idleWorkers_;
+      if (batch_ > 0 && batchIsComplete()) batchListed_.notify_one();
       workAvailable_.wait(lock);
-      workerIdle_ = false;
+      --idleWorkers_;
     }
   }
 }
 
-DirectoryPrefetcher::Directories::iterator DirectoryPrefetcher::findPending() {
-  auto directory = directories_.begin();
-  for (std::ptrdiff_t i = 0; directory != directories_.end() && i <= prefetchDistance; ++i, ++directory) {
+DirectoryPrefetcher::Queue::Directories::iterator DirectoryPrefetcher::Queue::findPending() {
+  auto directory = directories.begin();
+  for (std::ptrdiff_t i = 0; directory != directories.end() && i <= prefetchDistance; ++i, ++directory) {
     if (directory->state == Directory::State::pending) return directory;
   }
-  return directories_.end();
+  return directories.end();
 }
 
-void DirectoryPrefetcher::list(Directories::iterator directory, std::unique_lock<std::mutex>& lock) {
+void DirectoryPrefetcher::Queue::list(Directories::iterator directory, std::unique_lock<std::mutex>& lock) {
   directory->state = Directory::State::listing;
   if (!freeNames_.empty()) {
     directory->names = std::move(freeNames_.back());
@@ -105,14 +125,15 @@ void DirectoryPrefetcher::list(Directories::iterator directory, std::unique_lock
   }
   lock.lock();
   directory->state = Directory::State::listed;
+  ++listed_;
   const bool moreWork = !subfolders.empty();
-  directories_.splice(std::next(directory), subfolders);
-  if (directory == directories_.begin()) frontListed_.notify_one();
-  if (moreWork && workerIdle_) workAvailable_.notify_one();
+  directories.splice(std::next(directory), subfolders);
+  if (batch_ > 0 && batchIsComplete()) batchListed_.notify_one();
+  if (moreWork && idleWorkers_ > 0) workAvailable_.notify_one();
 }
 
-void DirectoryPrefetcher::read(Directory& directory, Directories& subfolders) const {
-  const std::shared_ptr<void> opened = reader_.read(directory);
+void DirectoryPrefetcher::Queue::read(Directory& directory, Directories& subfolders) const {
+  const std::shared_ptr<void> opened = reader_->read(directory);
   directory.parent.reset();
   if (directory.openError != 0 || directory.readError != 0) return;
   for (const std::string_view name : directory.names->folders()) {
@@ -125,6 +146,62 @@ void DirectoryPrefetcher::read(Directory& directory, Directories& subfolders) co
     subfolder.parent = opened;
     subfolder.depth = directory.depth - 1;
   }
+}
+
+DirectoryPrefetcher::DirectoryPrefetcher(std::string_view folder, int depth, char separator,
+                                         std::shared_ptr<const DirectoryReader> reader)
+    : queue_(std::make_shared<Queue>(separator, std::move(reader))) {
+  Directory& root = queue_->directories.emplace_back();
+  root.path = folder;
+  root.depth = depth;
+}
+
+DirectoryPrefetcher::~DirectoryPrefetcher() { queue_->stop(); }
+
+const DirectoryPrefetcher::Directory* DirectoryPrefetcher::next(const Waiting& waiting) {
+  std::unique_lock lock(queue_->mutex);
+  if (std::exchange(frontReturned_, false)) queue_->removeFront();
+  if (queue_->directories.empty()) return nullptr;
+  startWorkers();
+  if (!waitForFront(lock, waiting)) {
+    gaveUp_ = true;
+    return nullptr;
+  }
+  frontReturned_ = true;
+  const Directory& front = queue_->directories.front();
+  if (front.failure) std::rethrow_exception(front.failure);
+  return &front;
+}
+
+void DirectoryPrefetcher::startWorkers() {
+  // A single directory needs one worker only.
+  while (!noThreads_ && (workers_ == 0 || (workers_ < maxWorkers && queue_->directories.size() > 1))) {
+    try {
+      std::thread([queue = queue_] { queue->work(); }).detach();
+      ++workers_;
+    } catch (const std::system_error&) {
+      noThreads_ = true;
+    }
+  }
+}
+
+bool DirectoryPrefetcher::waitForFront(std::unique_lock<std::mutex>& lock, const Waiting& waiting) {
+  if (queue_->frontListed()) return true;
+  if (workers_ == 0) {
+    queue_->list(queue_->directories.begin(), lock);
+    return true;
+  }
+  queue_->waitForBatch(lock, wakeBatch, batchPatience);
+  while (!queue_->frontListed()) {
+    queue_->waitForBatch(lock, 1, waitingInterval);
+    if (queue_->frontListed() || !waiting) continue;
+    const std::string_view folder = queue_->directories.front().path;
+    lock.unlock();
+    const bool goesOn = waiting(folder);
+    lock.lock();
+    if (!goesOn) return false;
+  }
+  return true;
 }
 
 }  // namespace plimo

@@ -1,15 +1,17 @@
-// Lists the directories of a walk ahead of it, on a second thread.
+// Lists the directories of a walk ahead of it, on other threads.
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
+#include <cstddef>
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <list>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
-#include <thread>
 #include <vector>
 
 #include "platform/shared/listed_names.h"
@@ -40,57 +42,53 @@ class DirectoryReader {
 
   // Reads the names, without the folders that the walk leaves out, or sets one of the errors. What it returns is kept
   // as the `parent` of the subfolders until they have been read: an open directory, for example, or null. Called on two
-  // threads at once.
+  // threads at once, also after the prefetcher is destroyed.
   virtual std::shared_ptr<void> read(PrefetchedDirectory& directory) const = 0;
 };
 
-// Yields the directories of a tree in depth-first (pre-)order. Whichever thread is idle, the walk's or the worker,
-// lists the first directory that nobody has begun; what a listing gives, its errors included, becomes visible only when
-// the walk reaches the directory.
+// Yields the directories of a tree in depth-first (pre-)order. Two worker threads list the first directories that
+// nobody has begun; what a listing gives, its errors included, becomes visible only when the walk reaches the
+// directory.
 //
 // This is read-ahead (prefetching) on directories. The kernel reads ahead only within files, so without it each folder
 // that is not cached costs the walk a whole access to the disk. With a warm cache it still shares the system calls and
 // the sorting between two processors.
+//
+// The thread of the walk makes no system call that a disk can hold up, so it stays responsive if a network mount does
+// not answer. Nothing waits for a worker that is held up: it owns a share of all that it uses, and ends when the call
+// returns, or with the process.
 class DirectoryPrefetcher {
  public:
   using Directory = PrefetchedDirectory;
 
-  // `separator` is what stands between the components of a path.
-  DirectoryPrefetcher(std::string_view folder, int depth, char separator, const DirectoryReader& reader);
+  // Called about every 40 ms while `next` waits for a directory, with its path; false gives up. May be empty.
+  using Waiting = std::function<bool(std::string_view folder)>;
+
+  // `separator` is what separates the components of a path.
+  DirectoryPrefetcher(std::string_view folder, int depth, char separator,
+                      std::shared_ptr<const DirectoryReader> reader);
   DirectoryPrefetcher(const DirectoryPrefetcher&) = delete;
   DirectoryPrefetcher& operator=(const DirectoryPrefetcher&) = delete;
   ~DirectoryPrefetcher();
 
-  // The next directory, listed; null after the last one. Valid until the next call. Throws what listing it has thrown
-  // on either thread.
-  const Directory* next();
+  // The next directory, listed; null after the last one, and if `waiting` has given up. Valid until the next call.
+  // Throws what listing it has thrown, and what `waiting` throws.
+  const Directory* next(const Waiting& waiting = {});
+  bool gaveUp() const { return gaveUp_; }
 
  private:
-  using Directories = std::list<Directory>;
+  // Shared by the walk and the workers.
+  class Queue;
 
-  void startWorker();
-  void runWorker();
-  // The first pending directory within the prefetch distance, or end().
-  Directories::iterator findPending();
-  // Lists a pending directory. Called with the lock held, which is released while the disk is read.
-  void list(Directories::iterator directory, std::unique_lock<std::mutex>& lock);
-  // The part of `list` without the lock: reads the names and appends the subfolders.
-  void read(Directory& directory, Directories& subfolders) const;
-  void removeFront();
+  void startWorkers();
+  // False if `waiting` gives up.
+  bool waitForFront(std::unique_lock<std::mutex>& lock, const Waiting& waiting);
 
-  char separator_;
-  const DirectoryReader& reader_;
-
-  std::mutex mutex_;  // guards the members below
-  std::condition_variable frontListed_;
-  std::condition_variable workAvailable_;
-  Directories directories_;     // in the order of the walk, from the one last returned
-  bool frontReturned_ = false;  // the walk is using the first of them
-  bool workerIdle_ = false;
-  int removedWhileIdle_ = 0;  // directories that the walk has finished since the worker became idle
-  bool stopping_ = false;
-  std::vector<std::unique_ptr<ListedNames>> freeNames_;  // for reuse: few allocations for a large tree
-  std::thread worker_;                                   // touched only by the walk's thread
+  std::shared_ptr<Queue> queue_;
+  int workers_ = 0;
+  bool noThreads_ = false;      // the system refuses threads: the walk lists every directory itself
+  bool frontReturned_ = false;  // the walk is using the first directory
+  bool gaveUp_ = false;
 };
 
 }  // namespace plimo

@@ -25,7 +25,7 @@ SystemError listFolder(std::string_view folder, const ListingFilter& filter, Lis
 
 class WindowsDirectoryReader : public DirectoryReader {
  public:
-  // True for a subfolder to leave out. Called on both threads.
+  // True for a subfolder to leave out. Called on other threads.
   using Skip = std::function<bool(std::string_view folder, std::string_view name)>;
 
   WindowsDirectoryReader(bool (*acceptFile)(std::string_view name), Skip skip);

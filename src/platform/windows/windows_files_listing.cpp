@@ -1,6 +1,7 @@
 // Listing one folder, and walking a tree.
 #include <windows.h>
 
+#include <memory>
 #include <utility>
 
 #include "base/text.h"
@@ -39,13 +40,15 @@ FolderContents WindowsFiles::contents(std::string_view folder) {
 }
 
 bool WindowsFiles::walk(std::string_view folder, int depth, const WalkVisitor& visitor) {
-  const WindowsDirectoryReader reader(visitor.wanted, [this](std::string_view parent, std::string_view name) {
-    return isSystemName(name) && isRootFolder(parent);
-  });
-  DirectoryPrefetcher directories(folder, depth, '\\', reader);
+  // A copy of what it needs, because a thread that a disk holds up goes on using it after the walk has ended.
+  const auto drives = fixedDrives_ ? std::make_shared<WindowsFiles>(*fixedDrives_) : std::make_shared<WindowsFiles>();
+  const auto skip = [drives](std::string_view parent, std::string_view name) {
+    return isSystemName(name) && drives->isRootFolder(parent);
+  };
+  DirectoryPrefetcher directories(folder, depth, '\\', std::make_shared<WindowsDirectoryReader>(visitor.wanted, skip));
   std::string path;
   bool first = true;
-  while (const PrefetchedDirectory* directory = directories.next()) {
+  while (const PrefetchedDirectory* directory = directories.next(visitor.waiting)) {
     const bool isSubfolder = !std::exchange(first, false);
     // A subfolder may have been removed, or replaced by a file, since its parent was listed.
     if (isSubfolder && isNotFound(directory->openError)) continue;
@@ -64,7 +67,7 @@ bool WindowsFiles::walk(std::string_view folder, int depth, const WalkVisitor& v
       if (!visitor.found(path)) return false;
     }
   }
-  return true;
+  return !directories.gaveUp();
 }
 
 }  // namespace plimo

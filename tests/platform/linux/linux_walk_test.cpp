@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
 #include <new>
@@ -96,6 +97,9 @@ TEST_F(LinuxWalkTest, AWalkThatIsEndedLeaksNothing) {
     return true;
   };
   EXPECT_THROW(files_.walk(folder_.path(), 10, isSong, throwing), std::runtime_error);
+  // The walks do not wait for their threads.
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (nextDescriptor() != next && std::chrono::steady_clock::now() < deadline) std::this_thread::yield();
   EXPECT_EQ(nextDescriptor(), next);
 }
 
@@ -129,6 +133,73 @@ TEST_F(LinuxWalkTest, NoMemoryOnTheWorkerIsThrownByTheWalk) {
                              return true;
                            }),
                std::bad_alloc);
+}
+
+// A folder that does not answer: a thread that lists it is held up at this name until the test releases it.
+std::atomic<bool> released;
+std::atomic<int> heldUp;
+
+bool isSongOrHoldsUp(std::string_view name) {
+  if (name != "hold.mp3") return isSong(name);
+  ++heldUp;
+  released.wait(false);
+  --heldUp;
+  return true;
+}
+
+class HeldUpWalkTest : public LinuxWalkTest {
+ protected:
+  HeldUpWalkTest() {
+    released = false;
+    visitor_.wanted = isSongOrHoldsUp;
+    visitor_.found = [this](std::string_view path) {
+      found_.emplace_back(path);
+      return true;
+    };
+  }
+  ~HeldUpWalkTest() override { release(); }
+
+  void release() {
+    released = true;
+    released.notify_all();
+    while (heldUp > 0) std::this_thread::yield();
+  }
+
+  WalkVisitor visitor_;
+  Names found_;
+};
+
+TEST_F(HeldUpWalkTest, AWalkCanBeEndedWhileAFolderDoesNotAnswer) {
+  const std::string held = folder_ / "artist 30";
+  writeFile(held + "/hold.mp3", "");
+  visitor_.waiting = [&](std::string_view folder) {
+    EXPECT_EQ(folder, held);
+    return false;
+  };
+  EXPECT_FALSE(files_.walk(folder_.path(), 10, visitor_));
+  EXPECT_EQ(found_, allBefore(held));
+  EXPECT_EQ(heldUp, 1);
+}
+
+TEST_F(HeldUpWalkTest, AWalkCanBeEndedWhileItsFirstFolderDoesNotAnswer) {
+  writeFile(folder_ / "hold.mp3", "");
+  visitor_.waiting = [](std::string_view) { return false; };
+  EXPECT_FALSE(files_.walk(folder_.path(), 10, visitor_));
+  EXPECT_EQ(found_, Names());
+}
+
+TEST_F(HeldUpWalkTest, AWalkGoesOnWhenTheFolderAnswers) {
+  const std::string held = folder_ / "artist 30/hold.mp3";
+  writeFile(held, "");
+  all_.insert(std::lower_bound(all_.begin(), all_.end(), folder_ / "artist 30/"), held);
+  int calls = 0;
+  visitor_.waiting = [&](std::string_view) {
+    if (++calls == 3) release();
+    return true;
+  };
+  EXPECT_TRUE(files_.walk(folder_.path(), 10, visitor_));
+  EXPECT_EQ(found_, all_);
+  EXPECT_GE(calls, 3);
 }
 
 TEST_F(LinuxWalkTest, AnUnreadableFolderEndsTheWalkOnlyWhenItIsReached) {

@@ -24,7 +24,6 @@ SLOW_DISK = ["strace", "-D", "-f", "--seccomp-bpf", "-qq", "-o", "/dev/null",
              "-e", "trace=copy_file_range,?unlink,unlinkat", "-e", "inject=copy_file_range:delay_exit=60000",
              "-e", "inject=?unlink,unlinkat:delay_exit=100000"]
 
-
 class Program:
     """A running Plimo!, to be closed by close() or a with statement."""
 

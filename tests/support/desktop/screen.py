@@ -70,6 +70,12 @@ def pixels(rect):
     return [tuple(done.stdout[i:i + 3]) for i in range(0, len(done.stdout), 3)]
 
 
+def content():
+    """What the whole screen shows, only to be compared."""
+    return subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", "rgb:-"], capture_output=True,
+                          check=True).stdout
+
+
 def main_colour(rect):
     """The most frequent colour of a rectangle."""
     colours = pixels(rect)

@@ -8,8 +8,8 @@ import unittest
 from tests.support.desktop import screen, songs
 from tests.support.desktop.settings_file import settings
 from tests.support.desktop.waiting import wait
-from tests.support.windows import program
-from tests.support.windows.program import ROOT, WindowsProgram
+from tests.support.windows import places, program
+from tests.support.windows.program import DEADLINE, ROOT, WindowsProgram
 
 PROGRAM = pathlib.Path(os.environ.get("PLIMO_PROGRAM", ROOT / "build-windows" / "bin" / "plimo.exe")).resolve()
 SCREENSHOTS = pathlib.Path(os.environ.get("PLIMO_TEST_PICTURES", tempfile.gettempdir()))
@@ -45,9 +45,11 @@ class WindowsTestCase(unittest.TestCase):
         screen.screenshot(path)
         print(f"\nscreenshot of the failure: {path}", flush=True)
 
-    def take_picture(self, name):
-        """Takes a picture of the screen if the tests are asked for pictures."""
+    def take_picture(self, name, moving=False):
+        """Takes a picture if the tests are asked for pictures; once all is painted, unless something moves."""
         if "PLIMO_WINDOWS_PICTURES" in os.environ:
+            if not moving:
+                self.program.wait_until_painted()
             screen.screenshot(pathlib.Path(os.environ["PLIMO_WINDOWS_PICTURES"]) / f"{name}.png")
 
     def windows(self, path):
@@ -66,7 +68,8 @@ class WindowsTestCase(unittest.TestCase):
     def catalogue(self, root=None):
         """The catalogue of the collection, whose folder Windows has under the name `root`."""
         text = songs.expected_catalogue(self.collection)
-        return text.replace(os.fsencode(self.collection) + b"/", os.fsencode((root or self.windows(self.collection)) + "\\"))
+        folder = os.fsencode((root or self.windows(self.collection)) + "\\")
+        return text.replace(os.fsencode(self.collection) + b"/", folder)
 
     def start(self, *arguments, drives=True):
         """Starts the program, and waits for its window."""
@@ -90,12 +93,23 @@ class WindowsTestCase(unittest.TestCase):
     def start_with_final_playlist(self, seconds=0.2):
         """The same, with the five songs of the artist ALDER in the scratch and the final playlist."""
         p = self.start_with_lists(seconds)
-        p.tick("artists", 0)
+        self.tick_artist(0, 5)
         p.click_row("scratch", 0)
-        # Enter or a blank adds the current song and goes on to the next one; a click leaves it selected.
-        for _ in range(5):
-            screen.key("space", "Down")
+        for row in range(5):
+            if row > 0:
+                p.press("Down", places.area_of_rows("scratch"), "the next row")
+            self.add_current_song(row + 1)
         return p
+
+    def tick_artist(self, row, songs_listed):
+        """Ticks an artist, and waits for the songs in the scratch playlist."""
+        self.program.tick("artists", row)
+        wait(lambda: self.program.rows("scratch") == songs_listed, "the songs of the artist", DEADLINE)
+
+    def add_current_song(self, count):
+        """Adds the current song to the final playlist, which has this many then."""
+        p = self.program
+        p.act(lambda: screen.key("space"), lambda: p.rows("final") == count, f"song {count} of the final playlist")
 
     def assert_file(self, path, content):
         """Waits until a file has this content."""
@@ -106,7 +120,7 @@ class WindowsTestCase(unittest.TestCase):
                 return None
 
         try:
-            wait(lambda: read() == content, path.name)
+            wait(lambda: read() == content, path.name, DEADLINE)
         except AssertionError:
             self.assertEqual(read(), content, path.name)
 
@@ -116,11 +130,11 @@ class WindowsTestCase(unittest.TestCase):
 
     def save_as(self, name):
         """Saves the final playlist; not as the default one."""
-        screen.key("alt+f", "a")
+        self.program.choose("alt+f", "a", self.program.other, "the question of Save")
         self.program.answer("n")
         self.program.type_path(self.windows(self.data / name))
 
     def assert_saved(self, name, content):
-        """Waits until the playlist of this name has been saved. Wine's dialog adds the ending of the file type, as that of
-        Windows does only if it is asked to; the program adds its own."""
+        """Waits until the playlist of this name has been saved. Wine's dialog adds the ending of the file type, as that
+        of Windows does only if it is asked to; the program adds its own."""
         self.assert_file(self.data / (name + ".m3u.m3u"), content)
