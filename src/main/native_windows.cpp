@@ -23,8 +23,7 @@ constexpr const wchar_t* portableMarker = L"plimo-portable.txt";
 // A window program has no console. If it was started from one, what it prints is shown there; output that is redirected
 // to a file or a pipe goes there already.
 void showOutputInConsole() {
-  for (const auto& [handle, stream] :
-       {std::pair(STD_OUTPUT_HANDLE, stdout), std::pair(STD_ERROR_HANDLE, stderr)}) {
+  for (const auto& [handle, stream] : {std::pair(STD_OUTPUT_HANDLE, stdout), std::pair(STD_ERROR_HANDLE, stderr)}) {
     const HANDLE given = GetStdHandle(handle);
     if (given != nullptr && given != INVALID_HANDLE_VALUE && GetFileType(given) != FILE_TYPE_UNKNOWN) continue;
     static const bool attached = AttachConsole(ATTACH_PARENT_PROCESS) != 0;
@@ -53,9 +52,9 @@ bool isFolder(const std::string& path) {
 // The last error as the system words it.
 std::string lastErrorText() {
   wchar_t* text = nullptr;
-  const DWORD length = FormatMessageW(
-      FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-      GetLastError(), 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
+  const DWORD length =
+      FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+                     nullptr, GetLastError(), 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
   std::wstring copy(text != nullptr ? text : L"", length);
   LocalFree(text);
   while (!copy.empty() && (copy.back() == L'\n' || copy.back() == L'\r' || copy.back() == L' ')) copy.pop_back();

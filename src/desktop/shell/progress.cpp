@@ -80,12 +80,14 @@ void DesktopProgress::uncover() {
 }
 
 bool DesktopProgress::waitForDisk(std::chrono::milliseconds since) {
+  // Until then, what the user does stays in the queue: blocked input would be lost.
+  if (!running_ && !waiting_ && since.count() < delayMs) return true;
   const bool wasEnding = ending_;
   if (!running_ && !waiting_) {
     waiting_ = true;
     cover();
   }
-  if (waiting_ && panel_ != nullptr && panel_->isHidden() && since.count() >= delayMs) {
+  if (waiting_ && panel_ != nullptr && panel_->isHidden()) {
     panel_->begin(QStringLiteral("Waiting for the disk"), true);
   }
   if (waiting_ && panel_ != nullptr) panel_->update(QString(), QString(), -1);
