@@ -44,8 +44,7 @@ TEST_F(StartedWithPlaylist, ReportsThatItIsMissingAndStaysUsable) {
 TEST_F(StartedWithPlaylist, RefusesAFileThatIsNoPlaylist) {
   machine.program.openAtStart(R"(C:\Music\Beech - Fir.mp3)");
   machine.program.start();
-  EXPECT_EQ(machine.dialogs.messages,
-            std::vector<std::string>{"Sorry, you can only open a playlist! Try again!"});
+  EXPECT_EQ(machine.dialogs.messages, std::vector<std::string>{"Sorry, you can only open a playlist! Try again!"});
 }
 
 TEST_F(StartedWithPlaylist, DoesNotOpenItOnTheFirstRun) {

@@ -25,7 +25,8 @@ class LoopDisk {
   // Makes the disk what was kept.
   void reset();
   // Copies what has reached the device so far. Another program flushes a file of its own just before, which commits the
-  // journal: names have reached the device then, and the content of files that nobody has flushed has not. The disk remains mounted, so this may be called while files are written.
+  // journal: names have reached the device then, and the content of files that nobody has flushed has not. The disk
+  // remains mounted, so this may be called while files are written.
   void cut();
   // Makes the disk what `cut` copied, as after a power cut: the file system replays its journal.
   void continueFromCut();

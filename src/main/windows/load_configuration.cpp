@@ -1,8 +1,8 @@
 // What the system's loader does with the program's libraries before any of its own code runs.
 #include <windows.h>
 
-// The structure that the loader looks for, in a place of the program file that set_load_configuration.py enters into the
-// file's directory.
+// The structure that the loader looks for, in a place of the program file that set_load_configuration.py enters into
+// the file's directory.
 extern "C" {
 extern const IMAGE_LOAD_CONFIG_DIRECTORY64 plimo_load_configuration;
 __attribute__((used)) constinit const IMAGE_LOAD_CONFIG_DIRECTORY64 plimo_load_configuration = [] {
