@@ -129,12 +129,13 @@ monkey: build/build.ninja
 	@cmake --build --preset monkey
 	@PLIMO_MONKEY_ACTIONS=$(ACTIONS) build/bin/plimo-monkey-tests
 
-# The suites that start threads: two readers of a catalogue, the sort, the walk, writing the catalogue.
+# The suites that start threads: two readers of a catalogue, the sort, the walk, writing the catalogue. In a file that is
+# truncated while it is read, the signal handler replaces the mapping on purpose, which is reported as a race.
 threaded := ^(CaseInsensitiveSort|Parallel|CatalogueFileTest|WritingTheCatalogue|LinuxWalkTest|ChangedFilesTest)
 tsan: build-tsan/build.ninja
 	@scripts/step "Building the tests of threads with the thread sanitizer"
 	@cmake --build --preset tsan
-	@scripts/test build-tsan --tests-regex '$(threaded)'
+	@scripts/test build-tsan --tests-regex '$(threaded)' --exclude-regex TruncatedMeanwhile
 
 kill: build/build.ninja
 	@scripts/step "Building the program that kills"

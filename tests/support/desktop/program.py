@@ -167,7 +167,14 @@ class Program:
                         return element
             return None
 
-        screen.click(wait(menu_in_bar, f'the menu "{menu}"').centre())
+        # On a busy machine the click may come while a command waits for the disk, and then it is ignored.
+        for _ in range(3):
+            screen.click(wait(menu_in_bar, f'the menu "{menu}"').centre())
+            try:
+                wait(lambda: self.visible(item, "menu item"), f'the item "{item}"', 3)
+                break
+            except AssertionError:
+                pass
         screen.click(self.find(item, "menu item").centre())
 
     def context_menu(self):
