@@ -1,5 +1,5 @@
 // Lets the machine in memory fail at each step of each command that writes, with each error that the step can have, and
-// starts the program again: every file is old or new, no song is lost, and the user is told.
+// starts the program again: every file is old or new, no song is lost, and the failure is reported.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -75,7 +75,7 @@ class Prepared {
     }
   }
 
-  std::string told() const { return toldBy(*session); }
+  std::string shown() const { return shownBy(*session); }
 
   FakeFileSystem files;
   std::unique_ptr<TestSession> session;
@@ -96,7 +96,7 @@ class FaultAtEveryStep : public testing::TestWithParam<WritingCommand> {
     again.run();
     steps_ = again.files.steps();
     checks_ = again.files.existenceChecks() - firstCheck_;
-    told_ = again.told();
+    shown_ = again.shown();
     prepared.run([&] { permitted_.moments.push_back(contentsOf(prepared.files)); });
   }
 
@@ -117,17 +117,17 @@ class FaultAtEveryStep : public testing::TestWithParam<WritingCommand> {
     const Damage damage = damageOf(now, permitted_);
     EXPECT_EQ(damage.torn, std::vector<std::string>());
     EXPECT_EQ(damage.lost, std::vector<std::string>());
-    EXPECT_TRUE(essentialFiles(now) == essentialFiles(permitted_.moments.back()) || prepared.told() != told_)
-        << "the user is not told";
+    EXPECT_TRUE(essentialFiles(now) == essentialFiles(permitted_.moments.back()) || prepared.shown() != shown_)
+        << "the failure is not reported";
 
     // As after a power cut.
     const std::string settingsFile = prepared.files.join(folders.home, settingsName);
     const auto settings = prepared.files.fileContent(settingsFile);
     const NextStart next = startAgain(prepared.files);
     EXPECT_TRUE(next == NextStart::running ||
-                (next == NextStart::runningAnew && settings && areEditorSettings(*settings)));
+                (next == NextStart::runningWithoutFile && settings && areEditorSettings(*settings)));
     // After the user has closed the window.
-    if (next == NextStart::runningAnew) prepared.files.addTextFile(settingsFile, *settings);
+    if (next == NextStart::runningWithoutFile) prepared.files.addTextFile(settingsFile, *settings);
     if (prepared.session->program.running()) {
       prepared.session->form().userClose();
       EXPECT_EQ(startAgain(prepared.files), NextStart::running);
@@ -143,7 +143,7 @@ class FaultAtEveryStep : public testing::TestWithParam<WritingCommand> {
   std::size_t firstStep_ = 0;
   std::size_t firstCheck_ = 0;
   std::size_t checks_ = 0;
-  std::string told_;
+  std::string shown_;
   int runs_ = 0;
 };
 

@@ -91,7 +91,7 @@ RunOutcome runCommand(const WritingCommand& command, const DiskSample& sample, c
       mark(restMark);
     }
     mark(endMark);
-    const std::string text = toldBy(session);
+    const std::string text = shownBy(session);
     return ::write(writing.get(), text.data(), text.size()) == static_cast<ssize_t>(text.size()) ? 0 : 1;
   };
 
@@ -115,7 +115,7 @@ RunOutcome runCommand(const WritingCommand& command, const DiskSample& sample, c
   for (;;) {
     const ssize_t count = ::read(reading.get(), buffer.data(), buffer.size());
     if (count <= 0) break;
-    outcome.told.append(buffer.data(), static_cast<std::size_t>(count));
+    outcome.shown.append(buffer.data(), static_cast<std::size_t>(count));
   }
   return outcome;
 }

@@ -41,7 +41,7 @@ std::vector<DriveRoot> drivesOf(const DiskSample& sample);
 
 struct RunOutcome {
   Ended ended;
-  std::string told;  // what the user was told; empty if the process did not end by itself
+  std::string shown;  // to the user; empty if the process did not end by itself
 };
 
 // `calling` is asked about each call between the start of the command and its end, `resting` is called at the start

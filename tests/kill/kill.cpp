@@ -40,10 +40,10 @@ struct Tally {
   int refused = 0;
   int crashed = 0;
   int hanging = 0;
-  int untold = 0;
+  int unreported = 0;
   int leftovers = 0;  // a temporary file after a failed call, or after the next start in the program's folder
 
-  int broken() const { return torn + lost + refused + crashed + hanging + untold + leftovers; }
+  int broken() const { return torn + lost + refused + crashed + hanging + unreported + leftovers; }
 };
 
 // Prints how far a command is: continually on a terminal, else every few seconds.
@@ -90,11 +90,11 @@ class CommandAttack {
             permitted_.moments.push_back(sample_.contents());
           }
         });
-    told_ = outcome.told;
+    shown_ = outcome.shown;
     const bool writes = std::any_of(permitted_.moments.begin(), permitted_.moments.end(),
                                     [&](const FileContents& files) { return files != permitted_.before; });
     const bool worked = outcome.ended.status == 0 && outcome.ended.signal == 0 && writes;
-    if (!worked) std::printf("%s: the command does nothing even without faults\n%s\n", title_.c_str(), told_.c_str());
+    if (!worked) std::printf("%s: the command does nothing even without faults\n%s\n", title_.c_str(), shown_.c_str());
     return worked;
   }
 
@@ -191,14 +191,14 @@ class CommandAttack {
         }
       }
       const bool complete = essentialFiles(now) == essentialFiles(permitted_.moments.back());
-      if (!complete && outcome.told == told_) complain(tally.untold, "the user is not told");
+      if (!complete && outcome.shown == shown_) complain(tally.unreported, "the failure is not reported");
     }
     const auto settings = now.find(sample_.settingsFile());
     const bool inEditor = settings != now.end() && areEditorSettings(settings->second);
     const std::optional<NextStart> next = startOnDisk(sample_, kind_);
     if (!next) complain(tally.crashed, "the next start crashes");
-    if (next == NextStart::runningAnew && inEditor) ++tally.asides;
-    if (next && *next != NextStart::running && !(inEditor && *next == NextStart::runningAnew)) {
+    if (next == NextStart::runningWithoutFile && inEditor) ++tally.asides;
+    if (next && *next != NextStart::running && !(inEditor && *next == NextStart::runningWithoutFile)) {
       complain(tally.refused, "the next start is refused");
     }
     if (!stopped) return;
@@ -215,16 +215,16 @@ class CommandAttack {
   std::string title_;
   PermittedFiles permitted_;
   std::vector<SystemCall> calls_;
-  std::string told_;
+  std::string shown_;
 };
 
 void print(const std::string& title, const Tally& tally) {
   std::printf(
       "%s: %d kills, %d failed calls, %d power cuts; %d settings put aside, %d torn files, %d lost songs, %d refused "
       "starts, "
-      "%d crashes, %d hangs, %d failures untold, %d leftovers\n",
+      "%d crashes, %d hangs, %d failures unreported, %d leftovers\n",
       title.c_str(), tally.kills, tally.failedCalls, tally.powerCuts, tally.asides, tally.torn, tally.lost,
-      tally.refused, tally.crashed, tally.hanging, tally.untold, tally.leftovers);
+      tally.refused, tally.crashed, tally.hanging, tally.unreported, tally.leftovers);
   std::fflush(stdout);
 }
 

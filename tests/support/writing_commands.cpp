@@ -291,7 +291,7 @@ FileContents essentialFiles(FileContents contents) {
   return contents;
 }
 
-std::string toldBy(TestSession& session) {
+std::string shownBy(TestSession& session) {
   std::string text = session.program.running() ? session.form().status() : "ended";
   for (const auto* shown : {&session.dialogs.messages, &session.dialogs.reports, &session.dialogs.questions}) {
     for (const std::string& one : *shown) text += "\n" + one;
@@ -300,7 +300,7 @@ std::string toldBy(TestSession& session) {
 }
 
 NextStart startAgain(FileSystemObject& files) {
-  bool anew = false;
+  bool withoutFile = false;
   for (int attempt = 0; attempt < 4; ++attempt) {  // a file may be put aside for each of the state files
     TestSession session(files);
     session.dialogs.startAnew = true;
@@ -309,10 +309,10 @@ NextStart startAgain(FileSystemObject& files) {
     if (session.program.running() && !session.form().loaded()) session.program.splash().Timer1.elapsed();
     if (session.program.running()) {
       if (!session.dialogs.reports.empty()) return NextStart::refused;
-      return anew ? NextStart::runningAnew : NextStart::running;
+      return withoutFile ? NextStart::runningWithoutFile : NextStart::running;
     }
     if (!session.program.startsAnew()) return NextStart::refused;
-    anew = true;
+    withoutFile = true;
   }
   return NextStart::refused;
 }

@@ -76,13 +76,13 @@ bool areEditorSettings(const std::string& settings);
 // Without the files whose deletion may fail silently, because they have no effect if they remain.
 FileContents essentialFiles(FileContents contents);
 
-// Everything that the user has been told.
-std::string toldBy(TestSession& session);
+// Everything that was shown to the user.
+std::string shownBy(TestSession& session);
 
 // The program starts again with the files as they are.
 enum class NextStart {
   running,
-  runningAnew,  // after the question whether to start without a damaged file
+  runningWithoutFile,  // after the question whether to start without a damaged file
   refused
 };
 NextStart startAgain(FileSystemObject& files);

@@ -43,7 +43,7 @@ class Killing(WindowsTestCase):
         return self.program
 
     def kill(self, seconds, action=lambda: None):
-        """Kills the program up to so many seconds after an action has begun, or when it has begun to write."""
+        """Kills the program at a random moment within some seconds after the start of an action or of its writing."""
         before = self.names_and_sizes()
         thread = threading.Thread(target=action)
         thread.start()

@@ -3,7 +3,7 @@ system's loader looks for it. It does what a linker option does elsewhere.
 
     set_load_configuration.py PROGRAM.exe
 
-The layout is that of the PE format's specification, published by the maker of Windows.
+The offsets are those of a PE32+ file with a COFF symbol table ("PE Format" in the documentation of Windows).
 """
 import struct
 import sys

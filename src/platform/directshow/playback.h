@@ -60,7 +60,7 @@ class Playback {
   bool played_ = false;                                 // not only paused
   double reported_ = 0;                                 // position
   bool heard_ = false;                                  // a position within the song has been seen
-  std::chrono::steady_clock::time_point playingSince_;  // when the song was first told to play
+  std::chrono::steady_clock::time_point playingSince_;  // when the song was first started
   int volume_ = 100;
   bool muted_ = false;
 };

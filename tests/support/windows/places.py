@@ -27,7 +27,7 @@ SEEK_BAR = (627, 972)  # its left and right ends
 SEEK_HEIGHT = 958
 # The line at the foot of the window.
 STATUS = (10, 1000, 500, 20)
-# Right of the menus, where there is no control in any view.
+# To the right of the menus; no view has a control there.
 EMPTY = (640, 30)
 
 
