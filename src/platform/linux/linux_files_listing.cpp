@@ -11,6 +11,7 @@
 #include "platform/linux/errno_mapping.h"
 #include "platform/linux/linux_files.h"
 #include "platform/shared/directory_prefetcher.h"
+#include "platform/shared/tree_walk.h"
 
 namespace plimo {
 
@@ -78,30 +79,10 @@ bool LinuxFiles::walk(std::string_view folder, int depth, const WalkVisitor& vis
     return name == lostAndFound && drives.isRoot(parent);
   };
   DirectoryPrefetcher directories(folder, depth, '/', std::make_shared<LinuxDirectoryReader>(visitor.wanted, skip));
-  std::string path;
-  bool first = true;
-  while (const PrefetchedDirectory* directory = directories.next(visitor.waiting)) {
-    const bool isSubfolder = !std::exchange(first, false);
-    if (directory->openError != 0) {
-      // A subfolder may have been removed, or replaced by a file, since its parent was listed.
-      if (isSubfolder && isNotFound(static_cast<int>(directory->openError))) continue;
-    }
-    if (visitor.entered && !visitor.entered(directory->path)) return false;
-    if (const std::uint32_t failure = directory->openError != 0 ? directory->openError : directory->readError) {
-      const RuntimeError error(listingError(static_cast<int>(failure), directory->path), directory->path);
-      if (!visitor.unreadable || !visitor.unreadable(error)) throw error;
-      continue;
-    }
-    path = directory->path;
-    if (!path.ends_with('/')) path += '/';
-    const std::size_t folderLength = path.size();
-    for (const std::string_view name : directory->names->files()) {
-      path.resize(folderLength);
-      path += name;
-      if (!visitor.found(path)) return false;
-    }
-  }
-  return !directories.gaveUp();
+  return walkTree(directories, '/', visitor,
+                  {.isNotFound = [](std::uint32_t error) { return isNotFound(static_cast<int>(error)); },
+                   .number = [this](std::uint32_t error,
+                                    std::string_view path) { return listingError(static_cast<int>(error), path); }});
 }
 
 }  // namespace plimo

@@ -12,16 +12,16 @@
 #include "platform/linux/path_text.h"
 #include "platform/linux/temporary_files.h"
 #include "platform/linux/unique_fd.h"
+#include "platform/shared/buffered_replacement.h"
 
 namespace plimo {
 
 namespace {
 
-constexpr std::size_t bufferSize = 256 * 1024;
 constexpr std::size_t copyChunk = 1024 * 1024;  // bytes between two progress reports of a copy
 constexpr mode_t permissionBits = S_IRWXU | S_IRWXG | S_IRWXO;
 
-class LinuxFileReplacement : public FileReplacement {
+class LinuxFileReplacement : public BufferedReplacement {
  public:
   explicit LinuxFileReplacement(std::string_view path) : path_(path) {}
 
@@ -33,32 +33,13 @@ class LinuxFileReplacement : public FileReplacement {
     ::fchmod(file_.fd(), (old.st_mode & permissionBits) | extraMode);
   }
 
-  void write(std::string_view bytes) override {
-    if (bytes.size() >= bufferSize) {  // large pieces are not copied
-      flush();
-      if (!file_.write(bytes)) throwWriteError();
-      return;
-    }
-    buffer_.append(bytes);
-    if (buffer_.size() >= bufferSize) flush();
-  }
-
-  void commit() override {
-    flush();
-    if (!file_.renameReplace()) throwWriteError();
-  }
-
  private:
-  void flush() {
-    if (!file_.write(buffer_)) throwWriteError();
-    buffer_.clear();
-  }
-
-  [[noreturn]] void throwWriteError() { throwError(mapWriteError(errno, ErrorNumber::pathFileAccess), path_); }
+  bool writeThrough(std::string_view bytes) override { return file_.write(bytes); }
+  bool replace() override { return file_.renameReplace(); }
+  [[noreturn]] void throwWriteError() override { throwError(mapWriteError(errno, ErrorNumber::pathFileAccess), path_); }
 
   std::string path_;
   AtomicFile file_;
-  std::string buffer_;
 };
 
 struct CopyJob {

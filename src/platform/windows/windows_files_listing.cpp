@@ -2,10 +2,10 @@
 #include <windows.h>
 
 #include <memory>
-#include <utility>
 
 #include "base/text.h"
 #include "platform/shared/directory_prefetcher.h"
+#include "platform/shared/tree_walk.h"
 #include "platform/windows/directory_reader.h"
 #include "platform/windows/error_mapping.h"
 #include "platform/windows/native_path.h"
@@ -46,28 +46,9 @@ bool WindowsFiles::walk(std::string_view folder, int depth, const WalkVisitor& v
     return isSystemName(name) && drives->isRootFolder(parent);
   };
   DirectoryPrefetcher directories(folder, depth, '\\', std::make_shared<WindowsDirectoryReader>(visitor.wanted, skip));
-  std::string path;
-  bool first = true;
-  while (const PrefetchedDirectory* directory = directories.next(visitor.waiting)) {
-    const bool isSubfolder = !std::exchange(first, false);
-    // A subfolder may have been removed, or replaced by a file, since its parent was listed.
-    if (isSubfolder && isNotFound(directory->openError)) continue;
-    if (visitor.entered && !visitor.entered(directory->path)) return false;
-    if (directory->openError != 0) {
-      const RuntimeError error(listingError(directory->openError, directory->path), directory->path);
-      if (!visitor.unreadable || !visitor.unreadable(error)) throw error;
-      continue;
-    }
-    path = directory->path;
-    if (!path.ends_with('\\')) path += '\\';
-    const std::size_t folderLength = path.size();
-    for (const std::string_view name : directory->names->files()) {
-      path.resize(folderLength);
-      path += name;
-      if (!visitor.found(path)) return false;
-    }
-  }
-  return !directories.gaveUp();
+  return walkTree(directories, '\\', visitor,
+                  {.isNotFound = isNotFound,
+                   .number = [this](std::uint32_t error, std::string_view path) { return listingError(error, path); }});
 }
 
 }  // namespace plimo

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "platform/shared/buffered_replacement.h"
 #include "platform/windows/atomic_file.h"
 #include "platform/windows/error_mapping.h"
 #include "platform/windows/native_path.h"
@@ -12,44 +13,23 @@ namespace plimo {
 
 namespace {
 
-constexpr std::size_t bufferSize = 256 * 1024;
-
-class WindowsFileReplacement : public FileReplacement {
+class WindowsFileReplacement : public BufferedReplacement {
  public:
   explicit WindowsFileReplacement(std::string_view path) : path_(path) {}
 
   bool create(std::string_view target) { return file_.create(target); }
   void setAttributes(DWORD attributes) { file_.setAttributes(attributes); }
 
-  void write(std::string_view bytes) override {
-    if (bytes.size() >= bufferSize) {  // large pieces are not copied
-      flush();
-      if (!file_.write(bytes)) throwWriteError();
-      return;
-    }
-    buffer_.append(bytes);
-    if (buffer_.size() >= bufferSize) flush();
-  }
-
-  void commit() override {
-    flush();
-    if (!file_.renameReplace()) throwWriteError();
-  }
-
  private:
-  void flush() {
-    if (!file_.write(buffer_)) throwWriteError();
-    buffer_.clear();
-  }
-
-  [[noreturn]] void throwWriteError() {
+  bool writeThrough(std::string_view bytes) override { return file_.write(bytes); }
+  bool replace() override { return file_.renameReplace(); }
+  [[noreturn]] void throwWriteError() override {
     const ErrorNumber number = mapWriteError(::GetLastError(), ErrorNumber::pathFileAccess);
     throwError(number == ErrorNumber::diskFull ? number : ErrorNumber::pathFileAccess, path_);
   }
 
   std::string path_;
   AtomicFile file_;
-  std::string buffer_;
 };
 
 // What writing to a path changes: the file that a link leads to. An own file's link is itself replaced if it leads out
