@@ -71,9 +71,7 @@ void PlaylistPlayer::open(const std::string& path) {
   anyPlayed_ = false;
   readEntries(path);
   state_.count = entries_.size();
-  if (!startEngine()) {
-    notifyChanged();
-  } else if (!entries_.empty()) {
+  if (startEngine() && !entries_.empty()) {
     playFrom(0, Direction::forwards, !autoStart_);
   } else {
     notifyChanged();
