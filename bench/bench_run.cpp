@@ -5,6 +5,7 @@
 
 #include "bench_program.h"
 #include "commands.h"
+#include "platform/linux/heap.h"
 #include "process_memory.h"
 #include "stopwatch.h"
 
@@ -48,6 +49,7 @@ void measure(const Command& command, std::size_t songs) {
 }  // namespace
 
 int main(int count, char** arguments) {
+  plimo::keepFreedMemory();
   const std::vector<std::string> words(arguments + 1, arguments + count);
   const std::string name = words.empty() ? "" : words[0];
   const Command* command = findCommand(name);

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/linux/heap.h"
 #include "platform/linux/linux_files.h"
 #include "process_memory.h"
 #include "stopwatch.h"
@@ -121,6 +122,7 @@ void progressCommands(std::size_t songs, std::size_t bytes, const std::string& f
 }  // namespace
 
 int main(int count, char** arguments) {
+  plimo::keepFreedMemory();
   QApplication application(count, arguments);
   std::setlocale(LC_NUMERIC, "C");  // required by libmpv
   const std::vector<std::string> words(arguments + 1, arguments + count);

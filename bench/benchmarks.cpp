@@ -11,6 +11,7 @@
 
 #include "bench_program.h"
 #include "commands.h"
+#include "platform/linux/heap.h"
 #include "stopwatch.h"
 
 namespace {
@@ -55,6 +56,7 @@ void run(benchmark::State& state, ProgramCache& programs, const Command& command
 }  // namespace
 
 int main(int count, char** arguments) {
+  plimo::keepFreedMemory();
   benchmark::Initialize(&count, arguments);
   if (count != 2) {
     std::fputs("usage: plimo-benchmarks [BENCHMARK_OPTION...] FOLDER\n", stderr);

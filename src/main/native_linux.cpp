@@ -4,13 +4,14 @@
 #include <utility>
 
 #include "main/native.h"
+#include "platform/linux/heap.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/linux_launcher.h"
 #include "platform/linux/termination_signals.h"
 
 namespace plimo {
 
-void prepareProcess() {}
+void prepareProcess() { keepFreedMemory(); }
 
 std::vector<std::string> commandLine(int count, char** words) { return {words, words + count}; }
 
