@@ -38,6 +38,7 @@ BoundMenus::BoundMenus(Form& form, QWidget& window) {
     QAction* action = nullptr;
     if (menu.role() == Menu::Role::item) {
       action = menus_.at(menu.owner())->addAction(QString());
+      actions_[&menu] = action;
       QObject::connect(action, &QAction::triggered, action, [&menu] { menu.userClick(); });
     } else {
       auto* shown = new QMenu(&window);
@@ -65,6 +66,16 @@ int BoundMenus::barHeight() const {
 QMenu* BoundMenus::popUpOf(const Menu& menu) const {
   const auto found = menus_.find(&menu);
   return found == menus_.end() ? nullptr : found->second;
+}
+
+void BoundMenus::setShortcut(const Menu& item, const QKeySequence& keys) {
+  actions_.at(&item)->setShortcut(keys);
+  actions_.at(&item)->setShortcutVisibleInContextMenu(true);
+}
+
+void BoundMenus::showShortcut(const Menu& item, const QKeySequence& keys) {
+  setShortcut(item, keys);
+  actions_.at(&item)->setShortcutContext(Qt::WidgetShortcut);  // no widget has this action
 }
 
 void BoundMenus::refresh() {

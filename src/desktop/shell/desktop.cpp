@@ -59,6 +59,9 @@ void Desktop::bindWindows() {
   splash_ = std::make_unique<FormWindow>(program_.splash(), nullptr, player_, [] { return false; });
   for (FormWindow* window : {main_.get(), splash_.get()}) {
     window->acceptsInput = [this] { return !blocker_.isBlocked(); };
+    window->confirm = [this](const std::string& question) {
+      return dialogs_.ask({question, {}, Question::Default::no});
+    };
     window->closed = [this, window] { close(window->form()); };
     window->form().setHost(this);
     program_.dispatcher().beforePaint([window] { window->refresh(); });

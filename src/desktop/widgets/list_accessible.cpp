@@ -97,10 +97,12 @@ class ListAccessible : public QAccessibleWidget {
     for (const auto& [row, id] : rows_) QAccessible::deleteAccessibleInterface(id);
   }
 
-  int childCount() const override { return static_cast<int>(view_.model().count()); }
+  // The rows, and after them the field for searching while it is open.
+  int childCount() const override { return rowCount() + (view_.openFindBar() != nullptr ? 1 : 0); }
 
   QAccessibleInterface* child(int row) const override {
-    if (row < 0 || row >= childCount()) return nullptr;
+    if (row >= 0 && row == rowCount()) return QAccessible::queryAccessibleInterface(view_.openFindBar());
+    if (row < 0 || row > rowCount()) return nullptr;
     if (const auto found = rows_.find(row); found != rows_.end()) {
       return QAccessible::accessibleInterface(found->second);
     }
@@ -111,6 +113,7 @@ class ListAccessible : public QAccessibleWidget {
 
   int indexOfChild(const QAccessibleInterface* child) const override {
     if (child == nullptr) return -1;
+    if (child->object() != nullptr && child->object() == view_.openFindBar()) return rowCount();
     for (const auto& [row, id] : rows_) {
       if (QAccessible::accessibleInterface(id) == child) return row;
     }
@@ -128,6 +131,8 @@ class ListAccessible : public QAccessibleWidget {
   }
 
  private:
+  int rowCount() const { return static_cast<int>(view_.model().count()); }
+
   ListView& view_;
   mutable std::unordered_map<int, QAccessible::Id> rows_;
 };

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "desktop/widgets/list_view.h"
+#include "desktop/widgets/search_text.h"
 
 namespace plimo {
 
@@ -111,7 +112,8 @@ void ListView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {
-  if (moveKey(*event) || selectionKey(*event)) return;
+  if (event->key() == Qt::Key_Escape) closeFindBar();
+  if (moveKey(*event) || selectionKey(*event) || typeAhead(*event)) return;
   const auto modifiers = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
   if (modifiers != Qt::NoModifier) {
     event->ignore();
@@ -154,11 +156,31 @@ bool ListView::selectionKey(const QKeyEvent& event) {
   return true;
 }
 
+bool ListView::typeAhead(const QKeyEvent& event) {
+  if (model_.style() != ListBox::Style::checkBoxes || model_.keyPress || model_.container() != nullptr) return false;
+  const QString text = event.text();
+  const bool command = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+  if (command || text.isEmpty() || !text[0].isPrint() || text[0] == QLatin1Char(' ')) return false;
+  constexpr qint64 pause = 1000;  // milliseconds, after which typing begins again
+  if (!sinceTyped_.isValid() || sinceTyped_.elapsed() > pause) typed_.clear();
+  sinceTyped_.start();
+  typed_ += text;
+  const SearchText wanted(typed_);
+  for (std::size_t position = 0; position < rows_.count(); ++position) {
+    const std::size_t row = rows_.rowAt(position);
+    if (!wanted.begins(model_.text(row))) continue;
+    if (model_.current() != row) model_.userMoveCurrent(row);
+    reveal(row);
+    break;
+  }
+  return true;
+}
+
 bool ListView::moveKey(const QKeyEvent& event) {
-  if (model_.empty()) return false;
-  const auto last = static_cast<long long>(model_.count()) - 1;
+  if (rows_.count() == 0) return false;
+  const auto last = static_cast<long long>(rows_.count()) - 1;
   const auto page = static_cast<long long>(pageRows());
-  const long long from = model_.current() ? static_cast<long long>(*model_.current()) : -1;
+  const long long from = model_.current() ? static_cast<long long>(rows_.positionFrom(*model_.current())) : -1;
   long long to = from;
   switch (event.key()) {
     case Qt::Key_Up:
@@ -182,7 +204,7 @@ bool ListView::moveKey(const QKeyEvent& event) {
     default:
       return false;
   }
-  const auto row = static_cast<std::size_t>(std::clamp<long long>(to, 0, last));
+  const std::size_t row = rows_.rowAt(static_cast<std::size_t>(std::clamp<long long>(to, 0, last)));
   const std::size_t before = top();
   if (event.modifiers().testFlag(Qt::ShiftModifier)) {
     model_.userExtendTo(row);

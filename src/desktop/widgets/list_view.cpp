@@ -12,6 +12,7 @@
 #include "desktop/theme/painting.h"
 #include "desktop/theme/scaling.h"
 #include "desktop/theme/strings.h"
+#include "desktop/widgets/find_bar.h"
 
 namespace plimo {
 
@@ -24,7 +25,7 @@ int rowPadding() { return scaled(6); }  // above and below a row's text together
 
 }  // namespace
 
-ListView::ListView(ListBox& model, QWidget* parent) : QAbstractScrollArea(parent), model_(model) {
+ListView::ListView(ListBox& model, QWidget* parent) : QAbstractScrollArea(parent), model_(model), rows_(model) {
   setFrameStyle(QFrame::Box | QFrame::Plain);
   setLineWidth(outline);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -50,7 +51,7 @@ std::size_t ListView::pageRows() const {
 }
 
 void ListView::updateRange() {
-  const int rows = static_cast<int>(std::min<std::size_t>(model_.count(), 1U << 30));
+  const int rows = static_cast<int>(std::min<std::size_t>(rows_.count(), 1U << 30));
   const int page = static_cast<int>(pageRows());
   programScrolls_ = true;
   verticalScrollBar()->setPageStep(page);
@@ -59,6 +60,8 @@ void ListView::updateRange() {
 }
 
 void ListView::rowsChanged() {
+  if (rows_.filtered()) rows_.showSelected();
+  if (findBar_ != nullptr) findBar_->rowsChanged();
   updateRange();
   dragged_.reset();
   viewport()->update();
@@ -66,16 +69,20 @@ void ListView::rowsChanged() {
 }
 
 void ListView::rowsAppended(std::size_t first) {
+  if (findBar_ != nullptr) findBar_->rowsChanged();
   updateRange();
-  if (first <= top() + pageRows()) viewport()->update();
+  if (rows_.positionFrom(first) <= top() + pageRows()) viewport()->update();
   rememberStates();
 }
 
 std::map<std::size_t, bool> ListView::statesInView() const {
   std::map<std::size_t, bool> states;
   if (!QAccessible::isActive()) return states;
-  const std::size_t end = std::min(model_.count(), top() + pageRows() + 1);
-  for (std::size_t row = top(); row < end; ++row) states[row] = model_.selected(row);
+  const std::size_t end = std::min(rows_.count(), top() + pageRows() + 1);
+  for (std::size_t position = top(); position < end; ++position) {
+    const std::size_t row = rows_.rowAt(position);
+    states[row] = model_.selected(row);
+  }
   if (model_.current() && *model_.current() < model_.count()) {
     states[*model_.current()] = model_.selected(*model_.current());
   }
@@ -100,6 +107,10 @@ void ListView::announceSelection(std::size_t row, bool selected) {
 }
 
 void ListView::selectionChanged() {
+  if (rows_.filtered()) {
+    rows_.addSelected();
+    updateRange();
+  }
   viewport()->update();
   if (!QAccessible::isActive()) return;
   const auto before = std::exchange(announced_, statesInView());
@@ -124,7 +135,8 @@ void ListView::currentChanged() {
 
 void ListView::topChanged() {
   programScrolls_ = true;
-  verticalScrollBar()->setValue(static_cast<int>(std::clamp<long>(model_.top(), 0, 1L << 30)));
+  const auto row = static_cast<std::size_t>(std::clamp<long>(model_.top(), 0, 1L << 30));
+  verticalScrollBar()->setValue(static_cast<int>(rows_.positionFrom(row)));
   programScrolls_ = false;
 }
 
@@ -139,26 +151,29 @@ void ListView::setColours(const ListColours& colours) {
 }
 
 void ListView::reveal(std::size_t row) {
+  if (!rows_.shows(row)) return;
+  const std::size_t position = rows_.positionFrom(row);
   const std::size_t page = pageRows();
   std::size_t wanted = top();
-  if (row < wanted) wanted = row;
-  if (row >= wanted + page) wanted = row - page + 1;
+  if (position < wanted) wanted = position;
+  if (position >= wanted + page) wanted = position - page + 1;
   programScrolls_ = true;
   verticalScrollBar()->setValue(static_cast<int>(wanted));
   programScrolls_ = false;
 }
 
 QRect ListView::rowRect(std::size_t row) const {
-  const auto offset = static_cast<long long>(row) - static_cast<long long>(top());
+  if (!rows_.shows(row)) return {};
+  const auto offset = static_cast<long long>(rows_.positionFrom(row)) - static_cast<long long>(top());
   const auto y = std::clamp<long long>(offset * rowHeight_, -(1 << 28), 1 << 28);
   return {0, static_cast<int>(y), viewport()->width(), rowHeight_};
 }
 
 std::optional<std::size_t> ListView::rowAt(const QPoint& point) const {
   if (point.y() < 0) return std::nullopt;
-  const std::size_t row = top() + static_cast<std::size_t>(point.y() / rowHeight_);
-  if (row >= model_.count()) return std::nullopt;
-  return row;
+  const std::size_t position = top() + static_cast<std::size_t>(point.y() / rowHeight_);
+  if (position >= rows_.count()) return std::nullopt;
+  return rows_.rowAt(position);
 }
 
 QPoint ListView::menuPosition() const {
@@ -167,14 +182,11 @@ QPoint ListView::menuPosition() const {
   return viewport()->mapToGlobal(QPoint(rowHeight_, row.bottom()));
 }
 
-QString ListView::rowText(std::size_t row) const {
-  QString text = shownText(model_.text(row));
-  // Control characters in a file's name are shown by their Unicode pictures.
-  constexpr char16_t firstPicture = 0x2400;
-  for (QChar& c : text) {
-    if (c.unicode() < ' ') c = QChar(static_cast<char16_t>(firstPicture + c.unicode()));
-  }
-  return text;
+QString ListView::rowText(std::size_t row) const { return shownName(model_.text(row)); }
+
+QString ListView::paintedText(std::size_t row) const {
+  const std::string_view text = model_.text(row);
+  return shownName(text.substr(std::min(text.find_first_not_of(' '), text.size())));
 }
 
 QString ListView::rowName(std::size_t row) const {
@@ -193,11 +205,27 @@ void ListView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.fillRect(event->rect(), qcolor(colours_.background));
   const auto first = top() + static_cast<std::size_t>(std::max(0, event->rect().top()) / rowHeight_);
-  for (std::size_t row = first; row < model_.count(); ++row) {
+  for (std::size_t position = first; position < rows_.count(); ++position) {
+    const std::size_t row = rows_.rowAt(position);
+    if (row >= model_.count()) break;
     const QRect rect = rowRect(row);
     if (rect.top() > event->rect().bottom()) break;
     paintRow(painter, row, rect);
   }
+  if (rows_.count() == 0) paintEmptyHint(painter);
+}
+
+void ListView::paintEmptyHint(QPainter& painter) const {
+  const QString hint = model_.empty() ? emptyHint_ : QStringLiteral("Nothing is ticked.");
+  painter.setPen(qcolor(readable(mix(colours_.background, colours_.text, 0.7), colours_.background, 4.5)));
+  const int gap = 2 * spacing();
+  painter.drawText(viewport()->rect().adjusted(gap, gap, -gap, -gap), Qt::AlignCenter | Qt::TextWordWrap, hint);
+}
+
+QRect ListView::textRect(const QRect& row) const {
+  QRect area = row.adjusted(margin(), 0, -margin(), 0);
+  if (model_.style() == ListBox::Style::checkBoxes) area.setLeft(boxRect(row).right() + 1 + 2 * margin());
+  return area;
 }
 
 void ListView::paintRow(QPainter& painter, std::size_t row, const QRect& rect) const {
@@ -211,20 +239,17 @@ void ListView::paintRow(QPainter& painter, std::size_t row, const QRect& rect) c
   } else if (isCurrent) {
     painter.fillRect(rect, qcolor(colours_.currentBackground));
   }
-  QRect textPlace = rect.adjusted(margin(), 0, -margin(), 0);
-  if (boxes) {
-    const QRect box = boxRect(rect);
-    paintBox(painter, box, model_.selected(row), textColour);
-    textPlace.setLeft(box.right() + 1 + 2 * margin());
-  }
+  if (boxes) paintBox(painter, boxRect(rect), model_.selected(row), textColour);
+  const QRect area = textRect(rect);
+  const QString whole = paintedText(row);
+  const QString text = painter.fontMetrics().elidedText(whole, Qt::ElideRight, area.width());
+  if (findBar_ != nullptr) paintMatch(painter, row, area, text);
   painter.setPen(isEnabled() ? textColour : qcolor(colours_.quiet));
-  const QString whole = rowText(row);
-  const QString text = painter.fontMetrics().elidedText(whole, Qt::ElideRight, textPlace.width());
   // Right-to-left text is elided at its left end, but is aligned left like all other rows.
   painter.setLayoutDirection(whole.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
-  painter.drawText(textPlace, Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+  painter.drawText(area, Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
   if (secondaryText) {
-    const QRect rest = textPlace.adjusted(painter.fontMetrics().horizontalAdvance(text) + 2 * spacing(), 0, 0, 0);
+    const QRect rest = area.adjusted(painter.fontMetrics().horizontalAdvance(text) + 2 * spacing(), 0, 0, 0);
     if (!selected) painter.setPen(qcolor(colours_.quiet));
     painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(secondaryText(row), Qt::ElideMiddle, std::max(0, rest.width())));
@@ -234,6 +259,27 @@ void ListView::paintRow(QPainter& painter, std::size_t row, const QRect& rect) c
   painter.setPen(QPen(qcolor(ring), 1, hasFocus() ? Qt::SolidLine : Qt::DotLine));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(rect.adjusted(1, 1, -2, -2));
+}
+
+// What the search has found: a bar at the row's edge, also if the cut end of the text has it, and a line under it.
+void ListView::paintMatch(QPainter& painter, std::size_t row, const QRect& area, const QString& text) const {
+  const SearchText& wanted = findBar_->wanted();
+  if (!wanted.isIn(model_.text(row))) return;
+  const bool selected = model_.selected(row) && model_.style() != ListBox::Style::checkBoxes;
+  const QColor mark = qcolor(selected ? colours_.selectedText : colours_.mark);
+  const bool here = findBar_->match() == row;
+  painter.fillRect(QRect(0, area.top(), scaled(here ? 4 : 2), area.height()), mark);
+  const auto range = wanted.rangeIn(text);
+  if (!range || text.isRightToLeft()) return;
+  const QFontMetrics metrics = painter.fontMetrics();
+  const int left = area.left() + metrics.horizontalAdvance(text.left(range->first));
+  const int right = area.left() + metrics.horizontalAdvance(text.left(range->first + range->length));
+  const int height = metrics.height();
+  QColor wash = mark;
+  wash.setAlphaF(0.25);
+  const QRect under(left, area.center().y() - height / 2, right - left, height);
+  painter.fillRect(under, wash);
+  painter.fillRect(QRect(under.left(), under.bottom() - 1, under.width(), 2), mark);
 }
 
 void ListView::paintBox(QPainter& painter, const QRect& box, bool ticked, const QColor& textColour) const {
@@ -252,7 +298,49 @@ void ListView::paintBox(QPainter& painter, const QRect& box, bool ticked, const 
 }
 
 void ListView::resizeEvent(QResizeEvent*) {
+  layOutFindBar();
   updateRange();
+  viewport()->update();
+}
+
+void ListView::find() {
+  if (findBar_ == nullptr) {
+    findBar_ = new FindBar(*this);
+    connect(findBar_, &FindBar::marksChanged, this, [this] { viewport()->update(); });
+    connect(findBar_, &FindBar::tickedOnlyToggled, this, &ListView::filterTicked);
+    connect(findBar_, &FindBar::closed, this, [this] {
+      layOutFindBar();
+      viewport()->update();
+    });
+  }
+  findBar_->open();
+  layOutFindBar();
+}
+
+void ListView::closeFindBar() {
+  if (openFindBar() != nullptr) findBar_->close();
+}
+
+QWidget* ListView::openFindBar() const {
+  return findBar_ != nullptr && findBar_->isVisibleTo(this) ? findBar_ : nullptr;
+}
+
+// The field takes its height from the rows.
+void ListView::layOutFindBar() {
+  const bool shown = openFindBar() != nullptr;
+  const int height = shown ? findBar_->sizeHint().height() : 0;
+  if (viewportMargins().top() != height) setViewportMargins(0, height, 0, 0);
+  if (shown) findBar_->setGeometry(frameWidth(), frameWidth(), width() - 2 * frameWidth(), height);
+}
+
+void ListView::filterTicked(bool on) {
+  if (on) {
+    rows_.showSelected();
+  } else {
+    rows_.showAll();
+  }
+  updateRange();
+  if (model_.current()) reveal(*model_.current());
   viewport()->update();
 }
 
@@ -273,13 +361,21 @@ void ListView::focusOutEvent(QFocusEvent*) {
 }
 
 bool ListView::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::ToolTip && secondaryText) {
+  if (event->type() == QEvent::ToolTip) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const auto row = rowAt(help->pos());
-    QToolTip::showText(help->globalPos(), row ? plainTip(secondaryText(*row)) : QString(), viewport());
+    QToolTip::showText(help->globalPos(), row ? plainTip(tipOf(*row)) : QString(), viewport());
     return true;
   }
   return QAbstractScrollArea::viewportEvent(event);
+}
+
+// The secondary text if there is one; otherwise the row's text, if it is cut.
+QString ListView::tipOf(std::size_t row) const {
+  if (secondaryText) return secondaryText(row);
+  const QString text = paintedText(row);
+  const bool cut = fontMetrics().horizontalAdvance(text) > textRect(rowRect(row)).width();
+  return cut ? text : QString();
 }
 
 // The frame, which shows the focus, belongs to the area and not to the viewport.
@@ -299,6 +395,7 @@ bool ListView::event(QEvent* event) {
 void ListView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
     measure();
+    layOutFindBar();
     updateRange();
   }
   QAbstractScrollArea::changeEvent(event);

@@ -1,8 +1,9 @@
 // A list: it paints the visible rows directly from the model, so that a million rows are as fast as ten, and passes the
-// user's input to the model's user-input API.
+// user's input to the model's user-input API. The user can search it: see FindBar.
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QElapsedTimer>
 #include <QTimer>
 #include <cstddef>
 #include <functional>
@@ -11,8 +12,11 @@
 
 #include "controls/list_box.h"
 #include "desktop/theme/list_colours.h"
+#include "desktop/widgets/shown_rows.h"
 
 namespace plimo {
+
+class FindBar;
 
 class ListView : public QAbstractScrollArea {
   Q_OBJECT
@@ -32,7 +36,7 @@ class ListView : public QAbstractScrollArea {
 
   // --- Geometry ---
   int rowHeight() const { return rowHeight_; }
-  // The row's rectangle in the viewport's coordinates, visible or not.
+  // The row's rectangle in the viewport's coordinates, visible or not; empty if a filter hides the row.
   QRect rowRect(std::size_t row) const;
   // The row at a point of the viewport; nullopt if there is none.
   std::optional<std::size_t> rowAt(const QPoint& point) const;
@@ -43,6 +47,13 @@ class ListView : public QAbstractScrollArea {
   QString rowName(std::size_t row) const;
   // Scrolls the row into view.
   void reveal(std::size_t row);
+
+  // Opens the field for searching.
+  void find();
+  // That field while it is open; otherwise null.
+  QWidget* openFindBar() const;
+  // What an empty list says; empty for nothing.
+  void setEmptyHint(const QString& hint) { emptyHint_ = hint; }
 
   // What is shown after a row's text, in the secondary colour, and as its tooltip; unset for nothing.
   std::function<QString(std::size_t row)> secondaryText;
@@ -71,12 +82,22 @@ class ListView : public QAbstractScrollArea {
  private:
   void measure();
   void updateRange();
-  std::size_t top() const;
+  std::size_t top() const;       // the position of the topmost row in view
   std::size_t pageRows() const;  // whole visible rows, at least 1
+  void filterTicked(bool on);
+  void layOutFindBar();
+  void closeFindBar();
+  void paintEmptyHint(QPainter& painter) const;
   QRect boxRect(const QRect& row) const;
   void paintRow(QPainter& painter, std::size_t row, const QRect& rect) const;
   void paintBox(QPainter& painter, const QRect& box, bool ticked, const QColor& ink) const;
+  void paintMatch(QPainter& painter, std::size_t row, const QRect& area, const QString& text) const;
+  QRect textRect(const QRect& row) const;
+  QString paintedText(std::size_t row) const;  // without the leading blank that a title has in its file's name
+  QString tipOf(std::size_t row) const;
   bool moveKey(const QKeyEvent& event);
+  // A letter in a list of ticks goes to the first row that begins with what has been typed.
+  bool typeAhead(const QKeyEvent& event);
   // Ctrl+Space and Ctrl+A.
   bool selectionKey(const QKeyEvent& event);
   void extendToPointer(const QPoint& point);
@@ -88,6 +109,11 @@ class ListView : public QAbstractScrollArea {
   void announceSelection(std::size_t row, bool selected);
 
   ListBox& model_;
+  ShownRows rows_;
+  FindBar* findBar_ = nullptr;  // made when it is first opened
+  QString emptyHint_;
+  QString typed_;  // by typeAhead, and when
+  QElapsedTimer sinceTyped_;
   ListColours colours_;
   int rowHeight_ = 20;
   std::map<std::size_t, bool> announced_;  // as last remembered

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QToolButton>
 #include <algorithm>
 
 #include "desktop/binders/bind_menus.h"
@@ -15,10 +16,11 @@
 #include "desktop/widgets/list_view.h"
 #include "desktop/widgets/status_line.h"
 #include "desktop/window/form_canvas.h"
+#include "window/form1_controls.h"
 
 namespace plimo {
 
-FormWindow::FormWindow(Form& form, const Form1Controls* controls, PlaylistPlayer& player, std::function<bool()> compact)
+FormWindow::FormWindow(Form& form, Form1Controls* controls, PlaylistPlayer& player, std::function<bool()> compact)
     : form_(form), player_(player), compact_(std::move(compact)), panels_(form) {
   setObjectName(qstring(form.name()));
   setWindowTitle(shownText(form.caption()));
@@ -32,6 +34,11 @@ FormWindow::FormWindow(Form& form, const Form1Controls* controls, PlaylistPlayer
   if (menuBar_ != nullptr) status_ = new StatusLine(this);
   for (Control* control : form.controls()) bind(*control);
   setTabOrders();
+  if (controls != nullptr) {
+    addShortcuts(*controls);
+    addFindButton();
+    setEmptyHints(*controls);
+  }
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { reportFocus(now); });
 }
 
@@ -158,6 +165,7 @@ void FormWindow::applyVisibility(bool compactView) {
     const QList<QAction*> menus = menuBar_->actions();
     menuBar_->setVisible(
         std::any_of(menus.begin(), menus.end(), [](const QAction* menu) { return menu->isVisible(); }));
+    if (findButton_ != nullptr) findButton_->setVisible(menuBar_->isVisibleTo(this));
   }
 }
 
@@ -168,6 +176,17 @@ void FormWindow::describeLists() {
     const auto& list = static_cast<const ListBox&>(binder->control());
     if (canvas_->counts(list)) binder->widget()->setAccessibleDescription(canvas_->countText(list));
   }
+}
+
+void FormWindow::setEmptyHints(const Form1Controls& controls) {
+  const auto say = [this](const ListBox& list, const QString& hint) {
+    static_cast<ListView*>(binderOf(&list)->widget())->setEmptyHint(hint);
+  };
+  const QString finalHint = QStringLiteral("Songs come here from the scratch playlist: select some, and press Add.");
+  say(controls.List2, QStringLiteral("The artists of your songs appear here after a scan: see the Function menu."));
+  say(controls.List1, QStringLiteral("Tick artists to list their songs here."));
+  say(controls.List4, finalHint);
+  say(controls.List6, finalHint);
 }
 
 void FormWindow::showStatus() {

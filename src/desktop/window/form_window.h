@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <span>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -17,6 +18,7 @@
 
 class QMenu;
 class QMenuBar;
+class QToolButton;
 
 namespace plimo {
 
@@ -32,7 +34,7 @@ class FormWindow : public QWidget {
  public:
   // `controls` are those of the main window; null for another one. `compact` returns whether only the player is
   // visible. All of them must outlive the window.
-  FormWindow(Form& form, const Form1Controls* controls, PlaylistPlayer& player, std::function<bool()> compact);
+  FormWindow(Form& form, Form1Controls* controls, PlaylistPlayer& player, std::function<bool()> compact);
   ~FormWindow() override;
 
   // Reports form windows to assistive tools as windows. To be called once, before the first window is made.
@@ -56,6 +58,8 @@ class FormWindow : public QWidget {
 
   // The window's own input (moving the pointer, Escape) is ignored while this returns false.
   std::function<bool()> acceptsInput = [] { return true; };
+  // Asks the user a question with Yes and No; true for Yes.
+  std::function<bool(const std::string& question)> confirm = [](const std::string&) { return true; };
   // The user closes the window, at any time. It stays until the form is unloaded.
   std::function<void()> closed = [this] { form_.userClose(); };
 
@@ -73,6 +77,7 @@ class FormWindow : public QWidget {
   std::unique_ptr<Binder> makeBinderFor(Control& control, QWidget* parent);
   void applyVisibility(bool compactView);
   void describeLists();
+  void setEmptyHints(const Form1Controls& controls);
   void reportHover(Control* control);
   Control* controlOf(const QWidget* widget) const;
   Binder* binderOf(const Control* control) const;
@@ -85,6 +90,13 @@ class FormWindow : public QWidget {
   void layOut();
   void reportSize();
   int statusHeight() const;  // pixels; 0 if the window shows no status
+
+  // --- Shortcuts and finding: form_window_shortcuts.cpp ---
+  void addShortcuts(Form1Controls& controls);
+  void addFindButton();
+  void placeFindButton();
+  void find();
+  void scanAgain(Form1Controls& controls);
 
   // --- The keyboard focus: form_window_focus.cpp ---
   void setTabOrders();
@@ -108,6 +120,7 @@ class FormWindow : public QWidget {
   PlaylistPlayer& player_;
   std::function<bool()> compact_;
   QMenuBar* menuBar_ = nullptr;
+  QToolButton* findButton_ = nullptr;
   FormCanvas* canvas_ = nullptr;
   StatusLine* status_ = nullptr;
   std::vector<std::unique_ptr<Binder>> binders_;

@@ -114,6 +114,7 @@ void FormWindow::fitFonts() {
 void FormWindow::layOut() {
   const int barHeight = menuBar_ == nullptr ? 0 : menus_->barHeight();
   if (menuBar_ != nullptr) menuBar_->setGeometry(0, 0, width(), barHeight);
+  placeFindButton();
   const int footHeight = statusHeight();
   canvas_->setGeometry(0, barHeight, width(), height() - barHeight - footHeight);
   if (status_ == nullptr) return;

@@ -68,8 +68,8 @@ class Element:
         return [Element(child, self.scale) for child in found if child is not None]
 
     def rows(self):
-        """The texts of all rows."""
-        return [row.name for row in self.children()]
+        """The texts of all rows; a field for searching is none."""
+        return [row.name for row in self.children() if row.role == "list item"]
 
     def ticked(self):
         return [row.name for row in self.children() if row.has("checked")]

@@ -88,7 +88,7 @@ class Program:
                 found_role = element.role
                 wanted = (role is None or found_role == role) and (name is None or element.name == name)
                 leaf = found_role in LEAVES
-                if leaf and not wanted:
+                if leaf and not wanted and found_role != "list":
                     continue
                 if showing and not element.has("showing"):
                     # The items of an open menu are visible even if the item that opens it is not.
@@ -99,6 +99,11 @@ class Program:
                     yield element
                 if not leaf:
                     yield from visit(child)
+                elif found_role == "list":
+                    # After the rows a list has the field for searching while it is open.
+                    last = child.get_child_at_index(child.get_child_count() - 1)
+                    if last is not None and last.get_role_name() != "list item":
+                        yield from visit(last)
 
         root = self._root()
         if root is not None:
