@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include "base/text.h"
 #include "catalogue/catalogue_file.h"
 #include "playlists/m3u.h"
 #include "settings/settings_file.h"
@@ -26,8 +27,26 @@ void Program::loadMainWindow() {
   form1_.runLoad();
   startingUp_ = false;
   // On the first run there is nothing to find the songs in.
-  if (!running_ || playlist_.empty() || !form1_.List2.visible()) return;
-  dispatcher_.run([this] { form1_.openPlaylist(playlist_); });
+  if (!running_ || !form1_.List2.visible()) return;
+  open(atStart_);
+}
+
+bool Program::canOpen() const {
+  return running_ && !startingUp_ && form1_.loaded() && form1_.Function.visible() && !dispatcher_.busy();
+}
+
+void Program::open(const OpenRequest& request) {
+  if (request.file.empty()) return;
+  dispatcher_.run([this, &request] {
+    if (request.play && !isPlaylistFile(request.file)) {
+      form1_.playFile(request.file);
+    } else {
+      form1_.openPlaylist(request.file);
+      if (request.play && form1_.finalList().count() > 0) form1_.Picture7_Click();
+    }
+    if (request.others == 0) return;
+    form1_.setStatus(counted(request.others, "more file") + " not opened: one playlist is opened at a time");
+  });
 }
 
 void Program::failed(const RuntimeError& error) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/frm_splash.h"
+#include "app/open_request.h"
 #include "controls/dispatcher.h"
 #include "platform/platform.h"
 #include "window/form1.h"
@@ -31,10 +32,16 @@ class Program {
 
   // Loads the splash window, and the main window unless the splash animation comes first.
   void start();
-  // Makes the start end with opening a playlist, an absolute path, unless it is the first run. To be called before
-  // start().
-  void openAtStart(std::string playlist) { playlist_ = std::move(playlist); }
+  // Makes the start end with opening a file, unless it is the first run. To be called before the main window is loaded.
+  void openAtStart(OpenRequest request) { atStart_ = std::move(request); }
+  // True if a file can be opened now: the user could choose Open, and no command is running.
+  bool canOpen() const;
+  // Opens a playlist as Open does. A song that is to be played is played alone, and the lists stay as they are. The
+  // other files are counted in the status. To be called only if a file can be opened.
+  void open(const OpenRequest& request);
   bool running() const { return running_; }
+  // True once the main window has been loaded; before that, only the splash window exists.
+  bool loaded() const { return form1_.loaded(); }
   // True if the start-up has failed and the user wants to start anew: the shell creates a new program and starts it.
   bool startsAnew() const { return startsAnew_; }
   int status() const { return status_; }
@@ -51,7 +58,7 @@ class Program {
   bool startingUp_ = false;
   bool startsAnew_ = false;
   int status_ = 0;
-  std::string playlist_;  // to be opened at start; empty: none
+  OpenRequest atStart_;
   Form1 form1_;
   FrmSplash splash_;
 };

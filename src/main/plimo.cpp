@@ -24,7 +24,7 @@ namespace {
 struct Options {
   std::string folder;  // empty: the current one
   std::vector<plimo::NamedDrive> drives;
-  std::string playlist;  // absolute; empty: none
+  plimo::OpenRequest open;  // at start
 };
 
 std::optional<plimo::DriveType> kindOf(std::string_view name) {
@@ -119,7 +119,7 @@ std::optional<int> readOptions(const std::vector<std::string>& words, Options& o
   }
   if (const QStringList others = parser.positionalArguments(); !others.isEmpty()) {
     if (others.size() > 1) return fail(QStringLiteral("Unexpected argument '%1'.").arg(others.at(1)));
-    options.playlist = plimo::fullPath(bytesOf(others.constFirst()));
+    options.open.file = plimo::fullPath(bytesOf(others.constFirst()));
   }
   for (const QString& value : parser.values(drive)) {
     std::string reason;
@@ -156,7 +156,7 @@ int main(int count, char** words) {
   plimo::ResponsiveFiles files(plimo::nativeFiles(options.drives));
   const auto launcher = plimo::nativeLauncher();
   for (;;) {
-    plimo::Desktop desktop(files, *launcher, options.playlist);
+    plimo::Desktop desktop(files, *launcher, options.open);
     files.waiting = [&desktop](std::chrono::milliseconds since) { return desktop.waitForDisk(since); };
     files.waited = [&desktop] { desktop.diskAnswered(); };
     const auto watch = plimo::onTerminationRequest([&desktop] { desktop.requestEnd(); });

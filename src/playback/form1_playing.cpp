@@ -60,14 +60,18 @@ void Form1::playFromCurrent(ListBox& list) {
   list.clearSelection();
 }
 
+void Form1::playFile(const std::string& path) {
+  openInPlayer(path);
+  platform.player.setShowControls(true);
+}
+
 bool Form1::playOne(const std::string& name, bool byWinamp) {
   const std::optional<std::string> song = firstPath(platform.files, ownFile(catalogueName), name);
   if (!song) return false;
   if (byWinamp) {
     startWinampWithSong(*song);
   } else {
-    openInPlayer(*song);
-    platform.player.setShowControls(true);
+    playFile(*song);
   }
   return true;
 }

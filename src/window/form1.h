@@ -273,6 +273,7 @@ class Form1 : public Form, public Form1Controls {
   void playselectedalone();
   void play_Click();
   bool playOne(const std::string& name, bool byWinamp);  // false: the catalogue has no such song
+  void playFile(const std::string& path);                // one song alone, in the window
 
  private:
   void openInPlayer(const std::string& path);

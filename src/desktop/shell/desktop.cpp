@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include "desktop/shell/background_work.h"
+#include "desktop/shell/first_paint.h"
 #include "desktop/theme/strings.h"
 #include "desktop/widgets/list_accessible.h"
 #include "desktop/widgets/widget_accessible.h"
@@ -29,7 +30,7 @@ PlayerHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting)
 
 }  // namespace
 
-Desktop::Desktop(FileSystemObject& files, Launcher& launcher, std::string playlist)
+Desktop::Desktop(FileSystemObject& files, Launcher& launcher, OpenRequest atStart)
     : player_(hooksFor(blocker_, [this] { program_.dispatcher().flush(); })),
       progress_(blocker_),
       program_(Platform{files, player_, dialogs_, launcher, progress_}) {
@@ -41,14 +42,21 @@ Desktop::Desktop(FileSystemObject& files, Launcher& launcher, std::string playli
   progress_.beforePaint = flush;
   progress_.window = [this] { return frontWindow(); };
   blocker_.unblocked = [this] { player_.drainEvents(); };
-  program_.openAtStart(std::move(playlist));
+  program_.openAtStart(std::move(atStart));
   installListAccessible();
   installWidgetAccessible();
   FormWindow::installAccessible();
   bindWindows();
+  program_.dispatcher().atEnd([this] {
+    if (!pending_.file.empty())
+      QMetaObject::invokeMethod(
+          &context_, [this] { openPending(); }, Qt::QueuedConnection);
+  });
+  afterFirstPaint(*main_, [this] { startRemote(); });
 }
 
 Desktop::~Desktop() {
+  remote_.reset();
   program_.form1().setHost(nullptr);
   program_.splash().setHost(nullptr);
 }
@@ -76,6 +84,51 @@ int Desktop::run() {
   // A timer of its own, because an event posted now is not delivered in a nested event loop that an earlier one runs.
   QTimer::singleShot(std::chrono::milliseconds(1), qApp, [this] { program_.start(); });
   return QCoreApplication::exec();
+}
+
+void Desktop::startRemote() {
+  const auto later = [this](std::function<void()> action) {
+    QMetaObject::invokeMethod(&context_, std::move(action), Qt::QueuedConnection);
+  };
+  remote_ = startRemoteControl({
+      player_,
+      [this] { raise(); },
+      [this, later] { later([this] { requestEnd(); }); },  // the caller gets its answer first
+      [this](const std::string& path) {
+        open({path, 0, true});
+      },
+  });
+}
+
+void Desktop::raise() {
+  QWidget* window = frontWindow();
+  if (window == nullptr) window = QApplication::activeModalWidget();
+  if (window == nullptr) return;
+  window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+  for (QWidget* each : {window, QApplication::activeModalWidget()}) {
+    if (each == nullptr) continue;
+    each->raise();
+    each->activateWindow();
+  }
+}
+
+void Desktop::open(OpenRequest request) {
+  if (request.file.empty()) return;
+  if (!program_.loaded()) {
+    program_.openAtStart(std::move(request));
+    return;
+  }
+  pending_ = std::move(request);
+  if (!program_.canOpen()) program_.form1().setStatus("the file is opened when this is finished");
+  QMetaObject::invokeMethod(
+      &context_, [this] { openPending(); }, Qt::QueuedConnection);
+}
+
+void Desktop::openPending() {
+  if (pending_.file.empty() || !program_.canOpen()) return;
+  const OpenRequest request = std::exchange(pending_, {});
+  program_.form1().setStatus({});
+  program_.open(request);
 }
 
 FormWindow* Desktop::windowOf(const Form& form) const { return &form == &main_->form() ? main_.get() : splash_.get(); }

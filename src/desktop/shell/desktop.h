@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "app/program.h"
+#include "desktop/remote/remote_control.h"
 #include "desktop/shell/dialogs.h"
 #include "desktop/shell/input_blocker.h"
 #include "desktop/shell/progress.h"
@@ -16,8 +17,8 @@ namespace plimo {
 class Desktop : public FormHost {
  public:
   // Needs the application object. The arguments must outlive it.
-  // `playlist` is opened at start if it is not empty; an absolute path.
-  Desktop(FileSystemObject& files, Launcher& launcher, std::string playlist = {});
+  // The file of `atStart`, if there is one, is opened at start.
+  Desktop(FileSystemObject& files, Launcher& launcher, OpenRequest atStart = {});
   ~Desktop() override;
 
   // Starts the program and runs the event loop until it has ended; returns its exit status.
@@ -27,6 +28,12 @@ class Desktop : public FormHost {
   void requestEnd();
   // True if the start-up has failed and the user wants to start again: create a new Desktop and run it.
   bool startsAnew() const { return program_.startsAnew(); }
+
+  // Shows the window, and the box that is open, in front of other programs' windows.
+  void raise();
+  // Opens a file: at once, or as soon as the running command has ended and the open panel is closed. A later request
+  // replaces one that waits. Returns at once.
+  void open(OpenRequest request);
 
   // To be called while a disk does not answer, and afterwards: see DesktopProgress. A disk that is given up because the
   // program is to end is not reported.
@@ -47,6 +54,9 @@ class Desktop : public FormHost {
   FormWindow* windowOf(const Form& form) const;
   QWidget* frontWindow() const;
   void bindWindows();
+  void startRemote();
+  // Opens what waits, if that is possible now.
+  void openPending();
   // Ends the program as closing its window does. A command that is running is cancelled, and its handler ends first.
   void close(Form& form);
 
@@ -57,7 +67,9 @@ class Desktop : public FormHost {
   Program program_;
   std::unique_ptr<FormWindow> main_;
   std::unique_ptr<FormWindow> splash_;
-  QObject context_;  // of the connections to the application
+  OpenRequest pending_;  // to be opened when that is possible
+  QObject context_;      // of the connections to the application
+  std::unique_ptr<RemoteControl> remote_;
 };
 
 }  // namespace plimo

@@ -79,11 +79,9 @@ PlayerStrip::PlayerStrip(PlaylistPlayer& player, QWidget* parent)
   setFocusProxy(play_);
   buildLayout();
   applySizes();
-  player_.changed = [this] { showState(); };
+  observation_ = player_.observe({[this] { showState(); }, {}});
   showState();
 }
-
-PlayerStrip::~PlayerStrip() { player_.changed = nullptr; }
 
 QToolButton* PlayerStrip::addButton(const QString& name, const char* art, const QString& tip) {
   auto* button = new QToolButton(this);

@@ -3,6 +3,7 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <memory>
 
 #include "controls/control.h"
 
@@ -20,7 +21,6 @@ class PlayerStrip : public QWidget {
 
  public:
   PlayerStrip(PlaylistPlayer& player, QWidget* parent);
-  ~PlayerStrip() override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -51,6 +51,7 @@ class PlayerStrip : public QWidget {
   bool updating_ = false;  // the sliders are moved by the player, not by the user
   QString shownPlayArt_;
   QString shownMuteArt_;
+  std::shared_ptr<void> observation_;  // of the player
 };
 
 // Carries out a media key (Qt::Key_MediaPlay and the like), which a keyboard or the system sends. Returns false for any

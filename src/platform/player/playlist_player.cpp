@@ -39,8 +39,22 @@ PlaylistPlayer::PlaylistPlayer(PlayerHooks hooks) : hooks_(std::move(hooks)) {}
 
 PlaylistPlayer::~PlaylistPlayer() { *alive_ = false; }
 
+std::shared_ptr<void> PlaylistPlayer::observe(Observer observer) {
+  auto observed = std::make_shared<Observer>(std::move(observer));
+  observers_.push_back(observed);
+  return observed;
+}
+
+// Those that still exist; they may be added and removed while they are notified.
+std::vector<std::shared_ptr<PlaylistPlayer::Observer>> PlaylistPlayer::observers() {
+  std::erase_if(observers_, [](const std::weak_ptr<Observer>& observer) { return observer.expired(); });
+  std::vector<std::shared_ptr<Observer>> existing;
+  for (const auto& observer : observers_) existing.push_back(observer.lock());
+  return existing;
+}
+
 void PlaylistPlayer::notifyChanged() {
-  if (changed) changed();
+  for (const auto& observer : observers()) observer->changed();
 }
 
 bool PlaylistPlayer::startEngine() {
@@ -103,6 +117,7 @@ void PlaylistPlayer::stop() {
   state_.duration = 0;
   state_.position = 0;
   state_.song.clear();
+  state_.path.clear();
   notifyChanged();
 }
 
@@ -161,9 +176,11 @@ void PlaylistPlayer::load(const std::string& path) {
   state_.paused = startPaused_;
   state_.index = candidate_;
   state_.song = displayName(path);
+  state_.path = path;
   state_.duration = 0;
   state_.position = 0;
   song_ = ++lastSong_;
+  state_.number = song_;
   engine_->load(song_, path, startPaused_);
   notifyChanged();
 }
@@ -295,6 +312,9 @@ void PlaylistPlayer::seek(double seconds) {
   state_.position = std::clamp(seconds, 0.0, std::max(0.0, state_.duration));
   engine_->seek(state_.position);
   notifyChanged();
+  for (const auto& observer : observers()) {
+    if (observer->jumped) observer->jumped();
+  }
 }
 
 void PlaylistPlayer::setVolume(int percent) {

@@ -46,10 +46,12 @@ class PlaylistPlayer : public MediaPlayer {
     bool paused = true;
     double duration = 0;  // seconds; 0: unknown
     double position = 0;
-    std::string song;       // the file's name
-    std::size_t index = 0;  // of the song in the list, from 0
-    std::size_t count = 0;  // of the list's entries
-    int volume = 100;       // 0 to 100
+    std::string song;          // the file's name
+    std::string path;          // its absolute path; if opened
+    std::uint64_t number = 0;  // counts the songs opened, so that the same file opened again has another one
+    std::size_t index = 0;     // of the song in the list, from 0
+    std::size_t count = 0;     // of the list's entries
+    int volume = 100;          // 0 to 100
     bool muted = false;
     bool searching = false;  // for the next playable song
     std::string note;        // what could not be played, and why; empty if there is no problem
@@ -57,8 +59,13 @@ class PlaylistPlayer : public MediaPlayer {
     bool enabled = true;
   };
   const State& state() const { return state_; }
-  // Called after each change of the state, on the program's own thread.
-  std::function<void()> changed;
+  // What follows the player; all of it is called on the program's own thread.
+  struct Observer {
+    std::function<void()> changed;  // after each change of the state
+    std::function<void()> jumped;   // after a change of the position within the song; may be empty
+  };
+  // Notifies the observer while the returned object exists, which may outlive the player.
+  [[nodiscard]] std::shared_ptr<void> observe(Observer observer);
 
   void playOrPause();
   void next();
@@ -87,6 +94,7 @@ class PlaylistPlayer : public MediaPlayer {
   void onDuration(double seconds);
   void raiseNewStream();
   void notifyChanged();
+  std::vector<std::shared_ptr<Observer>> observers();
 
   PlayerHooks hooks_;
   State state_;
@@ -107,6 +115,7 @@ class PlaylistPlayer : public MediaPlayer {
   std::uint64_t song_ = 0;        // the number of the song loaded; events of others are ignored. 0: none
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
   std::unique_ptr<SongEngine> engine_;
+  std::vector<std::weak_ptr<Observer>> observers_;
 };
 
 }  // namespace plimo

@@ -370,6 +370,34 @@ TEST_F(PlaylistPlayback, TheEngineWakesThePlayerFromAnyThread) {
   EXPECT_TRUE(test.untilNewStreams(1));
 }
 
+TEST_F(PlaylistPlayback, ObserversAreNotifiedOfChangesAndJumpsWhileTheyObserve) {
+  int changes = 0;
+  int jumps = 0;
+  auto observation = player.observe({[&] { ++changes; }, [&] { ++jumps; }});
+  open({"a.mp3", "b.mp3"});
+  begin(10);
+  EXPECT_GT(changes, 0);
+  EXPECT_EQ(jumps, 0);
+  player.seek(5);
+  EXPECT_EQ(jumps, 1);
+  player.next();
+  EXPECT_EQ(jumps, 1) << "another song is no jump within a song";
+  observation.reset();
+  changes = 0;
+  player.previous();
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_F(PlaylistPlayback, EverySongOpenedHasItsPathAndANumberOfItsOwn) {
+  open({"a.mp3"});
+  EXPECT_EQ(test.state().path, songs / "a.mp3");
+  const auto number = test.state().number;
+  open({"a.mp3"});
+  EXPECT_NE(test.state().number, number);
+  player.stop();
+  EXPECT_EQ(test.state().path, "");
+}
+
 TEST_F(PlaylistPlayback, AWakeAfterThePlayersEndIsIgnored) {
   auto late = std::make_shared<Script>();
   std::vector<std::function<void()>> posted;

@@ -42,9 +42,11 @@ TestPlayer::TestPlayer(StartEngine startEngine)
     lengths.push_back(player.duration());
     played.push_back(state().song);
   };
-  player.changed = [this] {
-    if (!note().empty() && (notes.empty() || notes.back() != note())) notes.push_back(note());
-  };
+  observation_ = player.observe({[this] {
+                                   if (note().empty() || (!notes.empty() && notes.back() == note())) return;
+                                   notes.push_back(note());
+                                 },
+                                 {}});
 }
 
 bool TestPlayer::until(const std::function<bool()>& condition) {

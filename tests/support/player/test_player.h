@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -51,6 +52,9 @@ class TestPlayer {
   std::vector<double> lengths;      // the duration at each newStream, in seconds
   std::vector<std::string> played;  // the song at each newStream
   std::vector<std::string> notes;   // each note, without consecutive repetitions
+
+ private:
+  std::shared_ptr<void> observation_;
 };
 
 // The content of a silent MP3 of about this duration.
