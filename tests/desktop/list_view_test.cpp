@@ -111,6 +111,36 @@ TEST_F(ListOnScreen, ClicksSelectAlonePlusControlAndToShift) {
   EXPECT_EQ(selected(songs_), (Rows{4, 5, 6}));
 }
 
+TEST_F(ListOnScreen, DraggingTheCurrentSelectedRowDoesWhatItsKeysDo) {
+  ListView& view = show(songs_);
+  view.setReorderable(true);
+  fill(songs_, 10);
+  std::string keys;
+  songs_.keyPress = [&](char key) { keys += std::to_string(*songs_.current()) + key; };
+  const auto send = [&view](QEvent::Type type, const QPoint& at) {
+    QMouseEvent event(type, at, view.viewport()->mapToGlobal(at),
+                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                      type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
+    QApplication::sendEvent(view.viewport(), &event);
+  };
+  const auto drag = [&](std::size_t from, std::size_t to) {
+    send(QEvent::MouseButtonPress, view.rowRect(from).center());
+    send(QEvent::MouseMove, view.rowRect(to).center());
+    send(QEvent::MouseButtonRelease, view.rowRect(to).center());
+  };
+  drag(1, 3);
+  EXPECT_EQ(keys, "") << "the row was not selected";
+  EXPECT_EQ(selected(songs_), (Rows{1, 2, 3}));
+  click(view, view.rowRect(2).center());
+  drag(2, 7);
+  EXPECT_EQ(keys, "2q7w");
+  keys.clear();
+  click(view, view.rowRect(5).center());
+  drag(5, 5);
+  EXPECT_EQ(keys, "");
+  EXPECT_EQ(selected(songs_), Rows{5});
+}
+
 TEST_F(ListOnScreen, TheRightButtonSelectsWhatItPointsAtUnlessThatIsSelected) {
   ListView& view = show(songs_);
   fill(songs_, 10);

@@ -1,6 +1,7 @@
 #include "desktop/shell/desktop.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QSessionManager>
 #include <QThread>
 #include <QTimer>
@@ -32,6 +33,7 @@ PlayerHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting)
 
 Desktop::Desktop(FileSystemObject& files, Launcher& launcher, OpenRequest atStart)
     : player_(hooksFor(blocker_, [this] { program_.dispatcher().flush(); })),
+      volume_(player_, QDir::current().filePath(QStringLiteral("plimo-window.ini"))),
       progress_(blocker_),
       program_(Platform{files, player_, dialogs_, launcher, progress_}) {
   QObject::connect(qApp, &QGuiApplication::commitDataRequest, &context_, [this](QSessionManager&) { requestEnd(); });

@@ -9,6 +9,7 @@
 #include "desktop/shell/dialogs.h"
 #include "desktop/shell/input_blocker.h"
 #include "desktop/shell/progress.h"
+#include "desktop/shell/remembered_volume.h"
 #include "desktop/window/form_window.h"
 #include "platform/player/playlist_player.h"
 
@@ -62,6 +63,7 @@ class Desktop : public FormHost {
 
   InputBlocker blocker_;
   PlaylistPlayer player_;
+  RememberedVolume volume_;
   DesktopDialogs dialogs_;
   DesktopProgress progress_;
   Program program_;

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/widgets/list_view.h"
 #include "desktop/widgets/search_text.h"
@@ -36,8 +37,40 @@ void ListView::mousePressEvent(QMouseEvent* event) {
     model_.userTick(*row, !model_.selected(*row));
     return;
   }
+  const bool carries = reorderable_ && model_.current() == row && model_.selected(*row);
+  if (carries && keysOf(event->modifiers()) == ListBox::Keys::none) {
+    carried_ = row;  // a click only when the button is released without having been moved
+    pressedAt_ = event->position().toPoint();
+    setFocus(Qt::MouseFocusReason);
+    return;
+  }
   dragged_ = row;
   model_.userClickRow(*row, keysOf(event->modifiers()));
+}
+
+void ListView::moveCarried(const QPoint& point) {
+  if (!dropBelow_ && (point - pressedAt_).manhattanLength() < QApplication::startDragDistance()) return;
+  const int bottom = std::max(0, viewport()->height() - 1);
+  if (point.y() < 0) verticalScrollBar()->setValue(verticalScrollBar()->value() - 1);
+  if (point.y() > bottom) verticalScrollBar()->setValue(verticalScrollBar()->value() + 1);
+  dropBelow_ = rowAt(QPoint(0, std::clamp(point.y(), 0, bottom))).value_or(model_.count() - 1);
+  viewport()->setCursor(Qt::DragMoveCursor);
+  viewport()->update();
+}
+
+void ListView::dropCarried() {
+  const std::size_t row = *std::exchange(carried_, std::nullopt);
+  const auto below = std::exchange(dropBelow_, std::nullopt);
+  viewport()->setCursor(Qt::ArrowCursor);
+  viewport()->update();
+  if (row >= model_.count()) return;
+  if (!below) {
+    model_.userClickRow(row, ListBox::Keys::none);
+  } else if (*below != row && *below < model_.count()) {
+    model_.userKey('q');
+    model_.userMoveCurrent(*below);
+    model_.userKey('w');
+  }
 }
 
 void ListView::pressRight(const QPoint& point) {
@@ -52,6 +85,10 @@ void ListView::pressRight(const QPoint& point) {
 }
 
 void ListView::mouseMoveEvent(QMouseEvent* event) {
+  if (event->buttons().testFlag(Qt::LeftButton) && carried_) {
+    moveCarried(event->position().toPoint());
+    return;
+  }
   if (!event->buttons().testFlag(Qt::LeftButton) || !dragged_) return;
   if (model_.style() != ListBox::Style::multiSelection) return;
   const QPoint point = event->position().toPoint();
@@ -76,6 +113,7 @@ void ListView::extendToPointer(const QPoint& point) {
 }
 
 void ListView::mouseReleaseEvent(QMouseEvent*) {
+  if (carried_) dropCarried();
   dragged_.reset();
   dragTimer_.stop();
 }
@@ -90,6 +128,7 @@ void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
     return;
   }
   dragged_.reset();
+  carried_.reset();
   if (model_.current() != row) model_.userClickRow(*row, ListBox::Keys::none);
   model_.userDoubleClick();
 }

@@ -64,6 +64,8 @@ void ListView::rowsChanged() {
   if (findBar_ != nullptr) findBar_->rowsChanged();
   updateRange();
   dragged_.reset();
+  carried_.reset();
+  dropBelow_.reset();
   viewport()->update();
   rememberStates();
 }
@@ -191,6 +193,7 @@ QString ListView::paintedText(std::size_t row) const {
 
 QString ListView::rowName(std::size_t row) const {
   const QString text = rowText(row);
+  if (isPlaying(row)) return text + QStringLiteral(" (playing)");
   if (!text.isEmpty()) return text;
   return model_.style() == ListBox::Style::checkBoxes ? QStringLiteral("(no artist)") : QStringLiteral("(no title)");
 }
@@ -213,6 +216,13 @@ void ListView::paintEvent(QPaintEvent* event) {
     paintRow(painter, row, rect);
   }
   if (rows_.count() == 0) paintEmptyHint(painter);
+  if (dropBelow_) paintDropLine(painter);
+}
+
+void ListView::paintDropLine(QPainter& painter) const {
+  const int thickness = scaled(3);
+  const QRect row = rowRect(*dropBelow_);
+  painter.fillRect(QRect(row.left(), row.bottom() + 1 - thickness / 2, row.width(), thickness), qcolor(colours_.mark));
 }
 
 void ListView::paintEmptyHint(QPainter& painter) const {
@@ -240,7 +250,12 @@ void ListView::paintRow(QPainter& painter, std::size_t row, const QRect& rect) c
     painter.fillRect(rect, qcolor(colours_.currentBackground));
   }
   if (boxes) paintBox(painter, boxRect(rect), model_.selected(row), textColour);
-  const QRect area = textRect(rect);
+  QRect area = textRect(rect);
+  const bool playing = isPlaying(row);
+  if (playing) area = paintPlaying(painter, area, textColour);
+  QFont weight = font();
+  weight.setBold(playing);
+  painter.setFont(weight);
   const QString whole = paintedText(row);
   const QString text = painter.fontMetrics().elidedText(whole, Qt::ElideRight, area.width());
   if (findBar_ != nullptr) paintMatch(painter, row, area, text);
@@ -259,6 +274,32 @@ void ListView::paintRow(QPainter& painter, std::size_t row, const QRect& rect) c
   painter.setPen(QPen(qcolor(ring), 1, hasFocus() ? Qt::SolidLine : Qt::DotLine));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(rect.adjusted(1, 1, -2, -2));
+}
+
+void ListView::setPlaying(const std::string& song, std::optional<std::size_t> at) {
+  if (song == playing_ && at == playingAt_) return;
+  playing_ = song;
+  playingAt_ = at;
+  viewport()->update();
+}
+
+bool ListView::isPlaying(std::size_t row) const {
+  if (playing_.empty() || model_.text(row) != playing_) return false;
+  const bool known = playingAt_ && *playingAt_ < model_.count() && model_.text(*playingAt_) == playing_;
+  return !known || row == *playingAt_;
+}
+
+// Paints the sign, and returns what it leaves for the text.
+QRect ListView::paintPlaying(QPainter& painter, const QRect& area, const QColor& colour) const {
+  const double size = painter.fontMetrics().ascent() * 0.8;
+  const QPointF top(area.left(), area.center().y() - size / 2 + 0.5);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(colour);
+  painter.drawPolygon(QPolygonF({top, top + QPointF(size * 0.85, size / 2), top + QPointF(0, size)}));
+  painter.restore();
+  return area.adjusted(static_cast<int>(size) + margin(), 0, 0, 0);
 }
 
 // What the search has found: a bar at the row's edge, also if the cut end of the text has it, and a line under it.

@@ -9,6 +9,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <string>
 
 #include "controls/list_box.h"
 #include "desktop/theme/list_colours.h"
@@ -52,6 +53,12 @@ class ListView : public QAbstractScrollArea {
   void find();
   // That field while it is open; otherwise null.
   QWidget* openFindBar() const;
+  // Lets the mouse drag the current row, if it is selected, to below another one, as the keys "q" and "w" do.
+  void setReorderable(bool on) { reorderable_ = on; }
+  // The song that plays, as a row's text; empty for none. Its row has a sign and bold letters: the row `at`, or each
+  // row with this text if it is not known which one plays.
+  void setPlaying(const std::string& song, std::optional<std::size_t> at);
+  bool isPlaying(std::size_t row) const;
   // What an empty list says; empty for nothing.
   void setEmptyHint(const QString& hint) { emptyHint_ = hint; }
 
@@ -91,6 +98,7 @@ class ListView : public QAbstractScrollArea {
   QRect boxRect(const QRect& row) const;
   void paintRow(QPainter& painter, std::size_t row, const QRect& rect) const;
   void paintBox(QPainter& painter, const QRect& box, bool ticked, const QColor& ink) const;
+  QRect paintPlaying(QPainter& painter, const QRect& area, const QColor& colour) const;
   void paintMatch(QPainter& painter, std::size_t row, const QRect& area, const QString& text) const;
   QRect textRect(const QRect& row) const;
   QString paintedText(std::size_t row) const;  // without the leading blank that a title has in its file's name
@@ -102,6 +110,9 @@ class ListView : public QAbstractScrollArea {
   bool selectionKey(const QKeyEvent& event);
   void extendToPointer(const QPoint& point);
   void pressRight(const QPoint& point);
+  void moveCarried(const QPoint& point);
+  void dropCarried();
+  void paintDropLine(QPainter& painter) const;
   void announceCurrent();
   // The selected states of the rows in view and of the current one, which assistive tools are notified of.
   std::map<std::size_t, bool> statesInView() const;
@@ -112,6 +123,8 @@ class ListView : public QAbstractScrollArea {
   ShownRows rows_;
   FindBar* findBar_ = nullptr;  // made when it is first opened
   QString emptyHint_;
+  std::string playing_;
+  std::optional<std::size_t> playingAt_;
   QString typed_;  // by typeAhead, and when
   QElapsedTimer sinceTyped_;
   ListColours colours_;
@@ -120,8 +133,12 @@ class ListView : public QAbstractScrollArea {
   int wheelRest_ = 0;                      // eighths of a degree not yet scrolled
   std::optional<std::size_t> shownCurrent_;
   std::optional<std::size_t> dragged_;  // the row last under the pointer while the left button is held
-  QTimer dragTimer_;                    // scrolls while the pointer is beyond an edge
-  bool programScrolls_ = false;         // the scroll bar is moved by the program, not by the user
+  bool reorderable_ = false;
+  std::optional<std::size_t> carried_;  // the row pressed that the mouse may carry
+  QPoint pressedAt_;
+  std::optional<std::size_t> dropBelow_;  // the row below which it would be dropped, once it is being carried
+  QTimer dragTimer_;                      // scrolls while the pointer is beyond an edge
+  bool programScrolls_ = false;           // the scroll bar is moved by the program, not by the user
 };
 
 }  // namespace plimo

@@ -189,7 +189,7 @@ void PlayerStrip::showState() {
 
 void PlayerStrip::showTexts() {
   const PlaylistPlayer::State& state = player_.state();
-  QString song = shownText(state.song);
+  QString song = shownName(state.song);
   if (song.isEmpty()) song = QStringLiteral("Nothing is playing");
   if (state.opened && state.count > 1) {
     song = QStringLiteral("%1 / %2   %3").arg(state.index + 1).arg(state.count).arg(song);
@@ -202,12 +202,17 @@ void PlayerStrip::showTexts() {
   const QString times =
       state.opened ? clockText(state.position) + QStringLiteral(" / ") + clockText(state.duration) : QString();
   if (times != times_->text()) times_->setText(times);
-  const QString note = shownText(state.note);
+  const QString note = state.note.empty() ? hint_ : shownText(state.note);
   if (note != note_->text()) {
     note_->setText(note);
     note_->setToolTip(plainTip(note));
     announce(*note_);
   }
+}
+
+void PlayerStrip::setHint(const QString& hint) {
+  hint_ = hint;
+  showTexts();
 }
 
 void PlayerStrip::keyPressEvent(QKeyEvent* event) {

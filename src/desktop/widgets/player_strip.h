@@ -22,6 +22,9 @@ class PlayerStrip : public QWidget {
  public:
   PlayerStrip(PlaylistPlayer& player, QWidget* parent);
 
+  // Shown where the reasons for skipped songs are, as long as there are none.
+  void setHint(const QString& hint);
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -48,6 +51,7 @@ class PlayerStrip : public QWidget {
   QToolButton* mute_ = nullptr;
   SeekSlider* seek_;
   QSlider* volume_;
+  QString hint_;
   bool updating_ = false;  // the sliders are moved by the player, not by the user
   QString shownPlayArt_;
   QString shownMuteArt_;

@@ -149,13 +149,21 @@ void FormCanvas::paintLogoUnderArtists(QPainter& painter) const {
   painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter, programTitle());
 }
 
-// In place of the player, as long as it is not shown.
-void FormCanvas::paintHint(QPainter& painter) const {
+std::optional<QRect> FormCanvas::emptyPlayerPlace() const {
+  if (compact_ || controls_ == nullptr) return std::nullopt;
   const Form1Controls& c = *controls_;
   const QRect player = rectOf(c.MediaPlayer1);
   const bool strips = c.Picture3.showing() || c.Picture6.showing();
-  if (c.Frame1.showing() || c.Frame2.showing()) return;  // the panel would cut it
-  if (!c.List2.showing() || !strips || c.MediaPlayer1.showing() || player.left() < rectOf(c.List2).right()) return;
+  if (c.Frame1.showing() || c.Frame2.showing()) return std::nullopt;  // the panel would cut it
+  if (!c.List2.showing() || !strips || c.MediaPlayer1.showing()) return std::nullopt;
+  if (player.left() < rectOf(c.List2).right()) return std::nullopt;
+  return player;
+}
+
+void FormCanvas::paintHint(QPainter& painter) const {
+  const std::optional<QRect> place = emptyPlayerPlace();
+  if (!place) return;
+  const QRect player = *place;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(theme().border, 1, Qt::DashLine));

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QWidget>
+#include <optional>
 
 #include "window/form1_controls.h"
 
@@ -19,6 +20,8 @@ class FormCanvas : public QWidget {
   // How many rows a list with a heading has: "5 songs  ·  2 selected".
   QString countText(const ListBox& list) const;
   bool counts(const ListBox& list) const;  // true for a list with a heading
+  // Where the player is while it is shown; nullopt if it is shown or if something else covers its place.
+  std::optional<QRect> emptyPlayerPlace() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -21,7 +21,7 @@
 namespace plimo {
 
 FormWindow::FormWindow(Form& form, Form1Controls* controls, PlaylistPlayer& player, std::function<bool()> compact)
-    : form_(form), player_(player), compact_(std::move(compact)), panels_(form) {
+    : form_(form), controls_(controls), player_(player), compact_(std::move(compact)), panels_(form) {
   setObjectName(qstring(form.name()));
   setWindowTitle(shownText(form.caption()));
   setMouseTracking(true);
@@ -37,7 +37,8 @@ FormWindow::FormWindow(Form& form, Form1Controls* controls, PlaylistPlayer& play
   if (controls != nullptr) {
     addShortcuts(*controls);
     addFindButton();
-    setEmptyHints(*controls);
+    prepareLists(*controls);
+    followPlayer();
   }
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { reportFocus(now); });
 }
@@ -158,6 +159,7 @@ void FormWindow::applyVisibility(bool compactView) {
         this, [this] { resized(); }, Qt::QueuedConnection);
   }
   canvas_->refresh(compactView);
+  showPlaying();
   describeLists();
   menus_->refresh();
   if (menuBar_ != nullptr) {
@@ -178,15 +180,16 @@ void FormWindow::describeLists() {
   }
 }
 
-void FormWindow::setEmptyHints(const Form1Controls& controls) {
-  const auto say = [this](const ListBox& list, const QString& hint) {
-    static_cast<ListView*>(binderOf(&list)->widget())->setEmptyHint(hint);
-  };
+ListView& FormWindow::listView(const ListBox& list) const { return *static_cast<ListView*>(binderOf(&list)->widget()); }
+
+void FormWindow::prepareLists(const Form1Controls& controls) {
+  const auto say = [this](const ListBox& list, const QString& hint) { listView(list).setEmptyHint(hint); };
   const QString finalHint = QStringLiteral("Songs come here from the scratch playlist: select some, and press Add.");
   say(controls.List2, QStringLiteral("The artists of your songs appear here after a scan: see the Function menu."));
   say(controls.List1, QStringLiteral("Tick artists to list their songs here."));
   say(controls.List4, finalHint);
   say(controls.List6, finalHint);
+  for (const ListBox* list : {&controls.List4, &controls.List6}) listView(*list).setReorderable(true);
 }
 
 void FormWindow::showStatus() {

@@ -24,6 +24,9 @@ namespace plimo {
 
 class BoundMenus;
 class FormCanvas;
+class PlayerStrip;
+class ListBox;
+class ListView;
 class StatusLine;
 struct Form1Controls;
 class TimerBinder;
@@ -77,7 +80,8 @@ class FormWindow : public QWidget {
   std::unique_ptr<Binder> makeBinderFor(Control& control, QWidget* parent);
   void applyVisibility(bool compactView);
   void describeLists();
-  void setEmptyHints(const Form1Controls& controls);
+  ListView& listView(const ListBox& list) const;
+  void prepareLists(const Form1Controls& controls);
   void reportHover(Control* control);
   Control* controlOf(const QWidget* widget) const;
   Binder* binderOf(const Control* control) const;
@@ -98,6 +102,11 @@ class FormWindow : public QWidget {
   void find();
   void scanAgain(Form1Controls& controls);
 
+  // --- What plays: form_window_player.cpp ---
+  void followPlayer();
+  void showPlaying();
+  void showHiddenPlayer();
+
   // --- The keyboard focus: form_window_focus.cpp ---
   void setTabOrders();
   void applyFocus(bool compactView);
@@ -117,11 +126,14 @@ class FormWindow : public QWidget {
   CommandButton* cancelButton() const;
 
   Form& form_;
+  Form1Controls* controls_;
   PlaylistPlayer& player_;
   std::function<bool()> compact_;
   QMenuBar* menuBar_ = nullptr;
   QToolButton* findButton_ = nullptr;
   FormCanvas* canvas_ = nullptr;
+  PlayerStrip* hiddenPlayer_ = nullptr;  // made when it is first needed
+  std::shared_ptr<void> playing_;        // the observation of the player
   StatusLine* status_ = nullptr;
   std::vector<std::unique_ptr<Binder>> binders_;
   std::unordered_map<const Control*, Binder*> byControl_;
