@@ -29,11 +29,8 @@ class WhatPlays(WindowTestCase):
         p.press("Stop")
         p.wait_until_gone("Stop")
 
-
-class Volume(WindowTestCase):
     def test_volume_and_mute_are_remembered(self):
-        p = self.start_with_final_playlist()
-        p.press("Play all songs on the final playlist")
+        p = self.start_playing()
         p.press("Mute", "check box")
         wait(lambda: b"muted=true" in (read_file(self.data / "plimo-window.ini") or b""), "the file of the window")
         p.close()

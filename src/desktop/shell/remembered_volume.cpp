@@ -22,7 +22,9 @@ RememberedVolume::RememberedVolume(PlaylistPlayer& player, const QString& file) 
   QObject::connect(&delay_, &QTimer::timeout, &delay_, [this] { write(); });
   observation_ = player.observe({[this] {
                                    const PlaylistPlayer::State& now = player_.state();
-                                   if (now.volume != volume_ || now.muted != muted_) delay_.start();
+                                   const bool changed = now.volume != volume_ || now.muted != muted_;
+                                   // Not started again: the position changes all the time.
+                                   if (changed && !delay_.isActive()) delay_.start();
                                  },
                                  {}});
 }
