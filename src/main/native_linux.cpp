@@ -1,4 +1,5 @@
 #include <QSocketNotifier>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -37,7 +38,22 @@ bool enterFolder(const std::string& path, std::string& reason) {
   return !failed;
 }
 
-std::string preferredFolder() { return {}; }
+// An installed program has a data folder, and leaves nothing in the folder that it is started from. One that was only
+// built keeps its files in the current folder.
+std::string preferredFolder() {
+  std::error_code failed;
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", failed);
+  const std::filesystem::path prefix = program.parent_path().parent_path();
+  if (failed || !std::filesystem::exists(prefix / "share/applications/plimo.desktop", failed)) return {};
+  const auto absolute = [](const char* name) {
+    const char* value = std::getenv(name);
+    return std::filesystem::path(value != nullptr && value[0] == '/' ? value : "");
+  };
+  const std::filesystem::path data = absolute("XDG_DATA_HOME");
+  if (!data.empty()) return data / "plimo";
+  const std::filesystem::path home = absolute("HOME");
+  return home.empty() ? std::string() : (home / ".local/share/plimo").string();
+}
 
 std::unique_ptr<FileSystemObject> nativeFiles(const std::vector<NamedDrive>& named) {
   if (named.empty()) return std::make_unique<LinuxFiles>();
