@@ -97,7 +97,9 @@ void Desktop::startRemote() {
   });
 }
 
-void Desktop::raise() {
+void Desktop::raise(const std::string& token) {
+  // Qt takes the token from there.
+  if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
   QWidget* window = frontWindow();
   if (window == nullptr) window = QApplication::activeModalWidget();
   if (window == nullptr) return;
