@@ -65,6 +65,7 @@ void Desktop::bindWindows() {
   Form1& form1 = program_.form1();
   main_ = std::make_unique<FormWindow>(form1, &form1, player_, [&form1] { return form1.comp; });
   splash_ = std::make_unique<FormWindow>(program_.splash(), nullptr, player_, [] { return false; });
+  main_->filesDropped = [this](const std::vector<std::string>& files) { open(requestToOpen(files)); };
   for (FormWindow* window : {main_.get(), splash_.get()}) {
     window->acceptsInput = [this] { return !blocker_.isBlocked(); };
     window->closed = [this, window] { close(window->form()); };
