@@ -4,6 +4,7 @@
 #include <QSessionManager>
 #include <QThread>
 #include <QTimer>
+#include <utility>
 
 #include "desktop/shell/background_work.h"
 #include "desktop/shell/first_paint.h"
