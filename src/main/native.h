@@ -3,6 +3,7 @@
 // Paths and arguments are byte strings, as the platform's files have them.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -11,6 +12,8 @@
 
 #include "platform/file_system_object.h"
 #include "platform/launcher.h"
+#include "platform/shared/folder_owner.h"
+#include "platform/shared/start_message.h"
 
 namespace plimo {
 
@@ -35,6 +38,23 @@ std::string preferredFolder();
 // The system's files; with exactly the named drives if there are any.
 std::unique_ptr<FileSystemObject> nativeFiles(const std::vector<NamedDrive>& named);
 std::unique_ptr<Launcher> nativeLauncher();
+
+// The right to be the one program that runs in a folder.
+class FolderOwnership {
+ public:
+  FolderOwnership() = default;
+  FolderOwnership(const FolderOwnership&) = delete;
+  FolderOwnership& operator=(const FolderOwnership&) = delete;
+  virtual ~FolderOwnership() = default;
+  // Takes the right until this object ends, or sends the message to the program that has it and waits for its answer,
+  // at most for `patience`.
+  virtual Claim claim(const StartMessage& message, std::chrono::milliseconds patience) = 0;
+  // Called from the event loop with each message of a later program, which has its answer then.
+  std::function<void(const StartMessage& message)> received;
+};
+
+// For the current folder. Needs the application object.
+std::unique_ptr<FolderOwnership> nativeFolderOwnership();
 
 // While the returned object exists, calls `requested` from the event loop if the system asks the program to end. Needs
 // the application object.

@@ -6,6 +6,7 @@
 
 #include "main/native.h"
 #include "platform/linux/heap.h"
+#include "platform/linux/instance_socket.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/linux_launcher.h"
 #include "platform/linux/termination_signals.h"
@@ -63,6 +64,34 @@ std::unique_ptr<FileSystemObject> nativeFiles(const std::vector<NamedDrive>& nam
 }
 
 std::unique_ptr<Launcher> nativeLauncher() { return std::make_unique<LinuxLauncher>(); }
+
+namespace {
+
+class SocketOwnership : public FolderOwnership {
+ public:
+  Claim claim(const StartMessage& message, std::chrono::milliseconds patience) override {
+    const Claim result = socket_.claim(encoded(message), patience);
+    if (socket_.fd() >= 0) {
+      notifier_.emplace(socket_.fd(), QSocketNotifier::Read);
+      QObject::connect(&*notifier_, &QSocketNotifier::activated, &*notifier_, [this] { take(); });
+    }
+    return result;
+  }
+
+ private:
+  void take() {
+    const auto bytes = socket_.take();
+    // A message of another version of the program still asks for the window.
+    if (bytes && received) received(decodedStartMessage(*bytes).value_or(StartMessage{}));
+  }
+
+  InstanceSocket socket_{"."};
+  std::optional<QSocketNotifier> notifier_;
+};
+
+}  // namespace
+
+std::unique_ptr<FolderOwnership> nativeFolderOwnership() { return std::make_unique<SocketOwnership>(); }
 
 namespace {
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "main/native.h"
+#include "platform/windows/instance_window.h"
 #include "platform/windows/native_path.h"
 #include "platform/windows/process_setup.h"
 #include "platform/windows/windows_files.h"
@@ -120,6 +121,33 @@ std::unique_ptr<FileSystemObject> nativeFiles(const std::vector<NamedDrive>& nam
 }
 
 std::unique_ptr<Launcher> nativeLauncher() { return std::make_unique<WindowsLauncher>(); }
+
+namespace {
+
+class WindowOwnership : public FolderOwnership {
+ public:
+  Claim claim(const StartMessage& message, std::chrono::milliseconds patience) override {
+    window_.received = [this](std::string bytes) {
+      // Later, because the sender waits until this returns.
+      QMetaObject::invokeMethod(
+          &context_, [this, bytes = std::move(bytes)] { take(bytes); }, Qt::QueuedConnection);
+    };
+    return window_.claim(encoded(message), patience);
+  }
+
+ private:
+  void take(const std::string& bytes) {
+    // A message of another version of the program still asks for the window.
+    if (received) received(decodedStartMessage(bytes).value_or(StartMessage{}));
+  }
+
+  QObject context_;
+  InstanceWindow window_{currentFolder()};
+};
+
+}  // namespace
+
+std::unique_ptr<FolderOwnership> nativeFolderOwnership() { return std::make_unique<WindowOwnership>(); }
 
 namespace {
 

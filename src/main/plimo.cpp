@@ -21,6 +21,9 @@
 
 namespace {
 
+// How long the program that runs in the folder already may take to answer.
+constexpr std::chrono::seconds patienceWithOther(5);
+
 struct Options {
   std::string folder;  // empty: the current one
   std::vector<plimo::NamedDrive> drives;
@@ -91,8 +94,9 @@ std::optional<int> readOptions(const std::vector<std::string>& words, Options& o
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Sort MP3 files by artist, build playlists and play them."));
   parser.addOptions({folder, drive, help, version});
-  parser.addPositionalArgument(QStringLiteral("playlist"), QStringLiteral("A playlist to be opened at start."),
-                               QStringLiteral("[PLAYLIST.m3u]"));
+  parser.addPositionalArgument(QStringLiteral("playlist"),
+                               QStringLiteral("A playlist to be opened; of several files, the first playlist."),
+                               QStringLiteral("[PLAYLIST.m3u...]"));
 
   QStringList arguments;
   for (const std::string& word : words) arguments << argumentOf(word.c_str());
@@ -117,10 +121,9 @@ std::optional<int> readOptions(const std::vector<std::string>& words, Options& o
       return fail(QStringLiteral("The value of '--%1' is missing.").arg(option->names().constFirst()));
     }
   }
-  if (const QStringList others = parser.positionalArguments(); !others.isEmpty()) {
-    if (others.size() > 1) return fail(QStringLiteral("Unexpected argument '%1'.").arg(others.at(1)));
-    options.open.file = plimo::fullPath(bytesOf(others.constFirst()));
-  }
+  std::vector<std::string> files;
+  for (const QString& file : parser.positionalArguments()) files.push_back(plimo::fullPath(bytesOf(file)));
+  options.open = plimo::requestToOpen(files);
   for (const QString& value : parser.values(drive)) {
     std::string reason;
     const auto named = driveOf(bytesOf(value), reason);
@@ -140,6 +143,8 @@ int main(int count, char** words) {
   Options options;
   // Before the application object: --help and --version need no display.
   if (const auto status = readOptions(plimo::commandLine(count, words), options)) return *status;
+  // Qt removes it from the environment when it is used.
+  const std::string activationToken = qgetenv("XDG_ACTIVATION_TOKEN").toStdString();
   QApplication application(count, words);
   std::setlocale(LC_NUMERIC, "C");  // libmpv reads and writes numbers
   QApplication::setApplicationName(QString::fromUtf8(plimo::programName));
@@ -153,6 +158,19 @@ int main(int count, char** words) {
     QMessageBox::critical(nullptr, QString::fromUtf8(plimo::programName), plimo::qstring(reason));
     return 1;
   }
+  // Two programs in one folder would overwrite each other's catalogue and settings.
+  const auto ownership = plimo::nativeFolderOwnership();
+  const plimo::StartMessage message{activationToken, options.open.file, options.open.others};
+  switch (ownership->claim(message, patienceWithOther)) {
+    case plimo::Claim::granted:
+      break;
+    case plimo::Claim::handedOver:
+      return 0;
+    case plimo::Claim::noAnswer:
+      if (!plimo::DesktopDialogs::askToStartBesideAnother()) return 1;
+      ownership->claim(message, std::chrono::milliseconds(0));  // the other one may have ended meanwhile
+  }
+
   plimo::ResponsiveFiles files(plimo::nativeFiles(options.drives));
   const auto launcher = plimo::nativeLauncher();
   for (;;) {
@@ -160,7 +178,12 @@ int main(int count, char** words) {
     files.waiting = [&desktop](std::chrono::milliseconds since) { return desktop.waitForDisk(since); };
     files.waited = [&desktop] { desktop.diskAnswered(); };
     const auto watch = plimo::onTerminationRequest([&desktop] { desktop.requestEnd(); });
+    ownership->received = [&desktop](const plimo::StartMessage& start) {
+      desktop.raise(start.token);
+      desktop.open({start.file, start.others});
+    };
     const int status = desktop.run();
+    ownership->received = nullptr;
     files.waiting = nullptr;
     files.waited = nullptr;
     if (!desktop.startsAnew()) return status;

@@ -21,6 +21,6 @@ class Installed(WindowTestCase):
         os.chdir(person)
         environment = {"HOME": str(person), "XDG_DATA_HOME": str(self.home / "data-home")}
         self.program = Program(str(prefix / "bin" / "plimo"), "--drive", f"C={self.collection}", environment=environment)
-        self.program.find("Ok!")
+        self.program.find("Accept")
         self.assertEqual((self.home / "data-home" / "plimo").is_dir(), True)
         self.assertEqual(list(person.iterdir()), [])

@@ -70,14 +70,15 @@ class Shown(RemoteTestCase):
         interfaces = self.remote().introspect()
         root, player = interfaces[ROOT], interfaces[PLAYER]
         self.assertEqual({method.name for method in root.methods}, {"Raise", "Quit"})
-        arguments = {method.name: "".join(argument.signature for argument in method.in_args) for method in player.methods}
+        signature = lambda method: "".join(argument.signature for argument in method.in_args)
+        arguments = {method.name: signature(method) for method in player.methods}
         self.assertEqual(arguments, {"Next": "", "Previous": "", "Pause": "", "PlayPause": "", "Stop": "", "Play": "",
                                      "Seek": "x", "SetPosition": "ox", "OpenUri": "s"})
         self.assertEqual([(signal.name, signal.args[0].signature) for signal in player.signals], [("Seeked", "x")])
         self.assertEqual({name.name: name.signature for name in player.properties},
-                         {"PlaybackStatus": "s", "Rate": "d", "MinimumRate": "d", "MaximumRate": "d", "Metadata": "a{sv}",
-                          "Volume": "d", "Position": "x", "CanGoNext": "b", "CanGoPrevious": "b", "CanPlay": "b",
-                          "CanPause": "b", "CanSeek": "b", "CanControl": "b"})
+                         {"PlaybackStatus": "s", "Rate": "d", "MinimumRate": "d", "MaximumRate": "d",
+                          "Metadata": "a{sv}", "Volume": "d", "Position": "x", "CanGoNext": "b", "CanGoPrevious": "b",
+                          "CanPlay": "b", "CanPause": "b", "CanSeek": "b", "CanControl": "b"})
 
     def test_nothing_is_playing_at_first(self):
         self.start_with_songs()

@@ -5,6 +5,7 @@
 #include <QSessionManager>
 #include <QThread>
 #include <QTimer>
+#include <utility>
 
 #include "desktop/shell/background_work.h"
 #include "desktop/shell/first_paint.h"
@@ -67,6 +68,7 @@ void Desktop::bindWindows() {
   Form1& form1 = program_.form1();
   main_ = std::make_unique<FormWindow>(form1, &form1, player_, [&form1] { return form1.comp; });
   splash_ = std::make_unique<FormWindow>(program_.splash(), nullptr, player_, [] { return false; });
+  main_->filesDropped = [this](const std::vector<std::string>& files) { open(requestToOpen(files)); };
   for (FormWindow* window : {main_.get(), splash_.get()}) {
     window->acceptsInput = [this] { return !blocker_.isBlocked(); };
     window->confirm = [this](const std::string& question) {
@@ -102,7 +104,9 @@ void Desktop::startRemote() {
   });
 }
 
-void Desktop::raise() {
+void Desktop::raise(const std::string& token) {
+  // Qt takes the token from there.
+  if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
   QWidget* window = frontWindow();
   if (window == nullptr) window = QApplication::activeModalWidget();
   if (window == nullptr) return;

@@ -30,8 +30,9 @@ class Desktop : public FormHost {
   // True if the start-up has failed and the user wants to start again: create a new Desktop and run it.
   bool startsAnew() const { return program_.startsAnew(); }
 
-  // Shows the window, and the box that is open, in front of other programs' windows.
-  void raise();
+  // Shows the window, and the box that is open, in front of other programs' windows. Some desktops want a token by
+  // which the program that the user has started permits it (the XDG activation protocol of Wayland); empty: none.
+  void raise(const std::string& token = {});
   // Opens a file: at once, or as soon as the running command has ended and the open panel is closed. A later request
   // replaces one that waits. Returns at once.
   void open(OpenRequest request);

@@ -151,6 +151,21 @@ void DesktopDialogs::silence() {
   if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget())) box->reject();
 }
 
+bool DesktopDialogs::askToStartBesideAnother() {
+  Box box(nullptr, QMessageBox::Warning, "Plimo! is running in this folder already, and does not answer.",
+          QMessageBox::NoButton);
+  box.addDetails(
+      "It may be waiting for a disk. If you start another one, each of them replaces the settings and the catalogue "
+      "that "
+      "the other one has written.");
+  QPushButton* quit = box.addButton(QStringLiteral("Quit"), QMessageBox::RejectRole);
+  const QPushButton* start = box.addButton(QStringLiteral("Start nevertheless"), QMessageBox::AcceptRole);
+  box.setDefaultButton(quit);
+  box.setEscapeButton(quit);
+  box.exec();
+  return box.clickedButton() == start;
+}
+
 void DesktopDialogs::message(const std::string& text) {
   if (silent_) return;
   Box box(prepare(), QMessageBox::NoIcon, text, QMessageBox::Ok);

@@ -20,6 +20,9 @@ class DesktopDialogs : public Dialogs {
   // Closes the box that is open, if there is one, and shows no more of them, not even messages.
   void silence();
 
+  // Asked at start if a program that runs in the folder already does not answer. True: start nevertheless.
+  static bool askToStartBesideAnother();
+
   void message(const std::string& text) override;
   bool repeatedMessage(const std::string& text) override;
   bool ask(const Question& question) override;

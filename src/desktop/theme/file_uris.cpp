@@ -1,6 +1,8 @@
 #include "desktop/theme/file_uris.h"
 
 #include <QDir>
+#include <algorithm>
+#include <utility>
 
 namespace plimo {
 

@@ -6,25 +6,38 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QToolButton>
 #include <algorithm>
 
 #include "desktop/binders/bind_menus.h"
 #include "desktop/binders/bind_timer.h"
+#include "desktop/theme/file_uris.h"
 #include "desktop/theme/strings.h"
 #include "desktop/widgets/list_view.h"
 #include "desktop/widgets/status_line.h"
 #include "desktop/window/form_canvas.h"
+#include "playlists/m3u.h"
 #include "window/form1_controls.h"
 
 namespace plimo {
+
+namespace {
+
+// Not by the toolkit's addresses, which do not keep the bytes of every name.
+std::vector<std::string> draggedFiles(const QDropEvent& event) {
+  return pathsOfUriList(event.mimeData()->data(QStringLiteral("text/uri-list")));
+}
+
+}  // namespace
 
 FormWindow::FormWindow(Form& form, Form1Controls* controls, PlaylistPlayer& player, std::function<bool()> compact)
     : form_(form), controls_(controls), player_(player), compact_(std::move(compact)), panels_(form) {
   setObjectName(qstring(form.name()));
   setWindowTitle(shownText(form.caption()));
   setMouseTracking(true);
+  setAcceptDrops(true);
   menus_ = std::make_unique<BoundMenus>(form, *this);
   menuBar_ = menus_->bar();
   canvas_ = new FormCanvas(controls);
@@ -199,6 +212,20 @@ void FormWindow::showStatus() {
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   closed();
+}
+
+void FormWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!filesDropped || !acceptsInput()) return;
+  const std::vector<std::string> files = draggedFiles(*event);
+  if (std::none_of(files.begin(), files.end(), isPlaylistFile)) return;
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+}
+
+void FormWindow::dropEvent(QDropEvent* event) {
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  filesDropped(draggedFiles(*event));
 }
 
 void FormWindow::popUp(Menu& menu) {

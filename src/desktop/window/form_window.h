@@ -65,12 +65,17 @@ class FormWindow : public QWidget {
   std::function<bool(const std::string& question)> confirm = [](const std::string&) { return true; };
   // The user closes the window, at any time. It stays until the form is unloaded.
   std::function<void()> closed = [this] { form_.userClose(); };
+  // The user has dropped files of another program on the window, at least one of them a playlist. Absolute paths.
+  // Without this function nothing can be dropped. The other program waits until it returns.
+  std::function<void(const std::vector<std::string>& files)> filesDropped;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 

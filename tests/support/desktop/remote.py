@@ -38,13 +38,14 @@ class Remote:
             self.signals.append((name, values.unpack()))
 
     def names(self):
-        answer = self.bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "ListNames",
-                                    None, None, Gio.DBusCallFlags.NONE, 5000, None)
+        bus = "org.freedesktop.DBus"
+        answer = self.bus.call_sync(bus, "/org/freedesktop/DBus", bus, "ListNames", None, None,
+                                    Gio.DBusCallFlags.NONE, 5000, None)
         return answer.unpack()[0]
 
     def _call(self, interface, method, arguments=None):
-        answer = self.bus.call_sync(self.name, PATH, interface, method, arguments, None, Gio.DBusCallFlags.NO_AUTO_START,
-                                    5000, None)
+        answer = self.bus.call_sync(self.name, PATH, interface, method, arguments, None,
+                                    Gio.DBusCallFlags.NO_AUTO_START, 5000, None)
         return answer.unpack() if answer is not None else ()
 
     def call(self, method, *arguments, types=""):
