@@ -102,9 +102,11 @@ tour: program
 	@scripts/step "Taking the tour"
 	@/usr/bin/python3 -B -m tests.tour $(ARGS)
 
-bench: build-bench/build.ninja
+# The program for Windows is measured too if it has been built here.
+bench: build-bench/build.ninja $(wildcard build-windows/build.ninja)
 	@scripts/step "Building the benchmarks"
 	@cmake --build --preset bench
+	@[ ! -e build-windows/build.ninja ] || cmake --build --preset windows-bench
 	@scripts/step "Measuring"
 	@bench/run build-bench/bin
 
