@@ -110,8 +110,17 @@ class Story(WindowsTestCase):
         large = p.size()
         p.choose("alt+v", "c", lambda: p.size()[0] < large[0] * 3 / 4 and p.size()[1] < large[1] / 2,
                  "the compact view")
+        wait(self.player_fills_window, "the player to fill the window", DEADLINE)
         self.take_picture("compact")
         p.choose("alt+v", "l", lambda: p.size() == large, "the large view")
+
+    def player_fills_window(self):
+        """Whether the line around the player is at the right and at the lower edge of the window."""
+        left, top, width, height = self.program.area()
+        right = screen.pixels((left + width - 1, top + height - 40, 1, 1))
+        lower = screen.pixels((left + 40, top + height - 1, 1, 1))
+        inside = screen.pixels((left + width - 10, top + height - 40, 1, 1))
+        return right == lower != inside
 
     def test_what_is_closed_ends_with_status_0_and_starts_again(self):
         p = self.start_with_lists()
