@@ -11,3 +11,7 @@ foreach(file IN LISTS window_tests)
                   PLIMO_PACKAGES=${PROJECT_BINARY_DIR} WINEPREFIX=${PROJECT_BINARY_DIR}/wine)
   set_tests_properties(window.${name} PROPERTIES TIMEOUT 300 RUN_SERIAL TRUE ENVIRONMENT "${environment}")
 endforeach()
+
+# A program that the tests start.
+add_executable(plimo-test-app-command windows/app_command/main.cpp)
+target_link_libraries(plimo-test-app-command PRIVATE plimo_options)

@@ -58,9 +58,10 @@ class WindowsTestCase(unittest.TestCase):
         return "C:\\" + str(relative).replace("/", "\\")
 
     def add_songs(self, seconds=0.2):
+        """Writes the songs of ARTISTS, all of one length or each of that which a function returns for its title."""
         for artist, titles in ARTISTS.items():
             for title in titles:
-                songs.write_song(self.song(artist, title), seconds)
+                songs.write_song(self.song(artist, title), seconds(title) if callable(seconds) else seconds)
 
     def song(self, artist, title):
         return self.collection / f"{artist} - {title}.mp3"
