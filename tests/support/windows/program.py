@@ -11,10 +11,10 @@ import subprocess
 import time
 
 from tests.support.desktop import screen
+from tests.support.desktop.program_test_case import ROOT
 from tests.support.desktop.waiting import wait
 from tests.support.windows import places
 
-ROOT = pathlib.Path(__file__).resolve().parents[3]
 WITH_WINE = str(ROOT / "scripts" / "with-wine")
 DEADLINE = 30.0  # seconds; a busy computer may be slow
 PATIENCE = 3.0   # seconds until something is done again, which doubles each time
