@@ -1,6 +1,7 @@
 """The base of the window tests for Windows: folders in the Windows of the tests, and a screenshot of a failure."""
 import os
 import pathlib
+import re
 import shutil
 import tempfile
 
@@ -80,6 +81,11 @@ class WindowsTestCase(ProgramTestCase):
         """Adds the current song to the final playlist, which has this many then."""
         p = self.program
         p.act(lambda: screen.key("space"), lambda: p.rows("final") == count, f"song {count} of the final playlist")
+
+    def elapsed(self):
+        """The seconds played of the current song, as the title shows them; 0 before it does."""
+        found = re.search(r"Elapsed Time : (\d+) : (\d+)", self.program.title())
+        return int(found[1]) * 60 + int(found[2]) if found else 0
 
     def assert_file(self, path, content):
         """Waits until a file has this content."""
