@@ -6,7 +6,7 @@
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
 .PHONY: help build program run test tour bench lint asan kill powercut fuzz monkey tsan package windows windows-test \
-        setup clean
+        windows-pictures setup clean
 
 # The start in seconds since 1970: each progress line shows the time since then.
 ifndef PLIMO_STARTED
@@ -70,8 +70,8 @@ needs += $(if $(filter kill powercut,$(MAKECMDGOALS)),test kill)
 needs += $(if $(filter tour $(scene),$(MAKECMDGOALS)),display tour)
 needs += $(if $(filter bench,$(MAKECMDGOALS)),display bench)
 needs += $(if $(filter lint,$(MAKECMDGOALS)),lint)
-needs += $(if $(filter windows windows-test,$(MAKECMDGOALS)),windows)
-needs += $(if $(filter windows-test,$(MAKECMDGOALS)),display)
+needs += $(if $(filter windows windows-test windows-pictures,$(MAKECMDGOALS)),windows)
+needs += $(if $(filter windows-test windows-pictures,$(MAKECMDGOALS)),display)
 needs += $(if $(filter package,$(MAKECMDGOALS)),package)
 
 setup:
@@ -102,9 +102,11 @@ tour: program
 	@scripts/step "Taking the tour"
 	@/usr/bin/python3 -B -m tests.tour $(ARGS)
 
-bench: build-bench/build.ninja
+# The program for Windows is measured too if it has been built here.
+bench: build-bench/build.ninja $(wildcard build-windows/build.ninja)
 	@scripts/step "Building the benchmarks"
 	@cmake --build --preset bench
+	@[ ! -e build-windows/build.ninja ] || cmake --build --preset windows-bench
 	@scripts/step "Measuring"
 	@bench/run build-bench/bin
 
@@ -162,6 +164,9 @@ windows: build-windows/build.ninja
 
 windows-test: windows
 	@scripts/test build-windows
+
+windows-pictures: windows
+	@scripts/windows-pictures build-windows
 
 clean:
 	@rm -rf build build-*

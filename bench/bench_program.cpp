@@ -37,7 +37,7 @@ void BenchDialogs::report(const RuntimeError& error) {
 }
 
 std::unique_ptr<FileReplacement> BenchFiles::replaceFile(std::string_view path, Force force) {
-  auto file = LinuxFiles::replaceFile(path, force);
+  auto file = SystemFiles::replaceFile(path, force);
   if (!catalogueWritten || fileName(path) != catalogueName) return file;
   return std::make_unique<ObservedReplacement>(std::move(file), catalogueWritten);
 }

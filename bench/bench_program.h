@@ -7,11 +7,11 @@
 #include <string_view>
 
 #include "app/program.h"
-#include "platform/linux/linux_files.h"
 #include "platform/memory/fake_launcher.h"
 #include "platform/memory/fake_player.h"
 #include "support/quiet_progress.h"
 #include "support/test_dialogs.h"
+#include "system.h"
 
 namespace plimo::bench {
 
@@ -22,9 +22,9 @@ class BenchDialogs : public TestDialogs {
 };
 
 // Real files that report when the catalogue has been written.
-class BenchFiles : public LinuxFiles {
+class BenchFiles : public SystemFiles {
  public:
-  using LinuxFiles::LinuxFiles;
+  using SystemFiles::SystemFiles;
   std::unique_ptr<FileReplacement> replaceFile(std::string_view path, Force force) override;
 
   std::function<void()> catalogueWritten;
@@ -37,7 +37,7 @@ void writeSettings(bool scanAtStart);
 class BenchProgram {
  public:
   // Ends the process if the program does not start. `catalogueWritten` is called after each write of the catalogue.
-  explicit BenchProgram(const std::string& music = "/srv", std::function<void()> catalogueWritten = {});
+  explicit BenchProgram(const std::string& music = driveRoot, std::function<void()> catalogueWritten = {});
 
   Form1& form() { return program_.form1(); }
   TestDialogs& dialogs() { return dialogs_; }

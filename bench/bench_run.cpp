@@ -5,9 +5,9 @@
 
 #include "bench_program.h"
 #include "commands.h"
-#include "platform/linux/heap.h"
-#include "process_memory.h"
+#include "process_usage.h"
 #include "stopwatch.h"
+#include "system.h"
 
 namespace {
 
@@ -49,7 +49,7 @@ void measure(const Command& command, std::size_t songs) {
 }  // namespace
 
 int main(int count, char** arguments) {
-  plimo::keepFreedMemory();
+  prepareProcess();
   const std::vector<std::string> words(arguments + 1, arguments + count);
   const std::string name = words.empty() ? "" : words[0];
   const Command* command = findCommand(name);

@@ -10,12 +10,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/heap.h"
-#include "platform/linux/linux_files.h"
-#include "process_memory.h"
+#include "process_usage.h"
 #include "stopwatch.h"
 #include "support/window/list_commands.h"
 #include "support/window/progress_commands.h"
+#include "system.h"
 
 namespace {
 
@@ -122,7 +121,7 @@ void progressCommands(std::size_t songs, std::size_t bytes, const std::string& f
 }  // namespace
 
 int main(int count, char** arguments) {
-  plimo::keepFreedMemory();
+  bench::prepareProcess();
   QApplication application(count, arguments);
   std::setlocale(LC_NUMERIC, "C");  // required by libmpv
   const std::vector<std::string> words(arguments + 1, arguments + count);

@@ -11,8 +11,8 @@
 
 #include "bench_program.h"
 #include "commands.h"
-#include "platform/linux/heap.h"
 #include "stopwatch.h"
+#include "system.h"
 
 namespace {
 
@@ -56,7 +56,7 @@ void run(benchmark::State& state, ProgramCache& programs, const Command& command
 }  // namespace
 
 int main(int count, char** arguments) {
-  plimo::keepFreedMemory();
+  prepareProcess();
   benchmark::Initialize(&count, arguments);
   if (count != 2) {
     std::fputs("usage: plimo-benchmarks [BENCHMARK_OPTION...] FOLDER\n", stderr);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "support/sample_library.h"
+#include "system.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ void make(const std::vector<std::string>& words) {
   if (words[0] == "tree") {
     createTree(library, words[1]);
   } else {
-    writeCatalogue(library, "/srv/music", words[1]);
+    writeCatalogue(library, plimo::bench::catalogueRoot, words[1]);
   }
 }
 

@@ -2,7 +2,8 @@
 #pragma once
 
 #include <chrono>
-#include <ctime>
+
+#include "process_usage.h"
 
 namespace plimo::bench {
 
@@ -15,13 +16,13 @@ struct Elapsed {
 class Stopwatch {
  public:
   Elapsed elapsed() const {
-    const double cpu = static_cast<double>(std::clock() - cpu_) / CLOCKS_PER_SEC;
+    const double cpu = processorTime() - cpu_;
     return {std::chrono::duration<double>(std::chrono::steady_clock::now() - wall_).count(), cpu};
   }
 
  private:
   std::chrono::steady_clock::time_point wall_ = std::chrono::steady_clock::now();
-  std::clock_t cpu_ = std::clock();
+  double cpu_ = processorTime();
 };
 
 }  // namespace plimo::bench

@@ -19,7 +19,7 @@
 #include "catalogue/distinct_artists.h"
 #include "catalogue/path_arena.h"
 #include "platform/linux/linux_files.h"
-#include "process_memory.h"
+#include "process_usage.h"
 
 namespace {
 

@@ -27,7 +27,7 @@ class FilesTestCase(WindowTestCase):
         wait(lambda: p.list("Scratch playlist").count() >= 5, "songs")
         return p
 
-    def song(self, title):
+    def alder(self, title):
         return self.collection / f"Alder - {title}.mp3"
 
     def titles_on_disk(self):
@@ -115,14 +115,14 @@ class Deleting(FilesTestCase):
 
     def test_a_failed_deletion_is_reported_and_ends_the_command(self):
         p = self.start_with_scratch_playlist()
-        self.song("Birch").unlink()
+        self.alder("Birch").unlink()
         self.choose_from_menu("Birch", "Delete Selected")
         self.assert_answer(DELETE_SELECTED, "Yes")
         self.assert_answer("The File(s) could not be deleted due to some mysterical problem!", "OK")
         self.assert_answer(SCAN_AFTER_DELETING, "No")
-        self.song("Cedar").unlink()
-        self.song("Cedar").mkdir()  # nobody, not even a superuser, deletes a folder as if it were a file
-        songs.write_song(self.song("Birch"))
+        self.alder("Cedar").unlink()
+        self.alder("Cedar").mkdir()  # nobody, not even a superuser, deletes a folder as if it were a file
+        songs.write_song(self.alder("Birch"))
         p.press("Show the song commands")
         p.press("Delete All")
         self.assert_answer(DELETE_ALL, "Yes")
@@ -141,15 +141,15 @@ class Renaming(FilesTestCase):
 
     def test_a_song_is_renamed_and_leaves_the_scratch_playlist(self):
         self.start_with_scratch_playlist()
-        before = self.song("Birch").read_bytes()
+        before = self.alder("Birch").read_bytes()
         proposed = self.ask_for_a_name("Birch")
         self.assertEqual(proposed, "Alder - Birch")
         screen.type_text("Alder - White, \"Birch\"")
         screen.key("Return")
         self.assert_answer(SCAN_AFTER_RENAMING, "No")
         self.assert_no_message()
-        self.assertFalse(self.song("Birch").exists(), "the old file is still there")
-        self.assertEqual(self.song('White, "Birch"').read_bytes(), before)
+        self.assertFalse(self.alder("Birch").exists(), "the old file is still there")
+        self.assertEqual(self.alder('White, "Birch"').read_bytes(), before)
         self.assert_rows("Scratch playlist", [" Ash", " Cedar", " Damson", " Elm"])
         self.assert_current("Scratch playlist", " Cedar")
 
@@ -188,20 +188,20 @@ class Renaming(FilesTestCase):
 
     def test_a_renaming_to_the_name_of_another_song_replaces_it(self):
         self.start_with_scratch_playlist()
-        self.song("Birch").write_bytes(b"birch")
+        self.alder("Birch").write_bytes(b"birch")
         self.ask_for_a_name("Birch")
         screen.type_text("Alder - Elm")
         screen.key("Return")
         self.assert_answer(SCAN_AFTER_RENAMING, "No")
         self.assertEqual(self.titles_on_disk(), [" Ash", " Cedar", " Damson", " Elm"])
-        self.assertEqual(self.song("Elm").read_bytes(), b"birch")
+        self.assertEqual(self.alder("Elm").read_bytes(), b"birch")
 
     def test_a_failed_renaming_is_reported(self):
         p = self.start_with_scratch_playlist()
         taken = self.collection / "Alder - Folder.mp3"
         taken.mkdir()
         failures = (("Alder - Folder", "70", "Permission denied", str(taken)),
-                    ("Alder - Birch", "70", "Permission denied", str(self.song("Birch"))),
+                    ("Alder - Birch", "70", "Permission denied", str(self.alder("Birch"))),
                     ("Elsewhere/Birch", "52", "Bad file name or number", "Elsewhere/Birch"))
         for name, number, description, path in failures:
             self.ask_for_a_name("Birch")
@@ -210,7 +210,7 @@ class Renaming(FilesTestCase):
             p.wait_until_gone("Rename", "dialog")
             self.assert_answer(f"Run-time error '{number}':\n\n{description}\n{path}", "OK")
             self.assert_no_message()
-            self.assertTrue(self.song("Birch").exists(), f"the song was removed after {name!r}")
+            self.assertTrue(self.alder("Birch").exists(), f"the song was removed after {name!r}")
             self.assertEqual(p.list("Scratch playlist").rows(), ALDER)
 
 
@@ -218,8 +218,8 @@ class Copying(FilesTestCase):
     def test_songs_are_copied_to_the_folder_that_was_entered(self):
         (self.stick / "Autumn").mkdir()
         p = self.start_with_scratch_playlist()
-        self.song("Damson").chmod(0o640)
-        os.utime(self.song("Damson"), ns=(10**18, 10**18 + 123456789))
+        self.alder("Damson").chmod(0o640)
+        os.utime(self.alder("Damson"), ns=(10**18, 10**18 + 123456789))
         p.click_row("Scratch playlist", "Birch")
         with screen.holding("ctrl"):
             p.click_row("Scratch playlist", "Damson")
@@ -228,7 +228,7 @@ class Copying(FilesTestCase):
         p.wait_until_gone("Copy Files to ..", "panel")
         self.assertEqual(sorted(os.listdir(self.stick / "Autumn")), ["Alder - Birch.mp3", "Alder - Damson.mp3"])
         for title in ("Birch", "Damson"):
-            song, copy = self.song(title), self.stick / "Autumn" / f"Alder - {title}.mp3"
+            song, copy = self.alder(title), self.stick / "Autumn" / f"Alder - {title}.mp3"
             self.assertEqual(copy.read_bytes(), song.read_bytes())
             self.assertEqual(copy.stat().st_mtime_ns, song.stat().st_mtime_ns)
             self.assertEqual(copy.stat().st_mode, song.stat().st_mode)
@@ -247,7 +247,7 @@ class Copying(FilesTestCase):
         self.assert_answer("This file Alder - Birch.mp3 is already present in the destination folder!", "OK")
         p.wait_until_gone("Copy Files to ..", "panel")
         self.assertEqual(existing.read_bytes(), b"there first")
-        self.assertEqual((self.stick / "Alder - Cedar.mp3").read_bytes(), self.song("Cedar").read_bytes())
+        self.assertEqual((self.stick / "Alder - Cedar.mp3").read_bytes(), self.alder("Cedar").read_bytes())
 
     def test_a_cancelled_copy_copies_nothing(self):
         p = self.start_with_scratch_playlist()
@@ -265,7 +265,7 @@ class SlowDisk(FilesTestCase):
     def begin_a_long_copy(self, megabytes):
         """Starts to copy a small and a large song. The program, the button, and the progress panel."""
         p = self.start_with_scratch_playlist(*SLOW_DISK)
-        songs.enlarge(self.song("Birch"), megabytes)
+        songs.enlarge(self.alder("Birch"), megabytes)
         p.click_row("Scratch playlist", "Ash")
         screen.key("shift+Down")
         self.open_copy_panel()
@@ -291,14 +291,14 @@ class SlowDisk(FilesTestCase):
         self.assertGreaterEqual(len(pictures), 3, "the window is not painted during the copy")
         self.assertFalse(copy.exists(), "the copy is too fast to be watched")
         wait(copy.exists, "the copy")
-        self.assertTrue(filecmp.cmp(copy, self.song("Birch"), shallow=False), "the copy has another content")
+        self.assertTrue(filecmp.cmp(copy, self.alder("Birch"), shallow=False), "the copy has another content")
         p.wait_until_gone("Copy Files to ..", "panel")
         self.assertEqual(button.name, "Start Copying")
         self.assert_becomes(p.list("Scratch playlist").selected, [" Ash", " Birch"], "the selected rows")
 
     def test_a_program_killed_during_a_copy_leaves_no_partial_song(self):
         p, _, _ = self.begin_a_long_copy(50)
-        original = hashlib.sha256(self.song("Birch").read_bytes()).digest()
+        original = hashlib.sha256(self.alder("Birch").read_bytes()).digest()
 
         def copies():
             return [path.name for path in self.stick.glob("*.mp3")]
@@ -307,7 +307,7 @@ class SlowDisk(FilesTestCase):
         p.process.kill()
         p.process.wait()
         self.assertEqual(copies(), ["Alder - Ash.mp3"])
-        self.assertEqual(hashlib.sha256(self.song("Birch").read_bytes()).digest(), original)
+        self.assertEqual(hashlib.sha256(self.alder("Birch").read_bytes()).digest(), original)
         p.close()
         p = self.start()
         self.assert_rows("Artists", ["ALDER", "BEECH", "CYPRESS"])

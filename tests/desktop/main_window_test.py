@@ -60,7 +60,10 @@ class Views(WindowTestCase):
         p.wait_until_gone("Artists", "list")
         player = p.find("Player")
         window = p.find("Plimo!", "frame")
-        wait(lambda: abs(window.rect[2] - player.rect[2] * 41 / 40) < 12, "the window to be as wide as the player")
+        wait(lambda: window.rect[2] < screen.size()[0] * 3 / 4, "a small window")
+        wait(lambda: player.rect[2] == window.rect[2], "the player to be as wide as the window")
+        bar = p.find(None, "menu bar").rect
+        wait(lambda: bar[3] + player.rect[3] == window.rect[3], "the player to be as high as the rest of the window")
         p.choose("View", "Large")
         self.assert_becomes(lambda: p.list("Final playlist").count(), 5, "songs in the final playlist")
         wait(lambda: p.find("Plimo!", "frame").rect[2] == screen.size()[0], "the whole screen")

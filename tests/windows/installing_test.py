@@ -5,10 +5,11 @@ import subprocess
 import unittest
 import zipfile
 
+from tests.support.desktop.program_test_case import ROOT
 from tests.support.desktop.waiting import wait
 from tests.support.windows import places, program
 from tests.support.windows.program import DEADLINE, WindowsProgram, wine
-from tests.support.windows.test_case import ROOT, WindowsTestCase
+from tests.support.windows.test_case import WindowsTestCase
 
 PACKAGES = pathlib.Path(os.environ.get("PLIMO_PACKAGES", ROOT / "build-windows"))
 UNINSTALL = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Plimo"

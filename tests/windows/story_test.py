@@ -1,6 +1,5 @@
 """The program for Windows: from the first run to a playlist that plays."""
 import os
-import re
 
 from tests.support.desktop import screen
 from tests.support.desktop.settings_file import settings
@@ -100,18 +99,22 @@ class Story(WindowsTestCase):
         p.click(((left + right) // 2, places.SEEK_HEIGHT), lambda: 40 < self.elapsed() < 90, "the middle of the song")
         p.click(places.NEXT_SONG, lambda: 1 <= self.elapsed() < 20, "the next song")
 
-    def elapsed(self):
-        """The seconds played of the current song, as the title shows them; 0 before it does."""
-        found = re.search(r"Elapsed Time : (\d+) : (\d+)", self.program.title())
-        return int(found[1]) * 60 + int(found[2]) if found else 0
-
     def test_the_compact_view_is_small_and_the_large_one_fills_the_screen(self):
         p = self.start_with_lists()
         large = p.size()
         p.choose("alt+v", "c", lambda: p.size()[0] < large[0] * 3 / 4 and p.size()[1] < large[1] / 2,
                  "the compact view")
+        wait(self.player_fills_window, "the player to fill the window", DEADLINE)
         self.take_picture("compact")
         p.choose("alt+v", "l", lambda: p.size() == large, "the large view")
+
+    def player_fills_window(self):
+        """Whether the line around the player is at the right and at the lower edge of the window."""
+        left, top, width, height = self.program.area()
+        right = screen.pixels((left + width - 1, top + height - 40, 1, 1))
+        lower = screen.pixels((left + 40, top + height - 1, 1, 1))
+        inside = screen.pixels((left + width - 10, top + height - 40, 1, 1))
+        return right == lower != inside
 
     def test_what_is_closed_ends_with_status_0_and_starts_again(self):
         p = self.start_with_lists()

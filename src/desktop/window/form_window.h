@@ -97,6 +97,7 @@ class FormWindow : public QWidget {
   void resized();
   void fitFonts();
   void layOut();
+  void placePlayer();
   void reportSize();
   int statusHeight() const;  // pixels; 0 if the window shows no status
 

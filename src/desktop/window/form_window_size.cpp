@@ -117,9 +117,19 @@ void FormWindow::layOut() {
   placeFindButton();
   const int footHeight = statusHeight();
   canvas_->setGeometry(0, barHeight, width(), height() - barHeight - footHeight);
+  placePlayer();
   if (status_ == nullptr) return;
   status_->setVisible(footHeight > 0);
   status_->setGeometry(0, height() - footHeight, width(), footHeight);
+}
+
+// In the compact view the player fills the window. Its control is a little smaller, and keeps its size.
+void FormWindow::placePlayer() {
+  for (const auto& binder : binders_) {
+    const Control& control = binder->control();
+    if (control.kind() != ControlKind::mediaPlayer) continue;
+    binder->widget()->setGeometry(compact_() ? canvas_->rect() : pixelRect(control.geometry()));
+  }
 }
 
 // The line keeps its height while it is empty, so that the controls above it do not move.

@@ -1,20 +1,14 @@
 """The base of the window tests: each test has folders of its own, and leaves a screenshot if it fails."""
-import os
-import pathlib
 import tempfile
-import unittest
 
 from . import screen, songs
 from .program import Program
+from .program_test_case import ProgramTestCase, program_path
 from .settings_file import settings
 from .waiting import wait
 
-ROOT = pathlib.Path(__file__).resolve().parents[3]
-# The program under test, and the folder for the screenshots of failed tests.
-PROGRAM = pathlib.Path(os.environ.get("PLIMO_PROGRAM", ROOT / "build" / "bin" / "plimo")).resolve()
-SCREENSHOTS = pathlib.Path(os.environ.get("PLIMO_TEST_PICTURES", tempfile.gettempdir()))
+PROGRAM = program_path("build/bin/plimo")
 
-ARTISTS = {"Alder": ["Ash", "Birch", "Cedar", "Damson", "Elm"], "Beech": ["Fir", "Gorse"], "Cypress": ["Hazel"]}
 # The rows of the artist ALDER in a playlist.
 ALDER = [" Ash", " Birch", " Cedar", " Damson", " Elm"]
 
@@ -27,47 +21,13 @@ def read_file(path):
         return None
 
 
-class WindowTestCase(unittest.TestCase):
+class WindowTestCase(ProgramTestCase):
     def setUp(self):
         home = tempfile.TemporaryDirectory(prefix="plimo-window-")
         self.addCleanup(home.cleanup)
-        self.home = pathlib.Path(home.name)
-        self.data = self.home / "data"
-        self.collection = self.home / "library"
-        self.stick = self.home / "stick"
-        for folder in (self.data, self.collection, self.stick):
-            folder.mkdir()
-        self.program = None
-        # Cleanups run in reverse order: the screenshot is taken while the program is still on the screen.
-        self.addCleanup(self.close_program)
-        self.addCleanup(self.take_screenshot_of_failure)
-
-    def run(self, result=None):
-        self.result = result if result is not None else self.defaultTestResult()
-        return super().run(self.result)
-
-    def close_program(self):
-        if self.program is not None:
-            self.program.close()
-
-    def take_screenshot_of_failure(self):
-        failed = [getattr(test, "test_case", test) for test, _ in self.result.failures + self.result.errors]
-        if self not in failed:
-            return
-        path = SCREENSHOTS / f"plimo-{self._testMethodName}.png"
-        try:
-            screen.screenshot(path)
-            print(f"\nscreenshot of the failure: {path}", flush=True)
-        except Exception as error:  # the test has failed already, and its report matters more
-            print(f"\nno screenshot of the failure: {error}", flush=True)
+        self.use_folders(home.name)
 
     # --- Starting and using the program ---
-
-    def add_songs(self, artists=None):
-        """Writes tiny songs into the library, by default those of ARTISTS."""
-        for artist, titles in (artists or ARTISTS).items():
-            for title in titles:
-                songs.write_song(self.collection / f"{artist} - {title}.mp3", 0.2)
 
     def start(self, *wrapper, drives=()):
         """Starts the program, by the words of the wrapper command if there are any. Nothing is written before."""

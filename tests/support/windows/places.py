@@ -22,6 +22,7 @@ DRIVE_BOX = (640, 279)
 START_COPYING = (690, 814)
 COPYING = (600, 600)  # inside its list of folders
 # In the player.
+PLAY_BUTTON = (478, 940, 34, 36)
 NEXT_SONG = (588, 958)
 SEEK_BAR = (627, 972)  # its left and right ends
 SEEK_HEIGHT = 958

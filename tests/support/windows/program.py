@@ -6,14 +6,15 @@ names the effect that it must have, and is repeated until that is seen.
 """
 import os
 import pathlib
+import re
 import subprocess
 import time
 
 from tests.support.desktop import screen
+from tests.support.desktop.program_test_case import ROOT
 from tests.support.desktop.waiting import wait
 from tests.support.windows import places
 
-ROOT = pathlib.Path(__file__).resolve().parents[3]
 WITH_WINE = str(ROOT / "scripts" / "with-wine")
 DEADLINE = 30.0  # seconds; a busy computer may be slow
 PATIENCE = 3.0   # seconds until something is done again, which doubles each time
@@ -154,6 +155,12 @@ class WindowsProgram:
         """The width and height of a window, usually the main window."""
         values = self._geometry(window or self.main)
         return values.get("WIDTH", 0), values.get("HEIGHT", 0)
+
+    def area(self):
+        """The main window on the screen, without its frame: left, top, width, height."""
+        text = subprocess.run(["xwininfo", "-id", self.main], capture_output=True, text=True, check=True).stdout
+        names = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
+        return tuple(int(re.search(name + r":\s+(-?\d+)", text)[1]) for name in names)
 
     @staticmethod
     def _geometry(window):

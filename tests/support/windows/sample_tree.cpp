@@ -3,6 +3,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "platform/windows/native_path.h"
 #include "support/sample_library.h"
 
 namespace plimo {
@@ -17,7 +18,7 @@ void createTree(const SampleLibrary& library, const std::string& root) {
       // A double quote cannot be part of a name here.
       std::string name = songFileName(library, song);
       for (char& letter : name) letter = letter == '"' ? '\'' : letter;
-      const std::ofstream file(path / name);
+      const std::ofstream file(path / toWide(name));
       if (!file) throw std::system_error(std::make_error_code(std::errc::io_error), name);
     }
   }

@@ -1,49 +1,28 @@
 """The base of the window tests for Windows: folders in the Windows of the tests, and a screenshot of a failure."""
 import os
 import pathlib
+import re
 import shutil
 import tempfile
-import unittest
 
 from tests.support.desktop import screen, songs
+from tests.support.desktop.program_test_case import ProgramTestCase, program_path
 from tests.support.desktop.settings_file import settings
 from tests.support.desktop.waiting import wait
 from tests.support.windows import places, program
-from tests.support.windows.program import DEADLINE, ROOT, WindowsProgram
+from tests.support.windows.program import DEADLINE, WindowsProgram
 
-PROGRAM = pathlib.Path(os.environ.get("PLIMO_PROGRAM", ROOT / "build-windows" / "bin" / "plimo.exe")).resolve()
-SCREENSHOTS = pathlib.Path(os.environ.get("PLIMO_TEST_PICTURES", tempfile.gettempdir()))
-
-ARTISTS = {"Alder": ["Ash", "Birch", "Cedar", "Damson", "Elm"], "Beech": ["Fir", "Gorse"], "Cypress": ["Hazel"]}
+PROGRAM = program_path("build-windows/bin/plimo.exe")
 
 
-class WindowsTestCase(unittest.TestCase):
+class WindowsTestCase(ProgramTestCase):
+    prefix = "plimo-windows-"
+
     def setUp(self):
         program.wine()  # creates the Windows if it does not exist
-        drive = program.prefix() / "drive_c"
-        self.home = pathlib.Path(tempfile.mkdtemp(prefix="plimo-", dir=drive))
-        self.addCleanup(shutil.rmtree, self.home)
-        self.data, self.collection, self.stick = (self.home / name for name in ("data", "songs", "stick"))
-        for folder in (self.data, self.collection, self.stick):
-            folder.mkdir()
-        self.program = None
-        self.addCleanup(self.close_program)
-        self.addCleanup(self.take_screenshot_of_failure)
-
-    def run(self, result=None):
-        self.result = result if result is not None else self.defaultTestResult()
-        return super().run(self.result)
-
-    def close_program(self):
-        if self.program is not None:
-            self.program.close()
-
-    def take_screenshot_of_failure(self):
-        if self not in [test for test, _ in self.result.failures + self.result.errors]:
-            return
-        path = SCREENSHOTS / f"plimo-windows-{self._testMethodName}.png"
-        screen.screenshot(path)
-        print(f"\nscreenshot of the failure: {path}", flush=True)
+        home = tempfile.mkdtemp(prefix="plimo-", dir=program.prefix() / "drive_c")
+        self.addCleanup(shutil.rmtree, home)
+        self.use_folders(home)
 
     def take_picture(self, name, moving=False):
         """Takes a picture if the tests are asked for pictures; once all is painted, unless something moves."""
@@ -56,14 +35,6 @@ class WindowsTestCase(unittest.TestCase):
         """A path below drive C as Windows has it."""
         relative = pathlib.Path(path).relative_to(program.prefix() / "drive_c")
         return "C:\\" + str(relative).replace("/", "\\")
-
-    def add_songs(self, seconds=0.2):
-        for artist, titles in ARTISTS.items():
-            for title in titles:
-                songs.write_song(self.song(artist, title), seconds)
-
-    def song(self, artist, title):
-        return self.collection / f"{artist} - {title}.mp3"
 
     def catalogue(self, root=None):
         """The catalogue of the collection, whose folder Windows has under the name `root`."""
@@ -86,7 +57,7 @@ class WindowsTestCase(unittest.TestCase):
         (self.data / "plimo.kvx").write_bytes(self.catalogue())
 
     def start_with_lists(self, seconds=0.2):
-        self.add_songs(seconds)
+        self.add_songs(seconds=seconds)
         self.write_state()
         return self.start()
 
@@ -110,6 +81,11 @@ class WindowsTestCase(unittest.TestCase):
         """Adds the current song to the final playlist, which has this many then."""
         p = self.program
         p.act(lambda: screen.key("space"), lambda: p.rows("final") == count, f"song {count} of the final playlist")
+
+    def elapsed(self):
+        """The seconds played of the current song, as the title shows them; 0 before it does."""
+        found = re.search(r"Elapsed Time : (\d+) : (\d+)", self.program.title())
+        return int(found[1]) * 60 + int(found[2]) if found else 0
 
     def assert_file(self, path, content):
         """Waits until a file has this content."""

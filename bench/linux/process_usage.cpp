@@ -1,5 +1,6 @@
-#include "process_memory.h"
+#include "process_usage.h"
 
+#include <ctime>
 #include <fstream>
 #include <string>
 
@@ -22,5 +23,7 @@ long readStatus(const std::string& name) {
 ProcessMemory processMemory() { return {readStatus("VmRSS"), readStatus("VmHWM")}; }
 
 void resetPeakMemory() { std::ofstream("/proc/self/clear_refs") << "5"; }
+
+double processorTime() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
 }  // namespace plimo::bench
