@@ -54,8 +54,6 @@ void Form1::Command13_Click() {
 
 void Form1::Command14_Click() {
   foldArtistStrip();
-  List1.clear();
-  List2.clear();
   display();
 }
 

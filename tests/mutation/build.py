@@ -73,22 +73,31 @@ class MutatedSources:
     def leave_out_failed(self, output):
         """Leaves out the mutants that the compiler complains about. Returns how many."""
         failed = {}
-        in_error = False
-        for problem in PROBLEM.finditer(output):
-            if problem["severity"] != "note":
-                in_error = True
-            elif not in_error:  # a note of an error whose place is known
-                continue
-            name = self.name_of(problem["file"])
-            guilty = self.rewritten[name].guilty(int(problem["line"]), int(problem["column"])) if name else []
-            if guilty:
-                failed.setdefault(name, set()).update(mutant.key() for mutant in guilty)
-                in_error = False
+        for error in self.errors(output):
+            guilty = next(filter(None, (self.mutants_at(place, "around") for place in error)), [])
+            for mutant in guilty or self.mutants_at(error[0], "behind"):
+                failed.setdefault(mutant.file, set()).add(mutant.key())
         for name, keys in failed.items():
             self.left_out[name] |= keys
             self.write(name)
         self.remember()
         return sum(map(len, failed.values()))
+
+    @staticmethod
+    def errors(output):
+        """For each error, its place and those of its notes."""
+        errors = []
+        for problem in PROBLEM.finditer(output):
+            if problem["severity"] != "note":
+                errors.append([])
+            if errors:
+                errors[-1].append((problem["file"], int(problem["line"]), int(problem["column"])))
+        return errors
+
+    def mutants_at(self, place, where):
+        file, line, column = place
+        name = self.name_of(file)
+        return getattr(self.rewritten[name], where)(line, column) if name else []
 
     def name_of(self, file):
         for name in self.found:

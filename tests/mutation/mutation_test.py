@@ -77,14 +77,15 @@ class Mutation(unittest.TestCase):
     def test_what_does_not_compile_is_left_out(self):
         (self.folder / "src").mkdir()
         (self.folder / "src" / "some.cpp").write_text(
-            '#include <string>\nstd::string greet(std::string name) { return "Hello, " + name; }\n', encoding="utf-8")
+            "struct Number {\n  explicit Number(int);\n};\nNumber half(int whole) { return Number(whole / 2); }\n",
+            encoding="utf-8")
         copy = self.folder / "copy"
         copy.mkdir()
         sources = build.MutatedSources(self.folder, copy, ["src/some.cpp"], ["-std=c++20"])
         command = ["c++", "-std=c++20", "-fsyntax-only", copy / "src" / "some.cpp"]
         said = []
         build.build(sources, [[str(word) for word in command]], said.append)
-        self.assertEqual([mutant.change for mutant in sources.all()], ["return {}"])
+        self.assertEqual([mutant.change for mutant in sources.all()], ["/ to *", "2 to 3", "2 to 1"])
         self.assertEqual(said, ["1 mutants do not compile and are left out"])
 
     def test_equal_changes_in_equal_lines_are_counted(self):

@@ -13,16 +13,21 @@ class Rewritten:
     code: bytes
     ranges: list  # (start, end, mutants), in bytes of the code: an error in this range is the fault of these mutants
 
-    def guilty(self, line, column):
-        """The mutants at a position of the code, as compilers count: from 1, in bytes."""
-        starts = [0]
-        for text in self.code.split(b"\n"):
-            starts.append(starts[-1] + len(text) + 1)
-        if line >= len(starts):
-            return []
-        offset = starts[line - 1] + column - 1
-        around = [(end - start, mutants) for start, end, mutants in self.ranges if start <= offset < end]
-        return min(around, key=lambda found: found[0])[1] if around else []
+    def offset(self, line, column):
+        """Of a position as compilers count: from 1, in bytes."""
+        return sum(len(text) + 1 for text in self.code.split(b"\n")[:line - 1]) + column - 1
+
+    def around(self, line, column):
+        """The mutants at a position."""
+        offset = self.offset(line, column)
+        found = [(end - start, mutants) for start, end, mutants in self.ranges if start <= offset < end]
+        return min(found, key=lambda one: one[0])[1] if found else []
+
+    def behind(self, line, column):
+        """The next mutants in the line: a name is reported whose template arguments are wrong."""
+        offset, end_of_line = self.offset(line, column), self.offset(line + 1, 1)
+        found = [(start, -end, mutants) for start, end, mutants in self.ranges if offset <= start < end_of_line]
+        return min(found, key=lambda one: one[:2])[2] if found else []
 
 
 class Writer:
