@@ -1,8 +1,9 @@
 // Runs unit tests and scenarios, with one mutant active at a time or with none.
 //   plimo-mutation-tests --record NUMBERS OUTPUT SCENARIO...
-//     runs all tests without a mutant, and writes for each of them: name, milliseconds, the mutants that it reached
+//     runs all tests without a mutant, and writes for each of them: name, milliseconds of the processor, the mutants
+//     that it reached
 //   plimo-mutation-tests --run
-//     reads lines of a mutant's number and the tests to run, each test with the seconds that it may take at most;
+//     reads lines of a mutant's number and the tests to run, each test with its limit in seconds of the processor;
 //     answers each line with the number, "survived" or "killed" or "hung", and the test that ended it
 // Values of a line are separated by tabs. A scenario's name is its path, which ends in .txt.
 #include <fcntl.h>
@@ -14,8 +15,8 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <csignal>
+#include <ctime>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -52,11 +53,10 @@ class Recording : public testing::EmptyTestEventListener {
 
   void begin() {
     std::fill(reached.begin(), reached.end(), static_cast<unsigned char>(0));
-    started_ = std::chrono::steady_clock::now();
+    started_ = std::clock();
   }
   void end(const std::string& name, bool passed) {
-    const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - started_;
-    output_ << name << '\t' << taken.count();
+    output_ << name << '\t' << 1000.0 * static_cast<double>(std::clock() - started_) / CLOCKS_PER_SEC;
     for (std::size_t number = 0; number < reached.size(); ++number) {
       if (reached[number] != 0) output_ << '\t' << number;
     }
@@ -74,7 +74,7 @@ class Recording : public testing::EmptyTestEventListener {
 
  private:
   std::ofstream output_;
-  std::chrono::steady_clock::time_point started_;
+  std::clock_t started_ = 0;
   bool failed_ = false;
 };
 

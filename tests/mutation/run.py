@@ -7,7 +7,7 @@ import threading
 
 # The processor time that a test may take with a mutant: this many times what it takes without, and at least this.
 SLOWER = 10
-LEAST_SECONDS = 1
+LEAST_SECONDS = 0.3
 
 
 class Recorded:
