@@ -4,7 +4,7 @@ is a survivor: a test is missing, or the code is not needed.
     python3 -m tests.mutation [--jobs N] [--only START] FILE...
 
 FILE is a source file of the core, or a pattern of such files in quotes. With --only, all these files contain their
-mutants, but only those of the files whose name begins like this are run: nothing is compiled again for others. The exit status is 0 if there are no survivors
+mutants, but only those of the files whose names begin like this (or one of these, with commas between them) are run: nothing is compiled again for others. The exit status is 0 if there are no survivors
 but those in tests/mutation/equivalent.txt, and 1 otherwise. Files are built in build-mutate.
 """
 import argparse
@@ -90,6 +90,7 @@ def main():
         names = files(options.files)
     except (equivalents.Malformed, FileNotFoundError) as error:
         sys.exit(f"tests.mutation: {error}")
+    only = tuple(options.only.split(","))
     step(f"Finding the mutants of {len(names)} files")
     FOLDER.mkdir(exist_ok=True)
     sources = build.MutatedSources(ROOT, FOLDER, names, ["-std=c++20", "-I", str(ROOT / "src")])
@@ -107,7 +108,7 @@ def main():
     program = FOLDER / "bin" / "plimo-mutation-tests"
     step("Recording which tests reach which mutants")
     recorded = record(program, sources, environment)
-    found = [mutant for mutant in sources.all() if mutant.file.startswith(options.only)]
+    found = [mutant for mutant in sources.all() if mutant.file.startswith(only)]
     progress = Progress(len(found))
     step(f"Running {len(recorded.seconds)} tests with one mutant at a time")
     run.Runner(program, recorded, FOLDER / "killers.json", environment).run(found, options.jobs, progress.finished)
@@ -116,7 +117,7 @@ def main():
     listed = [mutant for mutant in progress.survived if mutant.key() in reasons]
     survived = [mutant for mutant in progress.survived if mutant.key() not in reasons]
     survivors = {mutant.key() for mutant in progress.survived}
-    stale = [key for key in reasons if key[0] in names and key[0].startswith(options.only) and key not in survivors]
+    stale = [key for key in reasons if key[0] in names and key[0].startswith(only) and key not in survivors]
     for mutant in sorted(survived, key=lambda m: (m.file, m.line)):
         reached = "" if recorded.reaching[mutant.number] else "  (no test reaches it)"
         print(f"{mutant.file}:{mutant.line}: {mutant.change}  in  {mutant.text}{reached}")

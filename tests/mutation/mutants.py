@@ -265,7 +265,9 @@ class Finder:
             self.add("delete", start, end, start, "delete")
 
     def is_deletable(self, cursor, kind, parent, children):
-        if kind == Kind.BREAK_STMT and (parent.extent.start.offset, parent.extent.end.offset) in self.switch_bodies:
+        in_switch = parent.kind in (Kind.CASE_STMT, Kind.DEFAULT_STMT) or (
+            (parent.extent.start.offset, parent.extent.end.offset) in self.switch_bodies)
+        if kind == Kind.BREAK_STMT and in_switch:
             rest = self.source[cursor.extent.end.offset:]
             return not re.match(rb"\s*;\s*(default:\s*break;\s*)?}", rest)  # nothing follows
         if kind in (Kind.BREAK_STMT, Kind.CONTINUE_STMT, Kind.RETURN_STMT):

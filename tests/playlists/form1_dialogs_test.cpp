@@ -52,6 +52,18 @@ TEST_F(PlaylistDialogs, AFileThatIsNoPlaylistIsRefusedOverFoldedStrips) {
   EXPECT_EQ(opened_, 1);
 }
 
+TEST(OpeningAPlaylist, ForgetsTheSongsThatWerePlayed) {
+  TestProgram program;
+  program.addSong(R"(C:\Music\Abba - Waterloo.mp3)");
+  program.addSong(R"(C:\Music\Beck - Loser.mp3)");
+  program.files.addTextFile(R"(C:\Lists\mine.m3u)", "C:\\Music\\Beck - Loser.mp3\r\n");
+  program.program.start();
+  Form1& form = program.form();
+  form.List3.add("ABBA");  // a song that was played, named as an artist
+  form.openPlaylist(R"(C:\Lists\mine.m3u)");
+  EXPECT_EQ(form.List2.selectedTexts(), std::vector<std::string_view>{"BECK"});
+}
+
 TEST(DroppingASong, ShowsTheListsBesideTheOtherFinalPlaylist) {
   TestProgram program;
   Form1& form = program.form();
