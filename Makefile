@@ -132,7 +132,7 @@ monkey: build/build.ninja
 	@PLIMO_MONKEY_ACTIONS=$(ACTIONS) build/bin/plimo-monkey-tests
 
 # The files whose code is changed. It must be /usr/bin/python3 because the Debian package of clang is installed for it.
-FILES ?= src/{base,catalogue,playlists,playback,fileops,settings,prefs}/*
+FILES ?= src/{playlists,playback,fileops,settings,prefs}/*
 mutate: setup
 	@/usr/bin/python3 -B -m tests.mutation $(FILES)
 

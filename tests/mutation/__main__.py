@@ -38,10 +38,12 @@ def files(patterns):
 
 
 class Progress:
-    """One line from time to time."""
+    """A line for each survivor that is not listed, and one from time to time."""
 
-    def __init__(self, count):
+    def __init__(self, count, reasons, reaching):
         self.count = count
+        self.reasons = reasons
+        self.reaching = reaching
         self.done = 0
         self.survived = []
         self.shown = time.monotonic()
@@ -50,6 +52,9 @@ class Progress:
         self.done += 1
         if verdict == "survived":
             self.survived.append(mutant)
+            if mutant.key() not in self.reasons:
+                reached = "" if self.reaching[mutant.number] else "  (no test reaches it)"
+                print(f"{mutant.file}:{mutant.line}: {mutant.change}  in  {mutant.text}{reached}", flush=True)
         if time.monotonic() - self.shown >= 5 or self.done == self.count:
             self.shown = time.monotonic()
             step(f"{self.done} of {self.count} mutants, {len(self.survived)} survive")
@@ -109,7 +114,7 @@ def main():
     step("Recording which tests reach which mutants")
     recorded = record(program, sources, environment)
     found = [mutant for mutant in sources.all() if mutant.file.startswith(only)]
-    progress = Progress(len(found))
+    progress = Progress(len(found), reasons, recorded.reaching)
     step(f"Running {len(recorded.seconds)} tests with one mutant at a time")
     run.Runner(program, recorded, FOLDER / "killers.json", environment).run(found, options.jobs, progress.finished)
     shutil.rmtree(temporary, ignore_errors=True)
@@ -118,9 +123,6 @@ def main():
     survived = [mutant for mutant in progress.survived if mutant.key() not in reasons]
     survivors = {mutant.key() for mutant in progress.survived}
     stale = [key for key in reasons if key[0] in names and key[0].startswith(only) and key not in survivors]
-    for mutant in sorted(survived, key=lambda m: (m.file, m.line)):
-        reached = "" if recorded.reaching[mutant.number] else "  (no test reaches it)"
-        print(f"{mutant.file}:{mutant.line}: {mutant.change}  in  {mutant.text}{reached}")
     for key in stale:
         print(f"{EQUIVALENT.relative_to(ROOT)}: this entry is no survivor: " + " | ".join(key))
     table(found, survived, listed)
