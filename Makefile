@@ -5,8 +5,8 @@
 
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help build program run test tour bench lint asan kill powercut fuzz monkey mutate tsan package windows windows-test \
-        setup clean
+.PHONY: help build program run test tour bench lint asan kill powercut fuzz monkey mutate tsan package windows \
+        windows-test setup clean
 
 # The start in seconds since 1970: each progress line shows the time since then.
 ifndef PLIMO_STARTED

@@ -3,9 +3,11 @@ is a survivor: a test is missing, or the code is not needed.
 
     python3 -m tests.mutation [--jobs N] [--only START] FILE...
 
-FILE is a source file of the core, or a pattern of such files in quotes. With --only, all these files contain their
-mutants, but only those of the files whose names begin like this (or one of these, with commas between them) are run: nothing is compiled again for others. The exit status is 0 if there are no survivors
+FILE is a source file of the core, or a pattern of such files in quotes. The exit status is 0 if there are no survivors
 but those in tests/mutation/equivalent.txt, and 1 otherwise. Files are built in build-mutate.
+
+With --only, all these files contain their mutants, but only those of the files whose names begin like this, or like one
+of several with commas between them, are run. To run others after them, nothing has to be compiled again.
 """
 import argparse
 import collections
