@@ -5,8 +5,8 @@
 
 SHELL := /bin/bash
 .DEFAULT_GOAL := help
-.PHONY: help build program run test tour bench lint asan kill powercut fuzz monkey tsan package windows windows-test \
-        windows-pictures setup clean
+.PHONY: help build program run test tour bench lint asan kill powercut fuzz monkey mutate tsan package windows \
+        windows-test windows-pictures setup clean
 
 # The start in seconds since 1970: each progress line shows the time since then.
 ifndef PLIMO_STARTED
@@ -29,6 +29,7 @@ help:
 	@echo "make asan     run the tests with the address and undefined-behaviour sanitizers"
 	@echo "make fuzz     run the fuzz targets (SECONDS=n for each of them)"
 	@echo "make monkey   do random things on the program in memory (ACTIONS=n)"
+	@echo "make mutate   change the code in one place at a time, list what no test notices (FILES=\"src/fileops/*.cpp\")"
 	@echo "make tsan     run the tests that use threads with the thread sanitizer"
 	@echo "make kill     kill the program at each system call, and let each call fail (COMMANDS=... for some)"
 	@echo "make powercut cut the power at each system call; needs root and loop devices"
@@ -66,6 +67,7 @@ needs := build run
 needs += $(if $(filter asan monkey tsan,$(MAKECMDGOALS)),test)
 needs += $(if $(filter fuzz,$(MAKECMDGOALS)),fuzz)
 needs += $(if $(filter test,$(MAKECMDGOALS)),display test)
+needs += $(if $(filter mutate,$(MAKECMDGOALS)),test mutate)
 needs += $(if $(filter kill powercut,$(MAKECMDGOALS)),test kill)
 needs += $(if $(filter tour $(scene),$(MAKECMDGOALS)),display tour)
 needs += $(if $(filter bench,$(MAKECMDGOALS)),display bench)
@@ -130,6 +132,11 @@ monkey: build/build.ninja
 	@scripts/step "Building the monkey"
 	@cmake --build --preset monkey
 	@PLIMO_MONKEY_ACTIONS=$(ACTIONS) build/bin/plimo-monkey-tests
+
+# The files whose code is changed. It must be /usr/bin/python3 because the Debian package of clang is installed for it.
+FILES ?= src/{playlists,playback,fileops,settings,prefs}/*
+mutate: setup
+	@/usr/bin/python3 -B -m tests.mutation $(FILES)
 
 # The suites that start threads: two readers of a catalogue, the sort, the walk, writing the catalogue. In a file that is
 # truncated while it is read, the signal handler replaces the mapping on purpose, which is reported as a race.

@@ -11,12 +11,12 @@ namespace plimo {
 
 CopyResult copySongs(FileSystemObject& files, Progress& progress, const std::string& catalogue,
                      const CopyRequest& request, const std::string& folder, const PresentFile& present) {
-  CopyResult result;
   if (request.names.empty()) {  // each row is looked up, selected or not, so a damaged catalogue is reported
     CatalogueFile(files, catalogue).read([](const CatalogueRecord&) { return true; });
-    return result;
+    return {};
   }
   const SongPaths found(files, catalogue, request.names, OnTruncation::ignore);
+  CopyResult result;
   ProgressUpdate update;
   for (std::size_t name = 0; name < request.names.size(); ++name) update.total += found.of(name).size();
   // The truncated record is read after the first row's files; only copying those makes errors be ignored before that.

@@ -37,7 +37,6 @@ bool Form1::sureToDelete(const char* question, const std::vector<std::string_vie
     const SongFiles found = deletion_->extent();
     extent = counted(found.files, "file") + " in " + counted(found.folders, "folder") + " will be deleted.";
   } catch (const RuntimeError&) {  // the deletion tries again and reports it
-    deletion_.reset();
   }
   const bool sure = platform.dialogs.ask({question, extent, Question::Default::no});
   if (!sure) deletion_.reset();

@@ -40,13 +40,11 @@ void Form1::rename_Click() {
           "Would you like to Re-scan your hard drive to incorporate the changes (RECOMMENDED)?")) {
     return;
   }
-  if (Option5.value()) deleteCatalogue();
   if (Option4.value()) {
     platform.dialogs.message(
         "You have chosen not to scan any drive in 'Preferences'. Please choose to scan this drive in preferences to "
         "incorporate the changes");
   }
-  List1.clear();
   Scan_Click();
 }
 

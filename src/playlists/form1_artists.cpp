@@ -33,7 +33,6 @@ void Form1::tickArtists(std::span<const std::size_t> rows) {
   }
   if (changed.empty()) return;
   List2.setSelectedWithoutEvents(changed, true);
-  if (fromsettings) return;
   addSongsOf(keys);
 }
 
@@ -54,8 +53,6 @@ void Form1::Command13_Click() {
 
 void Form1::Command14_Click() {
   foldArtistStrip();
-  List1.clear();
-  List2.clear();
   display();
 }
 

@@ -77,7 +77,6 @@ void Form1::untickArtists() {
 
 void Form1::fillFromPlaylist(std::span<const std::string_view> paths) {
   if (paths.empty()) return;
-  Picture7.setVisible(true);
   CatalogueFile catalogue(platform.files, ownFile(catalogueName));
   const CatalogueJoin<Song> songs(
       catalogue, paths, OnTruncation::ignore, [](const CatalogueRecord& record) { return std::optional(record.path); },

@@ -75,7 +75,6 @@ void Form1::List4_KeyPress(char KeyAscii) {
 
 void Form1::List6_KeyPress(char KeyAscii) {
   if (KeyAscii == 'w') {
-    showFinalList(List6);
     drop();
   } else {
     finalListKey(List6, KeyAscii);

@@ -29,10 +29,10 @@ std::vector<std::size_t> removedByWalks(std::span<const std::string_view> rows,
   }
   // A doubly linked list of the remaining rows gives the row that moves up after a removal.
   const std::size_t end = rows.size();
-  std::vector<std::size_t> next(end + 1);
-  std::vector<std::size_t> previous(end + 1);  // of the first row: end
+  std::vector<std::size_t> next(end);
+  std::vector<std::size_t> previous(end + 1);  // of the first row: itself, as what follows a removed row is not read
   std::iota(next.begin(), next.end(), std::size_t{1});
-  for (std::size_t row = 0; row <= end; ++row) previous[row] = row == 0 ? end : row - 1;
+  std::iota(previous.begin() + 1, previous.end(), std::size_t{0});
 
   std::vector<std::size_t> removed;
   for (const std::uint32_t number : numbers) {
@@ -46,7 +46,7 @@ std::vector<std::size_t> removedByWalks(std::span<const std::string_view> rows,
       }
       removed.push_back(row);
       skipped = next[row];
-      if (previous[row] != end) next[previous[row]] = next[row];
+      next[previous[row]] = next[row];
       previous[next[row]] = previous[row];
     }
     matches.resize(kept);

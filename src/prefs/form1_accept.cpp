@@ -55,7 +55,6 @@ void Form1::findWinamp() {
       writeWinampPath(platform.files, ownFile(winampPathName), winampPath(platform.files, Dir1.path(), *found));
       makethefile = false;
       invalidpath = 0;
-      return;
     }
   }
   if (!Check3.ticked()) {

@@ -1,6 +1,4 @@
 // The colour editor, and the return from it and from the settings panel to the lists.
-#include <algorithm>
-
 #include "settings/settings_file.h"
 #include "window/form1.h"
 
@@ -24,17 +22,10 @@ constexpr std::string_view finalSample[] = {"   ", "This is the Final Playlist"}
 
 // Removes the last row with each of the texts.
 void removeSample(ListBox& list, std::span<const std::string_view> sample) {
-  std::vector<std::size_t> removed;
-  const auto alreadyCounted = [&removed](std::size_t row) {
-    return std::find(removed.begin(), removed.end(), row) != removed.end();
-  };
   for (const std::string_view text : sample) {
-    std::size_t row = list.count();
-    while (row > 0 && (list.text(row - 1) != text || alreadyCounted(row - 1))) --row;
-    if (row > 0) removed.push_back(row - 1);
+    const std::vector<std::size_t> rows = list.findAll(text);
+    if (!rows.empty()) list.remove(rows.back());
   }
-  std::sort(removed.begin(), removed.end());
-  list.removeAll(removed);
 }
 
 }  // namespace

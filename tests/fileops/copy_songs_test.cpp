@@ -9,9 +9,9 @@ class CopySongs : public Library {
  protected:
   CopySongs() { files.addFolder("D:\\"); }
 
-  void copy(const Names& names, const std::string& folder = "D:\\", bool firstRowSelected = true) {
-    copySongs(files, progress, catalogueFile, {names, firstRowSelected}, folder,
-              [this](std::string_view name) { present.emplace_back(name); });
+  CopyResult copy(const Names& names, const std::string& folder = "D:\\", bool firstRowSelected = true) {
+    return copySongs(files, progress, catalogueFile, {names, firstRowSelected}, folder,
+                     [this](std::string_view name) { present.emplace_back(name); });
   }
 
   std::vector<std::string> present;
@@ -34,6 +34,61 @@ TEST_F(CopySongs, CopiesIntoAFolder) {
   EXPECT_EQ(files.fileContent(R"(C:\out\deep\A - y.mp3)"), R"(C:\m\A - y.mp3)");
   EXPECT_EQ(progress.updates, (std::vector<std::string>{"1/2 A - y.mp3", "1/2 A - y.mp3", "2/2 x.mp3", "2/2 x.mp3"}));
   EXPECT_EQ(progress.ends, 1);
+}
+
+// Records how much of the current file has been copied.
+class RecordingBytes : public QuietProgress {
+ public:
+  void update(const ProgressUpdate& update) override {
+    QuietProgress::update(update);
+    bytes.push_back(std::to_string(update.bytes) + "/" + std::to_string(update.size));
+    if (afterUpdate) afterUpdate();
+  }
+
+  std::vector<std::string> bytes;
+  std::function<void()> afterUpdate;
+};
+
+TEST_F(CopySongs, ReportsTheBytesOfEachFileFromTheStart) {
+  addSong(R"(C:\m\x.mp3)");
+  addSong(R"(C:\m\yy.mp3)");
+  RecordingBytes bytes;
+  copySongs(files, bytes, catalogueFile, {Names{"x", "yy"}, true}, "D:\\", [](std::string_view) {});
+  EXPECT_EQ(bytes.bytes, (std::vector<std::string>{"0/0", "10/10", "0/0", "11/11"}));
+}
+
+TEST_F(CopySongs, CountsWhatWasCopiedBeforeItWasCancelled) {
+  addSong(R"(C:\m\x.mp3)");
+  addSong(R"(C:\m\y.mp3)");
+  for (const int update : {3, 4}) {  // before the second file, and in it
+    QuietProgress cancelling;
+    cancelling.cancelAfter = update;
+    const std::string folder = "C:\\out" + std::to_string(update);
+    files.addFolder(folder);
+    const CopyResult result =
+        copySongs(files, cancelling, catalogueFile, {Names{"x", "y"}, true}, folder, [](std::string_view) {});
+    EXPECT_EQ(result.copied, 1U) << update;
+    EXPECT_FALSE(files.fileExists(folder + R"(\y.mp3)"));
+  }
+}
+
+TEST_F(CopySongs, FailsIfTheFolderIsMissingForTheFirstSong) {
+  addSong(R"(C:\m\x.mp3)");
+  EXPECT_EQ(failureOf([&] { copy({"x"}, R"(C:\gone)"); }), ErrorNumber::pathNotFound);
+}
+
+TEST_F(CopySongs, CountsTheSongsForWhichTheFolderIsMissingLater) {
+  for (const char* song : {"x", "y", "z"}) addSong(std::string(R"(C:\m\)") + song + ".mp3");
+  files.addFolder(R"(C:\out)");
+  RecordingBytes removing;
+  removing.afterUpdate = [&] {
+    if (removing.bytes.size() == 3) files.remove(R"(C:\out)");
+  };
+  const CopyResult result =
+      copySongs(files, removing, catalogueFile, {Names{"x", "y", "z"}, true}, R"(C:\out)", [](std::string_view) {});
+  EXPECT_EQ(result.copied, 1U);
+  EXPECT_EQ(result.failed, 2U);
+  EXPECT_EQ(result.reason, "Path not found");
 }
 
 TEST_F(CopySongs, NeverOverwrites) {

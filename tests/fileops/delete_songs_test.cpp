@@ -67,7 +67,9 @@ TEST_F(DeleteSongs, FailsAtTheSecondRowOfADeletedSong) {
 
 TEST_F(DeleteSongs, NeedsTheCatalogueOnlyForNames) {
   EXPECT_EQ(failureOfDeleting({"x"}), ErrorNumber::fileNotFound);
+  EXPECT_EQ(progress.ends, 0);
   EXPECT_EQ(failureOfDeleting({}), std::nullopt);
+  EXPECT_EQ(progress.ends, 0) << "no panel for nothing";
 }
 
 TEST_F(DeleteSongs, DeletesTheFilesOfTheFirstNameBeforeATruncatedRecord) {

@@ -69,6 +69,11 @@ TEST(RemovalByWalk, EqualsTheReferenceForAllSmallLists) {
   });
 }
 
+TEST(RemovalByWalk, GivesTheRowsOfSeveralNamesInAscendingOrder) {
+  const Texts rows = {"a", "b", "a", "c"};
+  EXPECT_EQ(removedByWalks(rows, Texts{"c", "b", "a"}), (std::vector<std::size_t>{0, 1, 3}));
+}
+
 TEST(RemovalByWalk, EqualsTheReferenceForLongLists) {
   std::mt19937 random(7);
   for (int round = 0; round < 50; ++round) {

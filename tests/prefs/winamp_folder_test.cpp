@@ -33,6 +33,20 @@ TEST(WinampFolder, ThePathIsInLowerCaseAndHasASeparatorAfterARootToo) {
   EXPECT_EQ(winampPath(files, "C:\\", "winamp.exe"), "C:\\\\winamp.exe");
 }
 
+TEST(WinampFolder, AFolderNamedLikeTheProgramIsNotItsOwnFolder) {
+  FakeFileSystem files;
+  files.addFolder("C:\\A\\winamp.exe");
+  EXPECT_EQ(folderOfWinamp(files, "C:\\A\\winamp.exe"), "C:\\A");
+}
+
+TEST(WinampFolder, AStoredPathOfAnyLengthHasAnAncestorThatExists) {
+  FakeFileSystem files;
+  files.addFolder("C:\\A");
+  std::string path = "C:\\A";
+  while (path.size() < 40'000) path += "\\gone";
+  EXPECT_EQ(folderOfWinamp(files, path), "C:\\A");
+}
+
 TEST(WinampFolder, TheFolderOfAStoredPathIsInCapitals) {
   FakeFileSystem files;
   files.addFolder("C:\\Program Files\\Winamp");

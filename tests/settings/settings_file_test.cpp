@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
+#include "platform/memory/fake_file_system.h"
 
 namespace plimo {
 namespace {
@@ -40,6 +41,36 @@ TEST(SettingsFile, TheDrivesMustBeAStringAndThereMustBeSixValues) {
   EXPECT_EQ(errorOf("0\r\n0\r\n0\r\n\"\"\r\n0\r\n"), 62);
   EXPECT_EQ(errorOf(""), 62);
 }
+
+TEST(SettingsFile, TheCompactValueMustBeWhole) {
+  FakeFileSystem files;
+  const auto errorOfCompact = [&files](const std::string& compact) {
+    files.addTextFile("C:\\plimo.ini", "0,#TRUE#,#FALSE#,\"\",0," + compact + ",1,2,3,4,5,\"6\"");
+    try {
+      readSettings(files, "C:\\plimo.ini");
+    } catch (const RuntimeError& error) {
+      return static_cast<int>(error.number());
+    }
+    return 0;
+  };
+  EXPECT_EQ(errorOfCompact("1"), 0);
+  EXPECT_EQ(errorOfCompact("1.5"), 13);
+  EXPECT_EQ(errorOfCompact("32768"), 6);
+}
+
+TEST(SettingsFile, ADriveThatIsNotReadyHasNoSettings) {
+  FakeFileSystem files;
+  files.addTextFile("C:\\plimo.ini", "");
+  EXPECT_TRUE(hasSettings(files, "C:\\plimo.ini"));
+  files.failExistenceCheckAt(1);
+  files.failAt(1, ErrorNumber::diskNotReady);
+  EXPECT_FALSE(hasSettings(files, "C:\\plimo.ini"));
+  files.failExistenceCheckAt(1);
+  files.failAt(1, ErrorNumber::permissionDenied);
+  EXPECT_THROW(hasSettings(files, "C:\\plimo.ini"), RuntimeError);
+}
+
+TEST(SettingsFile, AnEmptyColourIsBlack) { EXPECT_EQ(UntypedValue(Field{}).colour("plimo.ini"), 0); }
 
 TEST(SettingsFile, TheLastColourIsWrittenAsAString) {
   EXPECT_EQ(settingsText("six\r\n", {1, 2, 3, 4, 5, 6}), "six\r\n1\r\n2\r\n3\r\n4\r\n5\r\n\"6\"\r\n");

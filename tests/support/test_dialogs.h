@@ -36,8 +36,8 @@ class TestDialogs : public Dialogs {
     questions.push_back(text);
     return startAnew;
   }
-  std::optional<std::string> openFile(const FileDialog&) override { return file; }
-  std::optional<std::string> saveFile(const FileDialog&) override { return file; }
+  std::optional<std::string> openFile(const FileDialog&) override { return chooseFile(); }
+  std::optional<std::string> saveFile(const FileDialog&) override { return chooseFile(); }
   void report(const RuntimeError& error) override { reports.push_back(error.report()); }
 
   bool hasMessageOrReport() const { return !messages.empty() || !reports.empty(); }
@@ -49,11 +49,17 @@ class TestDialogs : public Dialogs {
   FolderAnswer folderAnswer = FolderAnswer::stop;
   std::string inputText;            // entered in every input box
   std::optional<std::string> file;  // chosen in every file dialog; nullopt cancels
-  std::function<void()> whileOpen;  // called while a message is shown
+  std::function<void()> whileOpen;  // called while a message or a file dialog is shown
   std::vector<std::string> messages;
   std::vector<std::string> questions;
   std::vector<std::string> details;  // of the questions with Yes and No
   std::vector<std::string> reports;
+
+ private:
+  std::optional<std::string> chooseFile() {
+    if (whileOpen) whileOpen();
+    return file;
+  }
 };
 
 }  // namespace plimo
