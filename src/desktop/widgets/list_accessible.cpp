@@ -28,6 +28,7 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
   QString text(QAccessible::Text kind) const override {
     if (!isValid()) return {};
     if (kind == QAccessible::Name) return view_->rowName(row());
+    if (kind == QAccessible::Description && view_->isPlaying(row())) return QStringLiteral("playing");
     if (kind == QAccessible::Description && view_->secondaryText) return view_->secondaryText(row());
     return {};
   }

@@ -193,7 +193,6 @@ QString ListView::paintedText(std::size_t row) const {
 
 QString ListView::rowName(std::size_t row) const {
   const QString text = rowText(row);
-  if (isPlaying(row)) return text + QStringLiteral(" (playing)");
   if (!text.isEmpty()) return text;
   return model_.style() == ListBox::Style::checkBoxes ? QStringLiteral("(no artist)") : QStringLiteral("(no title)");
 }

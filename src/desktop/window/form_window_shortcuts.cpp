@@ -64,7 +64,6 @@ void FormWindow::placeFindButton() {
   const int side = menuBar_->height() - scaled(4);
   findButton_->setIconSize(QSize(side - scaled(8), side - scaled(8)));
   findButton_->setGeometry(width() - side - spacing(), (menuBar_->height() - side) / 2, side, side);
-  findButton_->raise();
 }
 
 // In the list with the focus, otherwise in the first one.
