@@ -5,7 +5,6 @@
 #include <QThread>
 #include <QTimer>
 
-#include "desktop/shell/background_work.h"
 #include "desktop/theme/strings.h"
 #include "desktop/widgets/list_accessible.h"
 #include "desktop/widgets/widget_accessible.h"
@@ -15,14 +14,11 @@ namespace plimo {
 
 namespace {
 
-PlayerHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting) {
+PlayerHooks hooksFor(InputBlocker& blocker, DesktopProgress& progress) {
   return {
       [](std::function<void()> action) { QMetaObject::invokeMethod(qApp, std::move(action), Qt::QueuedConnection); },
       startNativeEngine,
-      [&blocker, beforeWaiting = std::move(beforeWaiting)](const std::function<void()>& work) {
-        beforeWaiting();
-        runInBackground(blocker, work);
-      },
+      [&progress](const std::function<void()>& work) { progress.runInBackground(work); },
       [&blocker] { return !blocker.isBlocked(); },
   };
 }
@@ -30,7 +26,7 @@ PlayerHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting)
 }  // namespace
 
 Desktop::Desktop(FileSystemObject& files, Launcher& launcher, std::string playlist)
-    : player_(hooksFor(blocker_, [this] { program_.dispatcher().flush(); })),
+    : player_(hooksFor(blocker_, progress_)),
       progress_(blocker_),
       program_(Platform{files, player_, dialogs_, launcher, progress_}) {
   QObject::connect(qApp, &QGuiApplication::commitDataRequest, &context_, [this](QSessionManager&) { requestEnd(); });

@@ -45,6 +45,7 @@ std::vector<CommandResult> runInWindow(FileSystemObject& files, const std::funct
   if (responsive != nullptr) {
     responsive->waiting = [&desktop](std::chrono::milliseconds since) { return desktop.waitForDisk(since); };
     responsive->waited = [&desktop] { desktop.diskAnswered(); };
+    responsive->background = [&desktop](const std::function<void()>& work) { desktop.runInBackground(work); };
   }
   WindowFixture fixture;
   std::exception_ptr failure;
@@ -57,8 +58,11 @@ std::vector<CommandResult> runInWindow(FileSystemObject& files, const std::funct
     QCoreApplication::exit();
   });
   desktop.run();
-  if (responsive != nullptr) responsive->waiting = nullptr;
-  if (responsive != nullptr) responsive->waited = nullptr;
+  if (responsive != nullptr) {
+    responsive->waiting = nullptr;
+    responsive->waited = nullptr;
+    responsive->background = nullptr;
+  }
   if (failure) std::rethrow_exception(failure);
   return fixture.results;
 }

@@ -37,8 +37,8 @@ class WindowFixture {
 };
 
 // Starts the program in the current folder, runs the script from the first event on, and quits the program. Exceptions
-// of the script are rethrown. Needs a QApplication. Files that are ResponsiveFiles are connected to the desktop as in the
-// program.
+// of the script are rethrown. Needs a QApplication. Files that are ResponsiveFiles are connected to the desktop as in
+// the program.
 std::vector<CommandResult> runInWindow(FileSystemObject& files, const std::function<void(WindowFixture&)>& script);
 
 }  // namespace plimo
