@@ -114,7 +114,7 @@ lint: build/build.ninja
 asan: build-asan/build.ninja
 	@scripts/step "Building the tests with the sanitizers"
 	@cmake --build --preset asan
-	@scripts/test build-asan
+	@scripts/test build-asan --label-exclude desktop
 
 # For each fuzz target.
 SECONDS ?= 60
@@ -123,11 +123,15 @@ fuzz: build-fuzz/build.ninja
 	@cmake --build --preset fuzz
 	@scripts/fuzz build-fuzz $(SECONDS)
 
-ACTIONS ?= 1000000
+# For each monkey.
+ACTIONS ?= 20000
 monkey: build/build.ninja
-	@scripts/step "Building the monkey"
+	@scripts/step "Building the monkeys"
 	@cmake --build --preset monkey
+	@scripts/step "Using the program in memory at random"
 	@PLIMO_MONKEY_ACTIONS=$(ACTIONS) build/bin/plimo-monkey-tests
+	@scripts/step "Using the real window at random"
+	@PLIMO_MONKEY_ACTIONS=$(ACTIONS) build/bin/plimo-desktop-tests --gtest_filter='WindowMonkey.*'
 
 # The suites that start threads: two readers of a catalogue, the sort, the walk, writing the catalogue. In a file that is
 # truncated while it is read, the signal handler replaces the mapping on purpose, which is reported as a race.

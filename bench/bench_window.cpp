@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
+#include "latency_phases.h"
 #include "platform/linux/heap.h"
 #include "platform/linux/linux_files.h"
-#include "latency_phases.h"
 #include "process_memory.h"
 #include "stopwatch.h"
 #include "support/window/list_commands.h"
