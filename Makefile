@@ -118,7 +118,7 @@ lint: build/build.ninja
 asan: build-asan/build.ninja
 	@scripts/step "Building the tests with the sanitizers"
 	@cmake --build --preset asan
-	@scripts/test build-asan
+	@scripts/test build-asan --label-exclude desktop
 
 # For each fuzz target.
 SECONDS ?= 60
@@ -127,11 +127,15 @@ fuzz: build-fuzz/build.ninja
 	@cmake --build --preset fuzz
 	@scripts/fuzz build-fuzz $(SECONDS)
 
-ACTIONS ?= 1000000
+# For each monkey.
+ACTIONS ?= 20000
 monkey: build/build.ninja
-	@scripts/step "Building the monkey"
+	@scripts/step "Building the monkeys"
 	@cmake --build --preset monkey
+	@scripts/step "Using the program in memory at random"
 	@PLIMO_MONKEY_ACTIONS=$(ACTIONS) build/bin/plimo-monkey-tests
+	@scripts/step "Using the real window at random"
+	@PLIMO_MONKEY_ACTIONS=$(ACTIONS) build/bin/plimo-desktop-tests --gtest_filter='WindowMonkey.*'
 
 # The files whose code is changed. It must be /usr/bin/python3 because the Debian package of clang is installed for it.
 FILES ?= src/{playlists,playback,fileops,settings,prefs}/*

@@ -6,10 +6,12 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "latency_phases.h"
 #include "process_usage.h"
 #include "stopwatch.h"
 #include "support/window/list_commands.h"
@@ -31,7 +33,7 @@ constexpr const char* usage =
     "seconds\n"
     "to sort 100,000 strings), then for each command its name, the longest\n"
     "iteration of the event loop (wall-clock and CPU seconds), the longest time between two repaints of the progress\n"
-    "panel, and the number of repaints.\n"
+    "panel, the number of repaints, and the seconds of that iteration in files, list notifications and painting.\n"
     "scroll prints the seconds from each key press to the painted page, and the memory of the process with all songs\n"
     "listed, now and at its peak (KiB).\n";
 
@@ -47,8 +49,8 @@ void printReference() {
 
 void print(const CommandResult& result, double betweenRepaints, std::size_t repaints) {
   if (!result.done) throw std::runtime_error(result.command + " had no effect");
-  std::printf("%s\t%.6f\t%.6f\t%.6f\t%zu\n", result.command.c_str(), result.latency.wall, result.latency.cpu,
-              betweenRepaints, repaints);
+  std::printf("%s\t%.6f\t%.6f\t%.6f\t%zu\t%.6f\t%.6f\t%.6f\n", result.command.c_str(), result.latency.wall,
+              result.latency.cpu, betweenRepaints, repaints, result.phases[0], result.phases[1], result.phases[2]);
 }
 
 SampleLibrary libraryOf(std::size_t songs) { return {songs, songs / songsPerArtist, ArtistOrder::grouped}; }
@@ -58,8 +60,11 @@ LinuxFiles filesWithDrive(const std::string& folder) { return LinuxFiles({DriveR
 void listCommands(std::size_t songs, const std::string& folder) {
   const SampleLibrary library = libraryOf(songs);
   prepareListCommands(library, folder);
-  LinuxFiles files = filesWithDrive("/srv");
-  const auto results = runInWindow(files, [&](WindowFixture& fixture) { runListCommands(fixture, library, folder); });
+  bench::TimedFiles files(std::make_shared<LinuxFiles>(std::vector<DriveRoot>{{'M', DriveType::fixed, "/srv"}}));
+  const auto results = runInWindow(files, [&](WindowFixture& fixture) {
+    bench::LatencyPhases phases(fixture);
+    runListCommands(fixture, library, folder);
+  });
   printReference();
   for (const CommandResult& result : results) print(result, 0, 0);
 }
@@ -122,7 +127,7 @@ void progressCommands(std::size_t songs, std::size_t bytes, const std::string& f
 
 int main(int count, char** arguments) {
   bench::prepareProcess();
-  QApplication application(count, arguments);
+  bench::TimedApplication application(count, arguments);
   std::setlocale(LC_NUMERIC, "C");  // required by libmpv
   const std::vector<std::string> words(arguments + 1, arguments + count);
   const bool inLists = words.size() == 3 && (words[0] == "lists" || words[0] == "scroll");

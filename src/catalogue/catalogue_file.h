@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -26,18 +27,24 @@ enum class OnTruncation { fail, ignore };
 class CatalogueFile {
  public:
   // Throws as FileSystemObject::openForReading does.
-  CatalogueFile(FileSystemObject& files, const std::string& path) : view_(files.openForReading(path)), path_(path) {}
+  CatalogueFile(FileSystemObject& files, const std::string& path)
+      : files_(files), view_(files.openForReading(path)), path_(path) {}
 
   // Calls `each` with every record, in order, until it returns false. A record is valid until `each` returns. Throws
   // RuntimeError 62 at a truncated record, and 75 at the end if another program has changed the file meanwhile: what
   // `each` has collected must not be used then.
   template <class Each>
   void read(Each each) {
-    BatchReader reader(*view_, path_, 0);
-    const bool complete = readAll(reader, each);
-    view_->throwIfChanged();
-    if (complete && reader.truncation()) throw RuntimeError(*reader.truncation());
+    files_.runInBackground([&] {
+      BatchReader reader(*view_, path_, 0);
+      const bool complete = readAll(reader, each);
+      view_->throwIfChanged();
+      if (complete && reader.truncation()) throw RuntimeError(*reader.truncation());
+    });
   }
+
+  // FileSystemObject::runInBackground, for what is made of the records.
+  void runInBackground(const std::function<void()>& work) { files_.runInBackground(work); }
 
   // Calls `each(part, records)` with all records, in batches and in order; `each` collects its results in `part`. A
   // large catalogue is read by two threads with a part each, so `each` must be safe to call concurrently. Returns the
@@ -46,6 +53,20 @@ class CatalogueFile {
   // file meanwhile.
   template <class Part, class Each>
   std::vector<Part> parallelCollect(OnTruncation onTruncation, Each each) {
+    std::vector<Part> parts;
+    files_.runInBackground([&] { parts = collect<Part>(onTruncation, each); });
+    return parts;
+  }
+
+  // The truncated record that parallelCollect ignored, if any.
+  const std::optional<RuntimeError>& truncation() const { return truncation_; }
+
+ private:
+  // In bytes; below it, starting a second thread costs more than it saves.
+  static constexpr std::size_t parallelThreshold = std::size_t{1} << 21;
+
+  template <class Part, class Each>
+  std::vector<Part> collect(OnTruncation onTruncation, Each& each) {
     struct Range {
       BatchReader reader;
       Part part{};
@@ -81,13 +102,6 @@ class CatalogueFile {
     return parts;
   }
 
-  // The truncated record that parallelCollect ignored, if any.
-  const std::optional<RuntimeError>& truncation() const { return truncation_; }
-
- private:
-  // In bytes; below it, starting a second thread costs more than it saves.
-  static constexpr std::size_t parallelThreshold = std::size_t{1} << 21;
-
   // False if `each` ended the reading.
   template <class Each>
   bool readAll(BatchReader& reader, Each& each) {
@@ -101,6 +115,7 @@ class CatalogueFile {
 
   std::size_t size() const { return view_->bytes().size(); }
 
+  FileSystemObject& files_;
   std::unique_ptr<FileView> view_;
   std::string path_;
   std::optional<RuntimeError> truncation_;

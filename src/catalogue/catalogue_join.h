@@ -75,18 +75,20 @@ class CatalogueJoin {
   CatalogueJoin(CatalogueFile& catalogue, std::span<const std::string_view> keys, OnTruncation onTruncation,
                 SourceOf sourceOf, KeyOf keyOf, ValueOf valueOf)
       : groupOfKey_(keys.size()) {
-    StringInterner interner(keys.size());
-    interner.add(keys, groupOfKey_);
-    const auto probe = [&](Matches& matches, std::span<const CatalogueRecord> records) {
-      matches.keys.clear();
-      for (const CatalogueRecord& record : records) matches.keys.add(sourceOf(record), keyOf);
-      matches.keys.lookUp(interner);
-      for (std::size_t i = 0; i < records.size(); ++i) {
-        const std::uint32_t group = matches.keys.id(i);
-        if (group != StringInterner::none) matches.found.push_back({group, valueOf(records[i], matches.texts)});
-      }
-    };
-    groupMatches(catalogue.parallelCollect<Matches>(onTruncation, probe), interner.size());
+    catalogue.runInBackground([&] {
+      StringInterner interner(keys.size());
+      interner.add(keys, groupOfKey_);
+      const auto probe = [&](Matches& matches, std::span<const CatalogueRecord> records) {
+        matches.keys.clear();
+        for (const CatalogueRecord& record : records) matches.keys.add(sourceOf(record), keyOf);
+        matches.keys.lookUp(interner);
+        for (std::size_t i = 0; i < records.size(); ++i) {
+          const std::uint32_t group = matches.keys.id(i);
+          if (group != StringInterner::none) matches.found.push_back({group, valueOf(records[i], matches.texts)});
+        }
+      };
+      groupMatches(catalogue.parallelCollect<Matches>(onTruncation, probe), interner.size());
+    });
   }
 
   // The same if the source itself is the key.

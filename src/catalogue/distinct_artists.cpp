@@ -56,9 +56,13 @@ class Artists {
 std::vector<std::string> distinctArtists(FileSystemObject& files, const std::string& catalogue) {
   CatalogueFile file(files, catalogue);
   const auto add = [](Artists& artists, std::span<const CatalogueRecord> records) { artists.add(records); };
-  std::vector<Artists> parts = file.parallelCollect<Artists>(OnTruncation::fail, add);
-  for (std::size_t part = 1; part < parts.size(); ++part) parts.front().add(parts[part]);
-  return parts.front().keys();
+  std::vector<std::string> keys;
+  file.runInBackground([&] {
+    std::vector<Artists> parts = file.parallelCollect<Artists>(OnTruncation::fail, add);
+    for (std::size_t part = 1; part < parts.size(); ++part) parts.front().add(parts[part]);
+    keys = parts.front().keys();
+  });
+  return keys;
 }
 
 }  // namespace plimo

@@ -47,6 +47,12 @@ std::optional<std::size_t> ListBox::firstSelected() const {
   return static_cast<std::size_t>(found - rows_.begin());
 }
 
+std::vector<std::size_t> ListBox::sortedRows() const {
+  const std::vector<std::uint32_t> order =
+      caseInsensitiveOrder(rows_.size(), [this](std::size_t row) { return text(row); });
+  return {order.begin(), order.end()};
+}
+
 // Comparing the lengths first avoids touching most texts.
 inline bool ListBox::hasText(std::size_t row, std::string_view wanted) const {
   return rows_[row].length == wanted.size() && text(row) == wanted;

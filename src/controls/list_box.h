@@ -49,6 +49,8 @@ class ListBox : public Control {
   std::vector<std::string_view> selectedTexts() const;  // in order; valid until the list changes
   // The first selected row; nullopt if none is selected.
   std::optional<std::size_t> firstSelected() const;
+  // The rows in the order of a sorted list.
+  std::vector<std::size_t> sortedRows() const;
   // The first row with this text.
   std::optional<std::size_t> find(std::string_view text) const;
   // Every row with this text, in order.

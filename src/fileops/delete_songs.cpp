@@ -9,15 +9,17 @@ namespace plimo {
 SongDeletion::SongDeletion(FileSystemObject& files, const std::string& catalogue,
                            std::span<const std::string_view> names)
     : files_(files), names_(names.size()), paths_(files, catalogue, names, OnTruncation::ignore) {
-  StringInterner folders;
-  const char* lastFolder = nullptr;  // neighbours in the catalogue share the string of their folder
-  for (const StoredPath& path : paths_.distinct()) {
-    if (!isSongFile(path.name)) continue;  // it will not be deleted
-    ++extent_.files;
-    if (path.folder.data() != lastFolder) folders.add(path.folder);
-    lastFolder = path.folder.data();
-  }
-  extent_.folders = folders.size();
+  files.runInBackground([this] {
+    StringInterner folders;
+    const char* lastFolder = nullptr;  // neighbours in the catalogue share the string of their folder
+    for (const StoredPath& path : paths_.distinct()) {
+      if (!isSongFile(path.name)) continue;  // it will not be deleted
+      ++extent_.files;
+      if (path.folder.data() != lastFolder) folders.add(path.folder);
+      lastFolder = path.folder.data();
+    }
+    extent_.folders = folders.size();
+  });
 }
 
 void SongDeletion::run(Progress& progress, std::size_t& deleted) const {

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QMessageBox>
+#include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <clocale>
@@ -151,7 +152,9 @@ int main(int count, char** words) {
   QApplication::setDesktopFileName(QStringLiteral("plimo"));
   QApplication::setQuitOnLastWindowClosed(false);
   plimo::installTheme(application);
-  QApplication::setWindowIcon(plimo::programIcon());
+  // After the window has usually been painted, because all sizes of the icon have to be decoded.
+  constexpr std::chrono::milliseconds iconDelay(300);
+  QTimer::singleShot(iconDelay, &application, [] { QApplication::setWindowIcon(plimo::programIcon()); });
 
   std::string reason;
   if (!options.folder.empty() && !plimo::enterFolder(options.folder, reason)) {
@@ -177,6 +180,7 @@ int main(int count, char** words) {
     plimo::Desktop desktop(files, *launcher, options.open);
     files.waiting = [&desktop](std::chrono::milliseconds since) { return desktop.waitForDisk(since); };
     files.waited = [&desktop] { desktop.diskAnswered(); };
+    files.background = [&desktop](const std::function<void()>& work) { desktop.runInBackground(work); };
     const auto watch = plimo::onTerminationRequest([&desktop] { desktop.requestEnd(); });
     ownership->received = [&desktop](const plimo::StartMessage& start) {
       desktop.raise(start.token);
@@ -186,6 +190,7 @@ int main(int count, char** words) {
     ownership->received = nullptr;
     files.waiting = nullptr;
     files.waited = nullptr;
+    files.background = nullptr;
     if (!desktop.startsAnew()) return status;
   }
 }

@@ -171,6 +171,14 @@ class FileSystemObject {
   // Removes the temporary files that killed processes of this program have left in a folder. Never throws; leaves the
   // files of running processes, and everything else.
   virtual void removeLeftovers(std::string_view /*folder*/) {}
+
+  // --- Long work ---
+
+  // Runs work on much data, such as reading a whole file through its view or writing one, and returns when it has
+  // ended; throws what it throws. It may run on another thread while the caller's window is painted and ignores input.
+  // So the work must not change a control, open a dialog or call any of the functions above that is not said to be
+  // called by several threads. Work inside such work runs at once.
+  virtual void runInBackground(const std::function<void()>& work) { work(); }
 };
 
 // Deletes one of the program's own files, with force. Failures are ignored: the next attempt to write it reports them.

@@ -19,7 +19,9 @@ void Form1::List2_ItemCheck(std::size_t Index) {
   List1.setTop(static_cast<long>(List1.count()));
   const ArtistSongs songs(platform.files, ownFile(catalogueName), std::span(&key, 1),
                           ArtistSongs::UndottedTitles::keep);
-  List1.removeAll(removedByWalks(List1.texts(), songs.of(0)));
+  std::vector<std::size_t> removed;
+  platform.files.runInBackground([&] { removed = removedByWalks(List1.texts(), songs.of(0)); });
+  List1.removeAll(removed);
 }
 
 // The same as ticking the rows one by one, but reads the catalogue once for all of them.
@@ -38,7 +40,9 @@ void Form1::tickArtists(std::span<const std::size_t> rows) {
 
 void Form1::addSongsOf(std::span<const std::string_view> artists) {
   const ArtistSongs songs(platform.files, ownFile(catalogueName), artists, ArtistSongs::UndottedTitles::skip);
-  List1.addAll(songs.all());
+  std::vector<std::string_view> names;
+  platform.files.runInBackground([&] { names = songs.all(); });
+  List1.addAll(names);
   List1.setTop(static_cast<long>(List1.count()) - 1);
 }
 

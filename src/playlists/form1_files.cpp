@@ -63,9 +63,17 @@ void Form1::openPlaylist(const std::string& name) {
   List1.clear();
   untickArtists();
   // Copied, because the user may change the file before the catalogue is read.
-  const std::string content = readWhole(platform.files, name);
+  auto file = platform.files.openForReading(name);
+  std::string content;
   StringArena texts;
-  fillFromPlaylist(readPlaylist(content, name, texts));
+  std::vector<std::string_view> paths;
+  platform.files.runInBackground([&] {
+    content = file->bytes();
+    file->throwIfChanged();
+    file.reset();
+    paths = readPlaylist(content, name, texts);
+  });
+  fillFromPlaylist(paths);
 }
 
 // The scratch playlist is empty by now, so unticking has nothing to remove from it.
@@ -78,24 +86,39 @@ void Form1::untickArtists() {
 void Form1::fillFromPlaylist(std::span<const std::string_view> paths) {
   if (paths.empty()) return;
   CatalogueFile catalogue(platform.files, ownFile(catalogueName));
-  const CatalogueJoin<Song> songs(
+  std::optional<CatalogueJoin<Song>> songs;
+  songs.emplace(
       catalogue, paths, OnTruncation::ignore, [](const CatalogueRecord& record) { return std::optional(record.path); },
       [](const CatalogueRecord& record, StringArena& texts) {
         return Song{texts.store(record.artist), texts.store(record.title)};
       });
 
-  ListBox& list = finalList();
-  std::string key;
-  for (std::size_t item = 0; item < paths.size(); ++item) {
-    for (const Song& song : songs.of(item)) {
-      artistKey(song.artist, key);
-      List3.add(key);
-      if (const auto name = displayName(song.title)) list.add(*name);
+  // The truncated record is read after the first item's songs, which are listed.
+  const std::size_t items = catalogue.truncation() ? 1 : paths.size();
+  StringArena texts;
+  std::vector<std::string_view> artists;
+  std::vector<std::string_view> names;
+  platform.files.runInBackground([&] {
+    std::string key;
+    for (std::size_t item = 0; item < items; ++item) {
+      for (const Song& song : songs->of(item)) {
+        artistKey(song.artist, key);
+        artists.push_back(!artists.empty() && artists.back() == key ? artists.back() : texts.store(key));
+        if (const auto name = displayName(song.title)) names.push_back(*name);
+      }
     }
-    // The truncated record is read after the first item's songs, which are listed already.
-    if (catalogue.truncation()) throw RuntimeError(*catalogue.truncation());
-  }
-  tickArtists(rowsOfArtists());
+  });
+  List3.addAll(artists);
+  finalList().addAll(names);
+  if (catalogue.truncation()) throw RuntimeError(*catalogue.truncation());
+  std::vector<std::size_t> rows;
+  platform.files.runInBackground([&] {
+    rows = rowsOfArtists();
+    songs.reset();  // to release a million strings takes long, too
+    names = {};
+    artists = {};
+  });
+  tickArtists(rows);
 }
 
 // The rows of the artists in List3, in order of first appearance.
@@ -141,7 +164,8 @@ void Form1::Command4_Click() {
   const SavedPlaylist saved = writePlaylist(platform.files, target, Force::yes, ownFile(catalogueName), List4.texts());
   const std::string standard = ownFile(defaultPlaylistName);
   if (makeDefault && !platform.files.sameFile(target, standard)) {
-    writePlaylist(*platform.files.replaceFile(standard, Force::own), saved.paths, List4.count());
+    const auto file = platform.files.replaceFile(standard, Force::own);
+    platform.files.runInBackground([&] { writePlaylist(*file, saved.paths, List4.count()); });
   }
   setStatus(counted(saved.lines, "song") + " saved to " + std::string(platform.files.fileName(target)));
 }

@@ -19,7 +19,9 @@ void Form1::sort_Click() {
   const bool hadCurrent = finalList().current().has_value();
   const std::string current = finalList().currentText();
   if (List4.count() > List6.count()) List6.assign(List4);
-  List8.assign(List6);
+  std::vector<std::size_t> order;
+  platform.files.runInBackground([&] { order = List6.sortedRows(); });
+  List8.assign(List6, order);
   List4.assign(List8);
   showFinalList(List4);
   List4.setCurrent(hadCurrent ? List4.find(current) : std::nullopt);

@@ -23,7 +23,8 @@ SavedPlaylist writePlaylist(FileSystemObject& files, const std::string& playlist
                             const std::string& catalogue, std::span<const std::string_view> songs) {
   const auto file = files.replaceFile(playlist, force);  // a target that cannot be written is reported first
   SongPaths paths(files, catalogue, songs);
-  const std::size_t lines = writePlaylist(*file, paths, songs.size());
+  std::size_t lines = 0;
+  files.runInBackground([&] { lines = writePlaylist(*file, paths, songs.size()); });
   return {std::move(paths), lines};
 }
 

@@ -2,10 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "desktop/shell/responsive_files.h"
 #include "platform/linux/linux_files.h"
 #include "support/temporary_folder.h"
 #include "support/window/list_commands.h"
@@ -20,7 +22,7 @@ TEST(WindowCommands, EveryListCommandHasItsEffect) {
   library.folders = library.songs / songsPerArtist;
   const TemporaryFolder folder;
   prepareListCommands(library, folder.path());
-  LinuxFiles files(std::vector<DriveRoot>{{'M', DriveType::fixed, "/srv"}});
+  ResponsiveFiles files(std::make_shared<LinuxFiles>(std::vector<DriveRoot>{{'M', DriveType::fixed, "/srv"}}));
   const std::vector<CommandResult> results =
       runInWindow(files, [&](WindowFixture& fixture) { runListCommands(fixture, library, folder.path()); });
   EXPECT_GE(results.size(), 28U);

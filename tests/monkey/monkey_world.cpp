@@ -3,7 +3,7 @@
 #include <array>
 
 #include "catalogue/song_name.h"
-#include "fuzz/naive_reader.h"
+#include "monkey/whole_files.h"
 #include "support/sample_settings.h"
 
 namespace plimo {
@@ -15,18 +15,6 @@ constexpr std::array folders{R"(C:\Music\)", R"(C:\Music\Albums\)", R"(D:\Stick\
 constexpr std::array names{"Alder - Ash.mp3",   "Alder - Birch.mp3",  "alder - ash.MP3",   "Beech - Fir.Mp3",
                            "Cypress.mp3",       "Alder - Ash.m3u",    "thesis.odt",        "- Nobody.mp3",
                            "A - B - C - D.mp3", "Ulmus \xC3\xA9.mp3", "Quote \" - It.mp3", "Comma, - It.mp3"};
-
-// As the program writes it: settings of twelve values, or of the panel's six while their colours are edited.
-bool isWholeSettings(const std::string& content, bool editing) {
-  const std::size_t values = fuzz::naiveValues(content).size();
-  return content.ends_with("\r\n") && (values == 12 || (editing && values == 6));
-}
-
-bool isWholeCatalogue(const std::string& content) {
-  return content.empty() || (content.ends_with("\"\r\n") && !fuzz::naiveCatalogue(content).truncated);
-}
-
-bool isWholeText(const std::string& content) { return content.empty() || content.ends_with("\r\n"); }
 
 }  // namespace
 

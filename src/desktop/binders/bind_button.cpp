@@ -16,7 +16,9 @@ class ButtonBinder : public Binder {
  public:
   ButtonBinder(Control& control, QWidget* parent)
       : Binder(control, new ReturnActivatesButton<QPushButton>(parent)), button_(static_cast<QPushButton*>(widget())) {
-    QObject::connect(button_, &QPushButton::clicked, button_, [&control] { control.userClick(); });
+    QObject::connect(button_, &QPushButton::clicked, button_, [this] {
+      if (acceptsClicks()) this->control().userClick();
+    });
   }
 
  protected:

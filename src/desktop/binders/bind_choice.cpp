@@ -12,7 +12,13 @@ class ChoiceBinder : public Binder {
  public:
   ChoiceBinder(Model& model, QAbstractButton* button) : Binder(model, button), model_(model), button_(button) {
     button_->setFocusPolicy(Qt::StrongFocus);
-    QObject::connect(button_, &QAbstractButton::clicked, button_, [&model] { model.userClick(); });
+    QObject::connect(button_, &QAbstractButton::clicked, button_, [this] {
+      if (acceptsClicks()) {
+        model_.userClick();
+      } else {
+        changed(Property::value);
+      }
+    });
   }
 
  protected:

@@ -39,7 +39,9 @@ BoundMenus::BoundMenus(Form& form, QWidget& window) {
     if (menu.role() == Menu::Role::item) {
       action = menus_.at(menu.owner())->addAction(QString());
       actions_[&menu] = action;
-      QObject::connect(action, &QAction::triggered, action, [&menu] { menu.userClick(); });
+      QObject::connect(action, &QAction::triggered, action, [&menu] {
+        if (!menu.form().dispatcher().busy()) menu.userClick();
+      });
     } else {
       auto* shown = new QMenu(&window);
       shown->setObjectName(qstring(menu.name()) + QStringLiteral("Menu"));

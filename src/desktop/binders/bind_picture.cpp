@@ -12,7 +12,9 @@ class PictureBinder : public Binder {
       : Binder(picture, new PictureButton(picture.stretched(), parent)),
         picture_(picture),
         button_(static_cast<PictureButton*>(widget())) {
-    QObject::connect(button_, &QAbstractButton::clicked, button_, [&picture] { picture.userClick(); });
+    QObject::connect(button_, &QAbstractButton::clicked, button_, [this] {
+      if (acceptsClicks()) this->control().userClick();
+    });
   }
 
  protected:

@@ -33,6 +33,9 @@ class Binder : public ControlObserver {
   virtual QWidget* focusTarget() const { return widget_; }
 
  protected:
+  // False while a handler runs: a click that does not come from the mouse or the keyboard, but from an assistive tool,
+  // is not held back by a box or a progress panel.
+  bool acceptsClicks() const { return !control_.form().dispatcher().busy(); }
   // Applies a property that only this kind of control has, or that its widget shows in its own way.
   virtual void changed(Property property) = 0;
 

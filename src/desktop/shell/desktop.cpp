@@ -7,7 +7,6 @@
 #include <QTimer>
 #include <utility>
 
-#include "desktop/shell/background_work.h"
 #include "desktop/shell/first_paint.h"
 #include "desktop/theme/strings.h"
 #include "desktop/widgets/list_accessible.h"
@@ -18,14 +17,11 @@ namespace plimo {
 
 namespace {
 
-PlayerHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting) {
+PlayerHooks hooksFor(InputBlocker& blocker, DesktopProgress& progress) {
   return {
       [](std::function<void()> action) { QMetaObject::invokeMethod(qApp, std::move(action), Qt::QueuedConnection); },
       startNativeEngine,
-      [&blocker, beforeWaiting = std::move(beforeWaiting)](const std::function<void()>& work) {
-        beforeWaiting();
-        runInBackground(blocker, work);
-      },
+      [&progress](const std::function<void()>& work) { progress.runInBackground(work); },
       [&blocker] { return !blocker.isBlocked(); },
   };
 }
@@ -33,7 +29,7 @@ PlayerHooks hooksFor(InputBlocker& blocker, std::function<void()> beforeWaiting)
 }  // namespace
 
 Desktop::Desktop(FileSystemObject& files, Launcher& launcher, OpenRequest atStart)
-    : player_(hooksFor(blocker_, [this] { program_.dispatcher().flush(); })),
+    : player_(hooksFor(blocker_, progress_)),
       volume_(player_, QDir::current().filePath(QStringLiteral("plimo-window.ini"))),
       progress_(blocker_),
       program_(Platform{files, player_, dialogs_, launcher, progress_}) {

@@ -41,6 +41,8 @@ class Desktop : public FormHost {
   // program is to end is not reported.
   bool waitForDisk(std::chrono::milliseconds since);
   void diskAnswered() { progress_.diskAnswered(); }
+  // Runs long work of a command: see DesktopProgress.
+  void runInBackground(const std::function<void()>& work) { progress_.runInBackground(work); }
 
   void show(Form& form) override;
   void unload(Form& form) override;

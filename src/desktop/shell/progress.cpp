@@ -2,6 +2,9 @@
 
 #include <QApplication>
 #include <QLocale>
+#include <QThread>
+#include <future>
+#include <system_error>
 #include <utility>
 
 #include "desktop/shell/progress_panel.h"
@@ -16,6 +19,8 @@ constexpr qint64 inputInterval = 40;
 constexpr qint64 updateInterval = 100;
 // Shorter work shows no panel.
 constexpr qint64 delayMs = 200;
+// Work that takes longer lets the window be painted, again and again after that time.
+constexpr std::chrono::milliseconds workInterval(10);
 constexpr std::chrono::seconds endingPatience(2);
 constexpr std::chrono::milliseconds patienceAfterCancel(500);
 // A disk that is asked within this time after it was given up is asked by the same command.
@@ -53,7 +58,7 @@ DesktopProgress::~DesktopProgress() = default;
 void DesktopProgress::begin(Task task) {
   running_ = true;
   task_ = task;
-  cover();
+  cover(Flush::yes);
 }
 
 void DesktopProgress::end() {
@@ -61,11 +66,11 @@ void DesktopProgress::end() {
   running_ = false;
 }
 
-void DesktopProgress::cover() {
+void DesktopProgress::cover(Flush flush) {
   since_.start();
   lastInput_ = 0;
   lastPaint_ = 0;
-  if (beforePaint) beforePaint();
+  if (flush == Flush::yes && beforePaint) beforePaint();
   focusBefore_ = QApplication::focusWidget();
   QWidget* over = window ? window() : nullptr;
   if (over != nullptr) panel_ = new ProgressPanel(over);
@@ -85,7 +90,7 @@ bool DesktopProgress::waitForDisk(std::chrono::milliseconds since) {
   const bool wasEnding = ending_;
   if (!running_ && !waiting_) {
     waiting_ = true;
-    cover();
+    cover(Flush::yes);
   }
   if (waiting_ && panel_ != nullptr && panel_->isHidden()) {
     panel_->begin(QStringLiteral("Waiting for the disk"), true);
@@ -103,6 +108,42 @@ bool DesktopProgress::waitForDisk(std::chrono::milliseconds since) {
 
 void DesktopProgress::diskAnswered() {
   if (std::exchange(waiting_, false)) uncover();
+}
+
+void DesktopProgress::runInBackground(const std::function<void()>& work) {
+  std::future<void> done;
+  if (QThread::currentThread() == qApp->thread()) {
+    try {
+      done = std::async(std::launch::async, work);
+    } catch (const std::system_error&) {  // there is no thread
+    }
+  }
+  if (!done.valid()) {
+    work();
+    return;
+  }
+  if (done.wait_for(workInterval) != std::future_status::ready) {
+    const bool ownPanel = !running_ && !waiting_ && !std::exchange(working_, true);
+    QElapsedTimer since;
+    since.start();
+    blocker_.block();
+    bool covered = false;
+    do {
+      if (ownPanel && !covered && since.elapsed() >= delayMs) {
+        covered = true;
+        cover(Flush::no);
+        if (panel_ != nullptr) panel_->begin(QStringLiteral("Working"), false);
+      }
+      if (running_) due();
+      // What the user has done until the panel is shown stays in the queue: blocked input would be lost.
+      const auto input = ownPanel && !covered ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents;
+      QCoreApplication::processEvents(input, 5);
+    } while (done.wait_for(workInterval) != std::future_status::ready);
+    if (covered) uncover();
+    if (ownPanel) working_ = false;
+    blocker_.unblock();
+  }
+  done.get();
 }
 
 bool DesktopProgress::cancelled() const { return ending_ || (panel_ != nullptr && panel_->cancelled()); }

@@ -37,6 +37,11 @@ class DesktopProgress : public Progress {
   // Called after the last waitForDisk.
   void diskAnswered();
 
+  // Runs work on a thread of its own and returns when it has ended; throws what it throws. Meanwhile the window is
+  // painted. What the user does waits in the queue; if the work takes long, a panel without Cancel is shown, and input
+  // is ignored. Work inside such work runs at once.
+  void runInBackground(const std::function<void()>& work);
+
   // Cancels the task and all that follow: the program is to end.
   void cancelAll() { ending_ = true; }
   bool ending() const { return ending_; }
@@ -45,7 +50,10 @@ class DesktopProgress : public Progress {
   // True at most ten times a second, if the panel is to be updated. Also processes input, more often than that.
   bool due();
   void processInput();
-  void cover();
+  // The lists are not to be flushed in the middle of a handler that has emptied them to fill them again: they would
+  // lose their scroll positions.
+  enum class Flush { no, yes };
+  void cover(Flush flush);
   void uncover();
 
   InputBlocker& blocker_;
@@ -58,6 +66,7 @@ class DesktopProgress : public Progress {
   Task task_ = Task::scan;
   bool running_ = false;  // a task
   bool waiting_ = false;  // without one
+  bool working_ = false;  // on another thread, without either
   bool ending_ = false;
 };
 

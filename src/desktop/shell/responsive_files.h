@@ -30,6 +30,8 @@ class ResponsiveFiles : public FileSystemObject {
   std::function<bool(std::chrono::milliseconds since)> waiting;
   // Called after the last `waiting` of a call.
   std::function<void()> waited;
+  // Runs long work; empty: at once.
+  std::function<void(const std::function<void()>& work)> background;
 
   std::vector<Drive> drives() override;
   std::string currentDirectory() override { return files_->currentDirectory(); }
@@ -63,6 +65,7 @@ class ResponsiveFiles : public FileSystemObject {
     return files_->moveFile(from, to, force);
   }
   void removeLeftovers(std::string_view folder) override { files_->removeLeftovers(folder); }
+  void runInBackground(const std::function<void()>& work) override { background ? background(work) : work(); }
 
  private:
   // Runs an action on the helper thread and returns its result, or throws what it throws; throws GivenUp if `waiting`

@@ -1,9 +1,14 @@
 #include "desktop/theme/art.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QHash>
-#include <QImage>
+#include <QIconEngine>
+#include <QImageReader>
 #include <QPixmapCache>
+#include <QStyle>
+#include <QStyleOption>
+#include <utility>
 
 namespace plimo {
 
@@ -11,13 +16,19 @@ namespace {
 
 QString artPath(const QString& name) { return QStringLiteral(":/art/%1.png").arg(name); }
 
+// Said to be PNG, so that no plugin for another format is loaded to look at it: that takes longer than decoding.
+QImage decoded(const QString& path) {
+  QImageReader reader(path, QByteArrayLiteral("png"));
+  reader.setAutoDetectImageFormat(false);
+  return reader.read();
+}
+
 // The picture as the build rendered it.
 const QImage& rendered(const QString& name) {
   static QHash<QString, QImage> images;
   auto found = images.find(name);
   if (found == images.end()) {
-    const QImage image(artPath(name));
-    found = images.insert(name, image.convertToFormat(QImage::Format_ARGB32_Premultiplied));
+    found = images.insert(name, decoded(artPath(name)).convertToFormat(QImage::Format_ARGB32_Premultiplied));
   }
   return *found;
 }
@@ -34,14 +45,43 @@ QPixmap reduced(const QString& name, QSize size) {
   return pixmap;
 }
 
+// Decodes its picture when it is first painted.
+class ArtIconEngine : public QIconEngine {
+ public:
+  explicit ArtIconEngine(QString name) : name_(std::move(name)) {}
+
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
+    const QSize fitting = rendered(name_).size().scaled(size, Qt::KeepAspectRatio);
+    if (fitting.isEmpty()) return {};
+    const QPixmap normal = reduced(name_, fitting);
+    if (mode == QIcon::Normal) return normal;
+    QStyleOption option;
+    option.palette = QGuiApplication::palette();
+    return QApplication::style()->generatedIconPixmap(mode, normal, &option);
+  }
+
+  void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
+    const double scale = painter->device()->devicePixelRatio();
+    const QPixmap picture = pixmap((QSizeF(area.size()) * scale).toSize(), mode, state);
+    QRectF target(QPointF(), QSizeF(picture.size()) / scale);
+    target.moveCenter(QRectF(area).center());
+    painter->drawPixmap(target, picture, QRectF(picture.rect()));
+  }
+
+  QIconEngine* clone() const override { return new ArtIconEngine(*this); }
+
+ private:
+  QString name_;
+};
+
 }  // namespace
 
-QIcon artIcon(const QString& name) { return QIcon(artPath(name)); }
+QIcon artIcon(const QString& name) { return QIcon(new ArtIconEngine(name)); }
 
 QIcon programIcon() {
   QIcon icon;
   for (const int size : {16, 20, 24, 32, 40, 48, 64, 128, 256}) {
-    icon.addFile(QStringLiteral(":/art/plimo-%1.png").arg(size));
+    icon.addPixmap(QPixmap::fromImage(decoded(artPath(QStringLiteral("plimo-%1").arg(size)))));
   }
   return icon;
 }

@@ -4,6 +4,7 @@
 #include <QAccessibleWidget>
 #include <unordered_map>
 
+#include "controls/form.h"
 #include "desktop/widgets/list_view.h"
 
 namespace plimo {
@@ -77,6 +78,7 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
   void doAction(const QString& name) override {
     if (!isValid() || !view_->isEnabled() || !view_->isVisible()) return;
     ListBox& list = view_->model();
+    if (list.form().dispatcher().busy()) return;
     if (name == setFocusAction()) list.userMoveCurrent(row());
     if (name == pressAction()) list.userClickRow(row(), ListBox::Keys::none);
     if (name == toggleAction()) list.userTick(row(), !list.selected(row()));

@@ -79,7 +79,6 @@ void PlaylistPlayer::stopEngine() {
 
 void PlaylistPlayer::open(const std::string& path) {
   stop();
-  entries_.clear();
   state_.note.clear();
   state_.index = 0;
   anyPlayed_ = false;
@@ -94,17 +93,27 @@ void PlaylistPlayer::open(const std::string& path) {
 
 void PlaylistPlayer::readEntries(const std::string& path) {
   folder_.clear();
-  if (!isPlaylistName(path)) {
-    entries_.push_back(path);
-    return;
-  }
-  const auto text = readPlaylistFile(path);
-  if (!text) {
+  // There may be a million of them: even to release the old ones takes long.
+  std::vector<std::string> old = std::exchange(entries_, {});
+  std::vector<std::string> entries;
+  bool exists = true;
+  hooks_.runInBackground([&] {
+    old = {};
+    if (!isPlaylistName(path)) {
+      entries.push_back(path);
+    } else if (const auto text = readPlaylistFile(path)) {
+      entries = m3uEntries(*text);
+    } else {
+      exists = false;
+    }
+  });
+  entries_ = std::move(entries);
+  if (!isPlaylistName(path)) return;
+  if (!exists) {
     state_.note = "Skipped " + displayName(path) + ": there is no such playlist.";
     return;
   }
   folder_ = folderOfPlaylist(path);
-  entries_ = m3uEntries(*text);
 }
 
 void PlaylistPlayer::stop() {

@@ -20,7 +20,7 @@ struct PlayerHooks {
   std::function<void(std::function<void()> action)> post;
   // First called when a song is opened; after a failure again for each song opened.
   StartEngine startEngine;
-  std::function<void(const std::function<void()>& work)> runInBackground;  // for the engine
+  std::function<void(const std::function<void()>& work)> runInBackground;
   // False while newStream must not be raised; it is then deferred to the next drainEvents(). Playback continues
   // meanwhile.
   std::function<bool()> listening;

@@ -40,6 +40,7 @@ EventLoopLatency::Time EventLoopLatency::now() { return {seconds(CLOCK_MONOTONIC
 
 void EventLoopLatency::restart() {
   longest_ = {};
+  phasesOfLongest_ = {};
   begin();
 }
 
@@ -48,15 +49,24 @@ EventLoopLatency::Time EventLoopLatency::longest() {
   return longest_;
 }
 
+EventLoopLatency::Phases EventLoopLatency::phasesOfLongest() {
+  end();
+  return phasesOfLongest_;
+}
+
 void EventLoopLatency::begin() {
   waiting_ = false;
+  phases_ = {};
   began_ = clock_();
 }
 
 void EventLoopLatency::end() {
   if (waiting_) return;
   const Time time = clock_();
-  longest_.wall = std::max(longest_.wall, time.wall - began_.wall);
+  if (time.wall - began_.wall > longest_.wall) {
+    longest_.wall = time.wall - began_.wall;
+    phasesOfLongest_ = phases_;
+  }
   longest_.cpu = std::max(longest_.cpu, time.cpu - began_.cpu);
 }
 

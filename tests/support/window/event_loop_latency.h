@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QObject>
+#include <array>
+#include <cstddef>
 #include <functional>
 
 class QWidget;
@@ -18,12 +20,20 @@ class EventLoopLatency : public QObject {
     double cpu = 0;  // of this thread
   };
 
+  // What an iteration is spent on. The rest is the work of handlers.
+  enum class Phase { files, lists, paint };
+  using Phases = std::array<double, 3>;  // wall-clock seconds, by Phase
+
   explicit EventLoopLatency(std::function<Time()> clock = now);
 
   // Forgets the previous iterations and starts one.
   void restart();
   // The longest iteration since the restart, including the current one. The two times may be those of two iterations.
   Time longest();
+  // What the longest iteration by the wall clock was spent on, as far as `spent` was called in it.
+  Phases phasesOfLongest();
+  // Adds to a phase of the current iteration.
+  void spent(Phase phase, double seconds) { phases_[static_cast<std::size_t>(phase)] += seconds; }
 
   // Called before each paint event of a widget.
   std::function<void(const QWidget& widget)> onPaint;
@@ -38,6 +48,8 @@ class EventLoopLatency : public QObject {
   std::function<Time()> clock_;
   Time longest_;
   Time began_;
+  Phases phases_{};
+  Phases phasesOfLongest_{};
   bool waiting_ = false;
 };
 

@@ -195,6 +195,11 @@ class Script {
     openStrip("Picture1");
     driver_.click("Command14");
     listAll();
+    driver_.answer(QMessageBox::No);
+    openStrip("Picture2");
+    fixture_.run(
+        "ask before all songs are deleted", [this] { driver_.click("Command15"); },
+        [this] { return driver_.dialogsAsExpected(); });
     std::ofstream(file) << "a song";
     driver_.clickRow("List1", lastSong());
     driver_.answer(QMessageBox::Yes);

@@ -15,6 +15,7 @@ struct CommandResult {
   std::string command;
   EventLoopLatency::Time latency;  // the longest iteration of the event loop during the command
   bool done = false;               // the command had its expected effect
+  EventLoopLatency::Phases phases{};
 };
 
 class WindowFixture {
@@ -28,13 +29,16 @@ class WindowFixture {
   UiDriver driver;
   EventLoopLatency latency;
   std::vector<CommandResult> results;
+  // Called once, when the form is first asked for.
+  std::function<void(Form1& form)> onForm;
 
  private:
   Form1* form_ = nullptr;
 };
 
 // Starts the program in the current folder, runs the script from the first event on, and quits the program. Exceptions
-// of the script are rethrown. Needs a QApplication.
+// of the script are rethrown. Needs a QApplication. Files that are ResponsiveFiles are connected to the desktop as in
+// the program.
 std::vector<CommandResult> runInWindow(FileSystemObject& files, const std::function<void(WindowFixture&)>& script);
 
 }  // namespace plimo
