@@ -15,8 +15,8 @@ namespace {
 namespace fs = std::filesystem;
 
 bool isStateFile(const std::string& name) {
-  return name == "plimo.ini" || name == "plimo2.ini" || name == "plimo.kvx" || name == "path.kvx" ||
-         name == "list.m3u" || name == "default.m3u";
+  return name == "plimo.ini" || name == "plimo-window.ini" || name == "plimo2.ini" || name == "plimo.kvx" ||
+         name == "path.kvx" || name == "list.m3u" || name == "default.m3u";
 }
 
 bool isPlaylist(const std::string& path) { return path.ends_with(".m3u"); }

@@ -51,6 +51,8 @@ class ListView : public QAbstractScrollArea {
 
   // Opens the field for searching.
   void find();
+  // Whether only some rows are shown, because the user wants to see only what is ticked.
+  bool filtered() const { return rows_.filtered(); }
   // That field while it is open; otherwise null.
   QWidget* openFindBar() const;
   // Lets the mouse drag the current row, if it is selected, to below another one, as the keys "q" and "w" do.
