@@ -1,4 +1,4 @@
-// Long work beside the window.
+// Long work on a second thread, while the window goes on.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>

@@ -1,12 +1,10 @@
 """What plays, in the large view."""
-from tests.support.desktop import songs
 from tests.support.desktop.test_case import WindowTestCase, read_file
 from tests.support.desktop.waiting import wait
 
 class WhatPlays(WindowTestCase):
     def start_playing(self):
-        p = self.start_with_final_playlist()
-        songs.write_song(self.collection / "Alder - Ash.mp3", 60)
+        p = self.start_with_final_playlist(seconds=60)
         p.press("Play all songs on the final playlist")
         self.assert_becomes(lambda: self.playing(p), [" Ash"], "the song that plays")
         return p

@@ -18,13 +18,7 @@ SECONDS = 60
 class RemoteTestCase(WindowTestCase):
     def start_with_songs(self, *wrapper):
         """Starts the program with three long songs in the final playlist."""
-        for title in TITLES:
-            songs.write_song(self.collection / f"Alder - {title}.mp3", SECONDS)
-        (self.data / "plimo.ini").write_bytes(settings())
-        (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.collection))
-        p = self.start(*wrapper)
-        wait(lambda: p.visible("Artists", "list") and p.list("Artists").count(), "the artists")
-        return p
+        return self.start_with_lists(*wrapper, artists={"Alder": TITLES}, seconds=SECONDS)
 
     def start_playing(self):
         p = self.start_with_songs()

@@ -31,7 +31,7 @@ class WindowMonkey {
   WindowMonkey(WindowMonkeyFolder& folder, std::function<std::size_t(std::size_t limit)> choose);
   ~WindowMonkey();
 
-  // Performs so many actions, and starts the program again whenever it has ended. Every hundred actions some clicks
+  // Performs this number of actions, and restarts the program each time it has ended. Every hundred actions some clicks
   // lead back to the three lists. Returns what is broken; empty if nothing is. `performed` is set to the number of
   // actions.
   std::string run(std::size_t actions, std::size_t& performed);

@@ -1,4 +1,4 @@
-// The shortcuts of every desktop program, beside the single keys of the lists.
+// The usual shortcuts of desktop programs, in addition to the single keys of the lists.
 #include <QApplication>
 #include <QMenuBar>
 #include <QShortcut>

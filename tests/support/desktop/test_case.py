@@ -36,18 +36,18 @@ class WindowTestCase(ProgramTestCase):
         self.program = Program(*wrapper, str(PROGRAM), "--folder", str(self.data), *options)
         return self.program
 
-    def start_with_lists(self, *wrapper, artists=None, scan=False):
+    def start_with_lists(self, *wrapper, artists=None, scan=False, seconds=0.2):
         """Starts the program with settings and a catalogue, and waits until the artists are listed."""
-        self.add_songs(artists)
+        self.add_songs(artists, seconds)
         (self.data / "plimo.ini").write_bytes(settings(scan=scan))
         (self.data / "plimo.kvx").write_bytes(songs.expected_catalogue(self.collection))
         p = self.start(*wrapper)
         wait(lambda: p.visible("Artists", "list") and p.list("Artists").count(), "the artists")
         return p
 
-    def start_with_final_playlist(self):
+    def start_with_final_playlist(self, seconds=0.2):
         """The same, with the artist ALDER ticked and all the songs in the final playlist."""
-        p = self.start_with_lists()
+        p = self.start_with_lists(seconds=seconds)
         p.tick("Artists", "ALDER")
         wait(lambda: p.list("Scratch playlist").count(), "songs")
         p.press("Show the song commands")

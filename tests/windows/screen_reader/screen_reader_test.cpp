@@ -1,4 +1,4 @@
-// What a screen reader is told of the window on Windows: the same tree as on Linux, as the toolkit translates it for UI
+// What screen readers get from the window on Windows: the same tree as on Linux, as the toolkit translates it for UI
 // Automation.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

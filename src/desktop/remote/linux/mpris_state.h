@@ -1,4 +1,4 @@
-// The player's state in the terms of the Media Player Remote Interfacing Specification (MPRIS), version 2.2.
+// The player's state in the terms of MPRIS 2.2, the D-Bus interface of media players.
 #pragma once
 
 #include <QDBusObjectPath>
